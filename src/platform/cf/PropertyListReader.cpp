@@ -1,0 +1,416 @@
+#include "platform/cf/PropertyListReader.h"
+
+#include "platform/cf/PropertyListText.h"
+#include "platform/text/Utf8.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <mutex>
+
+namespace tarvo {
+namespace {
+
+enum class Element {
+    None,
+    Plist,
+    Key,
+    Dict,
+    Array,
+    String,
+    Integer,
+    Real,
+    Date,
+    Data,
+    True,
+    False
+};
+
+constexpr std::array<std::pair<std::string_view, Element>, 11> ElementNames = {
+    {
+     {"key", Element::Key},
+     {"string", Element::String},
+     {"integer", Element::Integer},
+     {"dict", Element::Dict},
+     {"array", Element::Array},
+     {"real", Element::Real},
+     {"true", Element::True},
+     {"false", Element::False},
+     {"date", Element::Date},
+     {"data", Element::Data},
+     {"plist", Element::Plist},
+     }
+};
+
+std::string_view NameOfElement(Element wanted)
+{
+    for (const auto& [text, element] : ElementNames) {
+        if (element == wanted) {
+            return text;
+        }
+    }
+    return "";
+}
+
+std::string TextOf(const xmlChar* text)
+{
+    return reinterpret_cast<const char*>(text);
+}
+
+bool IsWhiteSpace(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char letter) {
+        return letter == ' ' || letter == '\n' || letter == '\t' || letter == '\r';
+    });
+}
+
+// Builds the values from the parser's events. The first error stops the parser.
+class PropertyListBuilder {
+public:
+    explicit PropertyListBuilder(xmlParserCtxt* parser) : parser_(parser)
+    {
+        for (std::size_t index = 0; index < ElementNames.size(); ++index) {
+            const std::string_view name = ElementNames[index].first;
+            internedNames_[index] =
+                xmlDictLookup(parser->dict, reinterpret_cast<const xmlChar*>(name.data()),
+                              static_cast<int>(name.size()));
+        }
+    }
+
+    /// @param name  as the parser's dictionary holds it
+    void startElement(const xmlChar* name);
+    void endElement();
+    void characters(std::string_view text);
+    void fail(std::size_t line, std::string reason);
+    void fail(std::string reason)
+    {
+        fail(static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_)), std::move(reason));
+    }
+
+    std::optional<CFPropertyList> takeRoot() { return std::move(root_); }
+    const std::optional<ParseError>& error() const { return error_; }
+
+private:
+    // A dictionary or an array that is open.
+    struct Container {
+        bool isDictionary = false;
+        bool hasKey = false;        // of a dictionary; its value is still to come
+        std::size_t firstEntry = 0; // of a dictionary, in entries_
+        CFArray array;
+    };
+
+    Element elementOfName(const xmlChar* name) const;
+    std::string refusal(Element element, const xmlChar* name) const;
+    void endContainer();
+    void endScalar(Element element);
+    template <typename Type>
+    void addParsed(Element element, std::optional<Type> value);
+    void add(CFPropertyList&& value);
+
+    xmlParserCtxt* parser_;
+    // The parser hands out one pointer for equal names: comparing pointers is enough.
+    std::array<const xmlChar*, ElementNames.size()> internedNames_ = {};
+    bool inPlist_ = false;
+    bool seenPlist_ = false;
+    Element leaf_ = Element::None; // the open element that holds text
+    std::string text_;
+    std::vector<Container> open_;
+    // Of the open dictionaries, the innermost one's last: a dictionary that ends takes its own in
+    // one allocation of the right size.
+    std::vector<CFDictionary::Entry> entries_;
+    std::size_t count_ = 0;
+    std::optional<CFPropertyList> root_;
+    std::optional<ParseError> error_;
+};
+
+void PropertyListBuilder::fail(std::size_t line, std::string reason)
+{
+    if (!error_) {
+        error_ = ParseError{line, std::move(reason)};
+        xmlStopParser(parser_);
+    }
+}
+
+Element PropertyListBuilder::elementOfName(const xmlChar* name) const
+{
+    const auto found = std::find(internedNames_.begin(), internedNames_.end(), name);
+    return found == internedNames_.end()
+               ? Element::None
+               : ElementNames[static_cast<std::size_t>(found - internedNames_.begin())].second;
+}
+
+void PropertyListBuilder::startElement(const xmlChar* name)
+{
+    const Element element = elementOfName(name);
+    if (std::string reason = refusal(element, name); !reason.empty()) {
+        fail(std::move(reason));
+        return;
+    }
+    switch (element) {
+    case Element::Plist:
+        inPlist_ = seenPlist_ = true;
+        break;
+    case Element::Dict:
+    case Element::Array:
+        if (open_.size() == PropertyListMaximumDepth) {
+            fail("values are nested deeper than " + std::to_string(PropertyListMaximumDepth));
+            return;
+        }
+        open_.push_back({element == Element::Dict, false, entries_.size(), {}});
+        break;
+    default:
+        leaf_ = element;
+        text_.clear();
+    }
+}
+
+// Why the element may not stand here; empty when it may.
+std::string PropertyListBuilder::refusal(Element element, const xmlChar* name) const
+{
+    if (element == Element::None) {
+        return "unknown element \"" + TextOf(name) + "\"";
+    }
+    if (leaf_ != Element::None) {
+        return "element \"" + TextOf(name) + "\" inside a text";
+    }
+    if (element == Element::Plist) {
+        return seenPlist_ ? "element \"plist\" inside a property list" : "";
+    }
+    if (!inPlist_) {
+        return "the root element is not \"plist\"";
+    }
+    const bool inDictionary = !open_.empty() && open_.back().isDictionary;
+    if (element == Element::Key && !inDictionary) {
+        return "a key outside a dictionary";
+    }
+    if (element == Element::Key && open_.back().hasKey) {
+        return "key \"" + entries_.back().key + "\" has no value";
+    }
+    if (element != Element::Key && inDictionary && !open_.back().hasKey) {
+        return "a value without a key";
+    }
+    return open_.empty() && root_ ? "a second root value" : "";
+}
+
+void PropertyListBuilder::characters(std::string_view text)
+{
+    if (leaf_ == Element::None || leaf_ == Element::True || leaf_ == Element::False) {
+        if (!IsWhiteSpace(text)) {
+            fail("text outside a value");
+        }
+        return;
+    }
+    text_ += text;
+}
+
+void PropertyListBuilder::endElement()
+{
+    if (error_) {
+        return;
+    }
+    const Element leaf = std::exchange(leaf_, Element::None);
+    if (leaf == Element::Key) {
+        entries_.push_back({text_, false});
+        open_.back().hasKey = true;
+    } else if (leaf != Element::None) {
+        endScalar(leaf);
+    } else if (!open_.empty()) {
+        endContainer();
+    } else {
+        inPlist_ = false;
+        if (!root_) {
+            fail("no value in the property list");
+        }
+    }
+}
+
+void PropertyListBuilder::endContainer()
+{
+    if (open_.back().hasKey) {
+        fail("key \"" + entries_.back().key + "\" has no value");
+        return;
+    }
+    Container container = std::move(open_.back());
+    open_.pop_back();
+    if (!container.isDictionary) {
+        add(std::move(container.array));
+        return;
+    }
+    const auto first = entries_.begin() + static_cast<std::ptrdiff_t>(container.firstEntry);
+    CFDictionary dictionary;
+    const auto twice = dictionary.assign(
+        {std::make_move_iterator(first), std::make_move_iterator(entries_.end())});
+    if (twice) {
+        fail("key \"" + *twice + "\" appears twice");
+    }
+    entries_.erase(first, entries_.end());
+    add(std::move(dictionary));
+}
+
+void PropertyListBuilder::endScalar(Element element)
+{
+    switch (element) {
+    case Element::String:
+        add(text_);
+        break;
+    case Element::Integer:
+        addParsed(element, IntegerFromText(text_));
+        break;
+    case Element::Real:
+        addParsed(element, RealFromText(text_));
+        break;
+    case Element::Date:
+        addParsed(element, DateFromText(text_));
+        break;
+    case Element::Data:
+        addParsed(element, DataFromBase64(text_));
+        break;
+    default:
+        add(element == Element::True);
+    }
+}
+
+template <typename Type>
+void PropertyListBuilder::addParsed(Element element, std::optional<Type> value)
+{
+    if (value) {
+        add(std::move(*value));
+        return;
+    }
+    constexpr std::size_t Shown = 40;
+    const std::string_view shown = Utf8Prefix(text_, Shown);
+    fail("bad " + std::string(NameOfElement(element)) + " \"" + std::string(shown) +
+         (shown.size() < text_.size() ? "...\"" : "\""));
+}
+
+void PropertyListBuilder::add(CFPropertyList&& value)
+{
+    if (++count_ > PropertyListMaximumValues) {
+        fail("more than " + std::to_string(PropertyListMaximumValues) + " values");
+        return;
+    }
+    if (open_.empty()) {
+        root_ = std::move(value);
+        return;
+    }
+    Container& container = open_.back();
+    if (!container.isDictionary) {
+        container.array.push_back(std::move(value));
+        return;
+    }
+    entries_.back().value = std::move(value);
+    container.hasKey = false;
+}
+
+PropertyListBuilder& BuilderOf(void* context)
+{
+    return *static_cast<PropertyListBuilder*>(context);
+}
+
+void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*, int,
+                  const xmlChar**, int, int, const xmlChar**)
+{
+    if (prefix != nullptr) {
+        BuilderOf(context).fail("unknown element \"" + TextOf(prefix) + ":" + TextOf(name) + "\"");
+        return;
+    }
+    BuilderOf(context).startElement(name);
+}
+
+void EndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*)
+{
+    BuilderOf(context).endElement();
+}
+
+void Characters(void* context, const xmlChar* text, int length)
+{
+    BuilderOf(context).characters(
+        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
+}
+
+void ParserError(void* context, xmlErrorPtr error)
+{
+    if (error->level < XML_ERR_ERROR) {
+        return;
+    }
+    std::string reason = error->message == nullptr ? "not well-formed" : error->message;
+    reason.erase(reason.find_last_not_of("\n") + 1);
+    BuilderOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
+}
+
+xmlSAXHandler Handlers()
+{
+    xmlSAXHandler handlers = {};
+    handlers.startElementNs = StartElement;
+    handlers.endElementNs = EndElement;
+    handlers.characters = Characters;
+    handlers.cdataBlock = Characters;
+    handlers.ignorableWhitespace = Characters;
+    handlers.serror = ParserError;
+    handlers.initialized = XML_SAX2_MAGIC;
+    return handlers;
+}
+
+struct ParserDeleter {
+    void operator()(xmlParserCtxt* parser) const
+    {
+        xmlFreeDoc(parser->myDoc);
+        xmlFreeParserCtxt(parser);
+    }
+};
+
+} // namespace
+
+std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError& error)
+{
+    if (auto broken = CheckXmlLimits(xml, PropertyListLimits)) {
+        error = std::move(*broken);
+        return std::nullopt;
+    }
+    static std::once_flag initialized;
+    std::call_once(initialized, xmlInitParser);
+    // The limits keep the text below 64 MiB, so its length fits the parser's int.
+    const std::unique_ptr<xmlParserCtxt, ParserDeleter> parser(
+        xmlCreateMemoryParserCtxt(xml.data(), static_cast<int>(xml.size())));
+    if (!parser) {
+        error = ParseError{0, "no memory for the parser"};
+        return std::nullopt;
+    }
+    PropertyListBuilder builder(parser.get());
+    // Limits of our own stand in place of the parser's, which are narrower.
+    xmlCtxtUseOptions(parser.get(), XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
+    *parser->sax = Handlers();
+    parser->userData = &builder;
+    xmlParseDocument(parser.get());
+    if (builder.error()) {
+        error = *builder.error();
+        return std::nullopt;
+    }
+    auto root = builder.takeRoot();
+    if (parser->wellFormed == 0 || !root) {
+        error = ParseError{0, "not a complete XML document"};
+        return std::nullopt;
+    }
+    return root;
+}
+
+std::optional<CFDictionary> ReadPropertyListDictionary(std::string_view xml, ParseError& error)
+{
+    auto root = ReadPropertyList(xml, error);
+    if (!root) {
+        return std::nullopt;
+    }
+    auto* dictionary = root->get<CFDictionary>();
+    if (dictionary == nullptr) {
+        error =
+            ParseError{0, std::string("the root is no dictionary but of kind ") + root->kindName()};
+        return std::nullopt;
+    }
+    return std::move(*dictionary);
+}
+
+} // namespace tarvo

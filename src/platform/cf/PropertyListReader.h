@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+#include "platform/xml/XmlLimits.h"
+
+#include <optional>
+#include <string_view>
+
+namespace tarvo {
+
+// Bounds of a property list, of reader and writer alike.
+inline constexpr std::size_t PropertyListMaximumDepth = 200; // containers within one another
+inline constexpr std::size_t PropertyListMaximumValues = 4'000'000;
+inline constexpr XmlLimits PropertyListLimits = {
+    .bytes = 64 * 1024 * 1024,
+    .depth = PropertyListMaximumDepth + 2, // "plist" around them, a scalar inside
+    .attributes = 64,
+};
+
+/// Reads an XML property list. Strict: nothing is guessed and nothing is dropped. Integers are
+/// decimal and fit 64 signed bits; reals are decimal, or nan, inf, infinity with a sign; dates are
+/// 2026-11-21T07:30:00Z in the years 1 to 9999; data is canonical base64 with any white space; a
+/// key appears once in its dictionary.
+/// @param xml  UTF-8
+/// @return the root value; nullopt with `error` filled when anything is wrong
+[[nodiscard]] std::optional<CFPropertyList> ReadPropertyList(std::string_view xml,
+                                                             ParseError& error);
+
+/// The same for a file whose root must be a dictionary, as in every ticket and preference file.
+[[nodiscard]] std::optional<CFDictionary> ReadPropertyListDictionary(std::string_view xml,
+                                                                     ParseError& error);
+
+} // namespace tarvo

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+#include "platform/xml/XmlLimits.h"
+
+#include <optional>
+#include <string>
+
+namespace tarvo {
+
+/// Writes a value as an XML property list that ReadPropertyList reads back as an equal value; the
+/// same value gives the same bytes, dictionaries in their own order.
+/// @return the document; nullopt with `error` filled (no line) when it could not be read back: a
+/// text that is no UTF-8 or holds characters that XML lacks, a date outside the years 1 to 9999, or
+/// a value beyond the reader's limits
+[[nodiscard]] std::optional<std::string> WritePropertyList(const CFPropertyList& root,
+                                                           ParseError& error);
+
+} // namespace tarvo

@@ -1,0 +1,138 @@
+#include "platform/files/FileContents.h"
+
+#include <sys/stat.h>
+
+#include <fcntl.h>
+#include <glib.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace tarvo {
+namespace {
+
+std::string SystemReason(int error)
+{
+    return std::generic_category().message(error);
+}
+
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor()
+    {
+        if (number_ >= 0) {
+            close(number_);
+        }
+    }
+    bool valid() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+private:
+    int number_;
+};
+
+struct GErrorDeleter {
+    void operator()(GError* error) const { g_error_free(error); }
+};
+
+bool WriteInPlace(const std::string& path, std::string_view contents, std::string& reason)
+{
+    const Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!file.valid()) {
+        reason = SystemReason(errno);
+        return false;
+    }
+    return WriteDescriptorContents(file.number(), contents, reason);
+}
+
+} // namespace
+
+std::optional<std::string> ReadFileContents(const std::string& path, std::size_t maximumBytes,
+                                            std::string& reason)
+{
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.valid()) {
+        reason = SystemReason(errno);
+        return std::nullopt;
+    }
+    return ReadDescriptorContents(file.number(), maximumBytes, reason);
+}
+
+std::optional<std::string> ReadDescriptorContents(int descriptor, std::size_t maximumBytes,
+                                                  std::string& reason)
+{
+    constexpr std::size_t Step = 64 * 1024;
+    struct stat status = {};
+    const bool sized = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    std::string contents;
+    // One byte more than the file holds finds its end without another step.
+    std::size_t wanted = sized ? static_cast<std::size_t>(status.st_size) + 1 : Step;
+    while (contents.size() <= maximumBytes) {
+        const std::size_t used = contents.size();
+        contents.resize(used + std::min(wanted, maximumBytes + 1 - used));
+        const ssize_t got = read(descriptor, contents.data() + used, contents.size() - used);
+        const int error = errno;
+        contents.resize(used + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+        if (got == 0) {
+            return contents;
+        }
+        if (got < 0 && error != EINTR) {
+            reason = SystemReason(error);
+            return std::nullopt;
+        }
+        wanted = Step;
+    }
+    reason = "larger than " + std::to_string(maximumBytes / (1024 * 1024)) + " MiB";
+    return std::nullopt;
+}
+
+bool WriteDescriptorContents(int descriptor, std::string_view contents, std::string& reason)
+{
+    while (!contents.empty()) {
+        const ssize_t written = write(descriptor, contents.data(), contents.size());
+        if (written < 0 && errno != EINTR) {
+            reason = SystemReason(errno);
+            return false;
+        }
+        contents.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
+bool ReplaceFileContents(const std::string& path, std::string_view contents, std::string& reason)
+{
+    std::error_code ignored; // a target that cannot be resolved fails below, with its reason
+    const auto resolved = std::filesystem::weakly_canonical(path, ignored);
+    const std::string target = resolved.empty() ? path : resolved.string();
+    struct stat status = {};
+    const bool exists = stat(target.c_str(), &status) == 0;
+    if (exists && !S_ISREG(status.st_mode)) {
+        return WriteInPlace(target, contents, reason);
+    }
+    constexpr int NewFileMode = 0666; // less the user's mask
+    GError* failure = nullptr;
+    const auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
+                                                          G_FILE_SET_CONTENTS_DURABLE);
+    if (g_file_set_contents_full(target.c_str(), contents.data(),
+                                 static_cast<gssize>(contents.size()), flags, NewFileMode,
+                                 &failure) == FALSE) {
+        const std::unique_ptr<GError, GErrorDeleter> owner(failure);
+        reason = owner->message;
+        return false;
+    }
+    if (exists && chmod(target.c_str(), status.st_mode & 07777) != 0) {
+        reason = SystemReason(errno);
+        return false;
+    }
+    return true;
+}
+
+} // namespace tarvo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvo {
+
+/// What is wrong with a file, and where.
+struct ParseError {
+    std::size_t line = 0; // from 1; 0 when no line applies
+    std::string reason;   // lower case, no full stop
+};
+
+/// Bounds that a document must keep before a parser builds anything from it.
+struct XmlLimits {
+    std::size_t bytes = 64 * 1024 * 1024;
+    std::size_t depth = 64;      // of elements, the root being 1
+    std::size_t attributes = 64; // of one element
+};
+
+/// Walks the markup once, without building anything, and refuses what a parser would pay for out of
+/// proportion: size, depth, attributes, declared entities; besides NUL characters and encodings
+/// other than UTF-8, which this walk could not read. Well-formedness is left to the parser.
+/// @return the first thing that is wrong; nullopt when the document keeps the limits
+std::optional<ParseError> CheckXmlLimits(std::string_view xml, const XmlLimits& limits);
+
+} // namespace tarvo
