@@ -1,0 +1,120 @@
+#include "settings/SettingMap.h"
+
+#include "settings/StockMaps.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvo {
+namespace {
+
+constexpr SettingMap FirstValueZeroMap[] = {
+    {"First",  0, 0},
+    {"Second", 2, 0},
+    {nullptr,  0, 0},
+};
+constexpr SettingMap GapMap[] = {
+    {"First",          3, 0},
+    {"Gap",            0, 0},
+    {"Behind the gap", 5, 0},
+    {nullptr,          0, 0},
+};
+constexpr SettingMap EmptyMap[] = {
+    {nullptr, 0, 0}
+};
+
+struct SearchCase {
+    const char* name;
+    const SettingMap* map;
+    std::int32_t value;
+    std::int32_t position;
+    const char* key;
+};
+
+constexpr SearchCase SearchCases[] = {
+    {"first row",                             StockSizeMap,        UnsetValue, 1,  "PrinterDefault"},
+    {"out of order",                          StockSizeMap,        8,          6,  "StockSize9x11" },
+    {"last row",                              StockSizeMap,        75,         12, "Custom..."     },
+    {"unknown",                               StockSizeMap,        6,          -1, nullptr         },
+    {"zero without a row",                    StockSizeMap,        0,          -1, nullptr         },
+    {"default row in the last place",         StockPunchedMap,     UnsetValue, 3,  "PrinterDefault"},
+    {"first value 0 answers itself",          FirstValueZeroMap,   0,          1,  "First"         },
+    {"first value 0 answers for later rows",  FirstValueZeroMap,   2,          1,  "First"         },
+    {"first value 0 answers for the unknown", FirstValueZeroMap,   9,          1,  "First"         },
+    {"equal to the first before a 0",         GapMap,              3,          1,  "First"         },
+    {"a later 0 hides what follows",          GapMap,              5,          2,  "Gap"           },
+    {"no description",                        StockDescriptionMap, UnsetValue, 1,  "PrinterDefault"},
+    {"any description",                       StockDescriptionMap, 7,          2,  "Custom..."     },
+    {"empty table",                           EmptyMap,            1,          -1, nullptr         },
+};
+
+TEST(SettingMapSearch, StopsAtTheValueOrAtZero)
+{
+    for (const auto& row : SearchCases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(TicketToUI(row.map, row.value), row.position);
+        EXPECT_STREQ(LocalizedKeyForTicketValue(row.map, row.value), row.key);
+    }
+}
+
+struct SizeKeyCase {
+    const char* name;
+    std::int32_t value;
+    const char* key;
+};
+
+constexpr SizeKeyCase SizeKeyCases[] = {
+    {"first row",                     UnsetValue, "PrinterDefault"    },
+    {"last row",                      75,         "Custom"            },
+    {"quote in the key",              59,         "Postcard (4 x 6\")"},
+    {"wrong dimensions in the key",   70,         "B3 (105 x 148 mm)" },
+    {"envelope of a postcard's size", 25,         "Envelope (6 x 9\")"},
+    {"value of a PPD page size only", 6,          nullptr             },
+};
+
+TEST(PaperSizeSearch, NamesTheSizesItHas)
+{
+    for (const auto& row : SizeKeyCases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_STREQ(LocalizedKeyForPaperSizeTicketValue(CompleteStockSizeMap, row.value), row.key);
+    }
+}
+
+// Sizes of documents and printers are matched exactly, so a slip would lose them.
+TEST(PaperSizes, AreTheirPointsAndOnlyTwoShareOne)
+{
+    for (const auto* row = CompleteStockSizeMap; row->key != nullptr; ++row) {
+        SCOPED_TRACE(row->key);
+        int sameMillimetres = 0;
+        for (const auto* other = CompleteStockSizeMap; other->key != nullptr; ++other) {
+            sameMillimetres += other->width == row->width && other->length == row->length;
+        }
+        const bool sixByNine = row->value == 62 || row->value == 25;
+        EXPECT_EQ(sameMillimetres, sixByNine ? 2 : 1);
+        if (row->value == UnsetValue) {
+            continue;
+        }
+        // Points are off the millimetres by the rounding of both: at most 2.
+        EXPECT_NEAR(row->widthPoints, row->width * 72 / 2540.0, 2);
+        EXPECT_NEAR(row->lengthPoints, row->length * 72 / 2540.0, 2);
+    }
+}
+
+TEST(SettingMapMenu, CountsItemsAndGivesTheirValues)
+{
+    EXPECT_EQ(CountMaps(EmptyMap), 0);
+    EXPECT_EQ(CountMaps(GapMap), 3);
+    EXPECT_EQ(CountMaps(StockSizeMap), 12);
+    EXPECT_EQ(UIToTicket(StockSizeMap, 1), UnsetValue);
+    EXPECT_EQ(UIToTicket(StockSizeMap, 12), 75);
+    EXPECT_EQ(UIToTicket(StockDescriptionMap, 2), 0);
+}
+
+TEST(FourCharCode, PutsTheFirstCharacterHighest)
+{
+    EXPECT_EQ(FourCharCode("Slib"), 0x536C6962U);
+    EXPECT_EQ(FourCharCode("\xFF\0\0\1"), 0xFF000001U);
+    EXPECT_EQ(StockLibraryMap[2].command, FourCharCode("SlCn"));
+}
+
+} // namespace
+} // namespace tarvo
