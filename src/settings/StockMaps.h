@@ -27,6 +27,7 @@ inline constexpr SettingMap StockSizeMap[] = {
 // 27940, is none of these. Points don't follow from the millimetres: 13 in are 935 here, and a page
 // of 936 x 1296 is none of these either. The 6 x 9 in postcard and envelope share their size; a
 // search by size meets the postcard first. The key of 70 tells A6 dimensions, the row has B3.
+// A custom size has no numbers here.
 inline constexpr PaperSizeSettingMap CompleteStockSizeMap[] = {
     {"PrinterDefault",                          UnsetValue, 0, UnsetValue, UnsetValue, UnsetValue, UnsetValue},
     {"LetterStockSize",                         1,          0, 21600,      27900,      612,        792       },

@@ -1,8 +1,10 @@
 #include "settings/SettingMap.h"
 
-#include "settings/StockMaps.h"
+#include "AllSettingMaps.h"
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace tarvo {
 namespace {
@@ -31,20 +33,33 @@ struct SearchCase {
 };
 
 constexpr SearchCase SearchCases[] = {
-    {"first row",                             StockSizeMap,        UnsetValue, 1,  "PrinterDefault"},
-    {"out of order",                          StockSizeMap,        8,          6,  "StockSize9x11" },
-    {"last row",                              StockSizeMap,        75,         12, "Custom..."     },
-    {"unknown",                               StockSizeMap,        6,          -1, nullptr         },
-    {"zero without a row",                    StockSizeMap,        0,          -1, nullptr         },
-    {"default row in the last place",         StockPunchedMap,     UnsetValue, 3,  "PrinterDefault"},
-    {"first value 0 answers itself",          FirstValueZeroMap,   0,          1,  "First"         },
-    {"first value 0 answers for later rows",  FirstValueZeroMap,   2,          1,  "First"         },
-    {"first value 0 answers for the unknown", FirstValueZeroMap,   9,          1,  "First"         },
-    {"equal to the first before a 0",         GapMap,              3,          1,  "First"         },
-    {"a later 0 hides what follows",          GapMap,              5,          2,  "Gap"           },
-    {"no description",                        StockDescriptionMap, UnsetValue, 1,  "PrinterDefault"},
-    {"any description",                       StockDescriptionMap, 7,          2,  "Custom..."     },
-    {"empty table",                           EmptyMap,            1,          -1, nullptr         },
+    {"first row",                             StockSizeMap,               UnsetValue, 1,  "PrinterDefault" },
+    {"out of order",                          StockSizeMap,               8,          6,  "StockSize9x11"  },
+    {"last row",                              StockSizeMap,               75,         12, "Custom..."      },
+    {"unknown",                               StockSizeMap,               6,          -1, nullptr          },
+    {"zero without a row",                    StockSizeMap,               0,          -1, nullptr          },
+    {"default row in the last place",         StockPunchedMap,            UnsetValue, 3,  "PrinterDefault" },
+    {"first value 0 answers itself",          FirstValueZeroMap,          0,          1,  "First"          },
+    {"first value 0 answers for later rows",  FirstValueZeroMap,          2,          1,  "First"          },
+    {"first value 0 answers for the unknown", FirstValueZeroMap,          9,          1,  "First"          },
+    {"equal to the first before a 0",         GapMap,                     3,          1,  "First"          },
+    {"a later 0 hides what follows",          GapMap,                     5,          2,  "Gap"            },
+    {"labels, stored but not offered",        CompleteStockTypeMap,       9,          5,  "Labels"         },
+    {"labels in the menu of types",           StockTypeMap,               9,          -1, nullptr          },
+    {"values out of order",                   HalftoneScreenMap,          29,         4,  "42lpi"          },
+    {"below a gap",                           ImageShiftOptions2SidedMap, 3,          3,  "MirrorX"        },
+    {"in the gap",                            ImageShiftOptions2SidedMap, 2,          -1, nullptr          },
+    {"kind beyond its rows",                  RGBSourceProfileMap,        3,          -1, nullptr          },
+    {"largest device's own tray",             OutputDestHCSS_BKMap,       7,          7,  "Booklet Tray"   },
+    {"missing on the smaller one",            OutputDestHCSSMap,          7,          -1, nullptr          },
+    {"punching may be none",                  PunchNoneMap,               1,          1,  "None"           },
+    {"no default row",                        PunchMap,                   UnsetValue, -1, nullptr          },
+    {"last fold",                             ComplexFoldMap,             48,         4,  "ZTriFoldOutside"},
+    {"job type of some printers only",        JobTypeMap,                 2,          -1, nullptr          },
+    {"last job type",                         JobTypeMap,                 9,          3,  "BackgroundForms"},
+    {"no description",                        StockDescriptionMap,        UnsetValue, 1,  "PrinterDefault" },
+    {"any description",                       StockDescriptionMap,        7,          2,  "Custom..."      },
+    {"empty table",                           EmptyMap,                   1,          -1, nullptr          },
 };
 
 TEST(SettingMapSearch, StopsAtTheValueOrAtZero)
@@ -53,6 +68,19 @@ TEST(SettingMapSearch, StopsAtTheValueOrAtZero)
         SCOPED_TRACE(row.name);
         EXPECT_EQ(TicketToUI(row.map, row.value), row.position);
         EXPECT_STREQ(LocalizedKeyForTicketValue(row.map, row.value), row.key);
+    }
+}
+
+// A row after a value 0, or with a value that came before, could never be found.
+TEST(SettingMaps, HaveOneRowForAValue)
+{
+    for (const auto& table : AllSettingMaps) {
+        SCOPED_TRACE(table.name);
+        std::set<std::int32_t> values;
+        for (const auto* row = table.map; row->key != nullptr; ++row) {
+            EXPECT_TRUE(values.insert(row->value).second) << row->key;
+            EXPECT_TRUE(row->value != 0 || table.map == StockDescriptionMap) << row->key;
+        }
     }
 }
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+#include "settings/SettingMap.h"
+
+namespace tarvo {
+
+// Every printer has these; the types numbered between them appear where the printer offers them.
+inline constexpr SettingMap JobTypeMap[] = {
+    {"Normal",          1, 0},
+    {"Save",            3, 0},
+    {"BackgroundForms", 9, 0},
+    {nullptr,           0, 0},
+};
+
+// The format in which a job is saved.
+inline constexpr SettingMap JobFormatMap[] = {
+    {"SinglePageTIFF", 1, 0},
+    {"PDF",            3, 0},
+    {nullptr,          0, 0},
+};
+
+// How a job uses the sides of its sheets.
+inline constexpr SettingMap DuplexMap[] = {
+    {"Simplex",     1, 0},
+    {"Duplex",      2, 0},
+    {"DuplexShort", 3, 0},
+    {nullptr,       0, 0},
+};
+
+// DuplexMap for an exception page, which may leave it to its job.
+inline constexpr SettingMap PlexMap[] = {
+    {"PrinterDefault", UnsetValue, 0},
+    {"Simplex",        1,          0},
+    {"Duplex",         2,          0},
+    {"DuplexShort",    3,          0},
+    {nullptr,          0,          0},
+};
+
+} // namespace tarvo
