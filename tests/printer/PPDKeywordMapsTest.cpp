@@ -1,0 +1,68 @@
+#include "printer/PPDKeywordMaps.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace tarvo {
+namespace {
+
+struct KeywordCase {
+    const char* name;
+    const char* mainKeyword;
+    const char* option;
+    std::int32_t value;
+};
+
+// Both ways, as a menu and the ticket's PPD dictionary need them.
+constexpr KeywordCase KeywordCases[] = {
+    {"first row",                               "MediaColor",        "Buff",                 7 },
+    {"last row",                                "MediaColor",        "Custom7",              21},
+    {"keyword unlike its table",                "JCLBanner",         "True",                 1 },
+    {"value 0",                                 "Jog",               "None",                 0 },
+    {"0 does not end the search",               "JCLBanner",         "False",                0 },
+    {"order of the rows is not that of values", "OutputBin",         "Side",                 3 },
+    {"starts with a digit",                     "PageSize",          "815",                  23},
+    {"gap in the values",                       "TRFoldOptions",     "BookletFoldStapleOpt", 8 },
+    {"last main keyword",                       "JCLTrueGrayImages", "True",                 2 },
+};
+
+TEST(PPDKeywords, StandForNumbersAndBack)
+{
+    for (const auto& row : KeywordCases) {
+        SCOPED_TRACE(row.name);
+        const PPDKeywordMap* map = GetPPDOptionMapForMainKeyword(row.mainKeyword);
+        EXPECT_EQ(GetTicketValueForPPDOptionKeyword(map, row.option), row.value);
+        EXPECT_STREQ(GetPPDOptionKeywordForTicketValue(map, row.value), row.option);
+    }
+}
+
+TEST(PPDKeywords, UnknownOnesHaveNothing)
+{
+    EXPECT_EQ(GetPPDOptionMapForMainKeyword("pagesize"), nullptr);
+    EXPECT_EQ(GetPPDOptionMapForMainKeyword(""), nullptr);
+    EXPECT_EQ(GetTicketValueForPPDOptionKeyword(PageSizeMap, "letter"), -1);
+    EXPECT_EQ(GetTicketValueForPPDOptionKeyword(PageSizeMap, "Lette"), -1);
+    EXPECT_EQ(GetTicketValueForPPDOptionKeyword(nullptr, "Letter"), -1);
+    EXPECT_EQ(GetPPDOptionKeywordForTicketValue(PageSizeMap, 12), nullptr);
+    EXPECT_EQ(GetPPDOptionKeywordForTicketValue(PageSizeMap, 0), nullptr);
+    EXPECT_EQ(GetPPDOptionKeywordForTicketValue(nullptr, 1), nullptr);
+}
+
+// The second of two equal keywords or values could never be found.
+TEST(PPDKeywords, AreUniqueWithinTheirTable)
+{
+    for (const auto* main = MainKeywordMap; main->keyword != nullptr; ++main) {
+        SCOPED_TRACE(main->keyword);
+        std::set<std::string> keywords;
+        std::set<std::int32_t> values;
+        for (const auto* row = main->options; row->keyword != nullptr; ++row) {
+            EXPECT_TRUE(keywords.insert(row->keyword).second) << row->keyword;
+            EXPECT_TRUE(values.insert(row->value).second) << row->value;
+        }
+    }
+}
+
+} // namespace
+} // namespace tarvo
