@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace tarvo {
+
+// Entries of the job type's dictionary.
+inline constexpr std::string_view JobTypeNumberKey = "JobType";
+inline constexpr std::string_view SavedJobNameKey = "SavedJobName";         // string
+inline constexpr std::string_view SavedJobLocationKey = "SavedJobLocation"; // string, a URI
+inline constexpr std::string_view SaveFormatKey = "MediaType"; // of a saved job; no paper type
+
+/// Where a job is saved that names no place.
+inline constexpr std::string_view DefaultSavedJobLocation = "file:///job-repository/";
+
+/// The job types that an export tells apart; all others print at once.
+enum class JobType : std::int32_t {
+    Hold = 2,
+    Save = 3,
+    SaveAndPrint = 4,
+    BackgroundForms = 9,
+};
+
+} // namespace tarvo

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace tarvo {
+
+// Entries of a stock's dictionary. The "k" of two of them is part of the key.
+inline constexpr std::string_view StockSizeKey = "Size";
+inline constexpr std::string_view StockWidthKey = "Width";   // 1/100 mm, of a custom size
+inline constexpr std::string_view StockLengthKey = "Length"; // 1/100 mm, of a custom size
+inline constexpr std::string_view StockTypeKey = "Type";
+inline constexpr std::string_view StockCustomTypeKey = "CustomType"; // string
+inline constexpr std::string_view StockModulusKey =
+    "Modulus"; // tabs of a set, sheets of a sequence
+inline constexpr std::string_view StockColorKey = "Color";
+inline constexpr std::string_view StockCustomColorKey = "CustomColor"; // string
+inline constexpr std::string_view StockWeightKey = "Weight";           // g/m2
+inline constexpr std::string_view StockPunchedKey = "Punched";
+inline constexpr std::string_view StockDescriptionKey = "Description"; // string
+inline constexpr std::string_view StockSidesCoatedKey = "SidesCoated";
+inline constexpr std::string_view StockCoatingTypeKey = "kCoatingType";
+inline constexpr std::string_view StockFinishKey = "Finish";
+inline constexpr std::string_view StockGrainKey = "kGrain";
+inline constexpr std::string_view StockCustomNameKey = "CustomName";         // string
+inline constexpr std::string_view StockCustomNameOnlyKey = "CustomNameOnly"; // boolean
+
+/// The size that says: take width and length.
+inline constexpr std::int32_t CustomStockSize = 75;
+
+} // namespace tarvo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarvo {
+
+/// Where the chunks of one document go, in document order. Each export has a channel of its own.
+class TPIFChannel {
+public:
+    using WriteFunction = std::function<void(std::string_view)>;
+
+    /// @param write  takes the text in pieces of some 64 KiB, the last one when the channel ends
+    explicit TPIFChannel(WriteFunction write);
+    TPIFChannel(const TPIFChannel&) = delete;
+    TPIFChannel& operator=(const TPIFChannel&) = delete;
+    ~TPIFChannel();
+
+    void write(std::string_view text)
+    {
+        pending_ += text;
+        if (pending_.size() >= PieceSize) {
+            flush();
+        }
+    }
+
+    /// Hands on what is pending; the owner of a write function that throws calls it before the end.
+    void flush();
+
+private:
+    static constexpr std::size_t PieceSize = 64 * 1024;
+
+    WriteFunction write_;
+    std::string pending_;
+};
+
+/// Puts a text out; a text that holds a NUL character ends there.
+void DevWriteTpif(TPIFChannel& writeData, std::string_view text);
+
+} // namespace tarvo

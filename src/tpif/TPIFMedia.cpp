@@ -1,0 +1,425 @@
+#include "tpif/TPIFMedia.h"
+
+#include "records/SpecialPageKeys.h"
+#include "records/StockKeys.h"
+#include "settings/StockMaps.h"
+#include "settings/TicketKeys.h"
+#include "tpif/TPIFElement.h"
+#include "tpif/TPIFWord.h"
+#include "tpif/XmlEntities.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace tarvo {
+namespace {
+
+constexpr std::size_t LongestCustomName = 30; // bytes that the front end keeps of a custom name
+
+using TypeForm = MediaData::TypeForm;
+
+// What a stock type becomes, and what it implies. The types beyond 10 are the printer driver's own.
+struct StockTypeRow {
+    std::int32_t type;
+    TypeForm form;
+    const char* word; // a null name is the stock's own
+    bool isOrdered = false;
+    std::int32_t weight = 0; // 0: the stock's own; the same for the next two
+    std::int32_t holeCount = 0;
+    bool isCoatedInFront = false; // glossy
+};
+
+constexpr StockTypeRow StockTypeRows[] = {
+    {.type = 1,                   .form = TypeForm::Keyword,          .word = "stationery"                                                 },
+    {                                                                                                                 .type = 2,  .form = TypeForm::Keyword,             .word = "transparency"                                                                     },
+    {                                                                                                         .type = 3,      .form = TypeForm::PrePrinted,                                        .word = "pre-printed"                                                             },
+    {                                                                               .type = 4,          .form = TypeForm::Keyword,                                            .word = "pre-cut-tabs",                                                                                                         .isOrdered = true},
+    {                                                              .type = 5,                           .form = TypeForm::Keyword,                                                     .word = "full-cut-tabs"                                                                         },
+    {                                              .type = 6,                           .form = TypeForm::Name,                                                     .word = nullptr,                                                                          .isOrdered = true},
+    {                                                                                                                       .type = 7,                           .form = TypeForm::Name,                                                     .word = nullptr,                                                                               .isOrdered = true},
+    {                                                                                                                                                  .type = 8,                   .form = TypeForm::Keyword,                            .word = "envelope"                                                                      },
+    {                                                                                                                                  .type = 9, .form = TypeForm::Keyword,           .word = "labels"                                                     },
+    {                                                                                         .type = 10,       .form = TypeForm::Recycled,                           .word = "standard"                                                                    },
+    {                                                                                                                          .type = 11,       .form = TypeForm::Keyword,                            .word = "stationery",                                                   .holeCount = 3},
+    {                                                                                                   .type = 12,             .form = TypeForm::Keyword,                                               .word = "stationery",                                                        .weight = 141},
+    {                                          .type = 13,                           .form = TypeForm::Keyword,                                                    .word = "bond"                                                                        },
+    {                                             .type = 14,                           .form = TypeForm::PrePrinted,                                                    .word = "letter-head"                                                                        },
+    {                                                                                                                     .type = 15,                           .form = TypeForm::Name,                                                    .word = "Custom1",                                                                         .isOrdered = true},
+    {                                                                                                                     .type = 16,                           .form = TypeForm::Name,                                                    .word = "Custom2",                                                                         .isOrdered = true},
+    {                                                                                                                     .type = 17,                           .form = TypeForm::Name,                                                    .word = "Custom3",                                                                         .isOrdered = true},
+    {                                                                                                                     .type = 18,                           .form = TypeForm::Name,                                                    .word = "Custom4",                                                                         .isOrdered = true},
+    {                                                                                                                     .type = 19,                           .form = TypeForm::Name,                                                    .word = "Custom5",                                                                                  .isOrdered = true},
+    {                                                                                                                                                                     .type = 20,                           .form = TypeForm::Name,                                                    .word = "Custom6",                                                                               .isOrdered = true},
+    {                                                                                                                                                                       .type = 21,                  .form = TypeForm::Name,             .word = "Custom7",                                                                        .isOrdered = true},
+    {                                                                                                                                                                     .type = 22,                  .form = TypeForm::Keyword,          .word = "other"                                                     },
+    {                                                                                                                                                     .type = 23,                  .form = TypeForm::Name, .word = "",   .isOrdered = true}, // the driver names none
+    {                    .type = 24,                  .form = TypeForm::Keyword,    .word = "pre-cut-tabs", .isOrdered = true},
+    { .type = 25,                           .form = TypeForm::Keyword,                                                    .word = "labels",                                                                                   .weight = 219},
+    {                                                                                                                                .type = 26,                           .form = TypeForm::Name,                                                    .word = "stationery2",                                                                                                .isOrdered = true, .weight = 141},
+    {                                                                                                                                                      .type = 27,              .form = TypeForm::Keyword,                                                .word = "stationery",                                                                                                            .weight = 219},
+    {                                                                                                                                                                                         .type = 28,    .form = TypeForm::Name,                                      .word = "stationery2",                                                                                                  .isOrdered = true, .weight = 219},
+    {                                                                                                                                                                                                                                   .type = 29,           .form = TypeForm::Keyword,                                         .word = "stationery",                                                                                                              .isCoatedInFront = true},
+    {                                                                                                                                                                                                                     .type = 30,
+     .form = TypeForm::Name,
+     .word = "stationery2",
+     .isOrdered = true,
+     .isCoatedInFront = true},
+    {                                                                                                                                                                                                                                .type = 31,
+     .form = TypeForm::Keyword,
+     .word = "stationery",
+     .weight = 219,
+     .isCoatedInFront = true},
+    {                                                                                                                                                                                                                                            .type = 32,
+     .form = TypeForm::Name,
+     .word = "stationery2",
+     .isOrdered = true,
+     .weight = 219,
+     .isCoatedInFront = true},
+    {                                                                                                                                                                                                                                   .type = 33,
+     .form = TypeForm::Keyword,
+     .word = "pre-cut-tabs",
+     .isOrdered = true,
+     .weight = 229},
+    {                                                                                                                                                                                       .type = 35,              .form = TypeForm::Keyword,                                                .word = "stationery",                                                                                                            .weight = 229},
+    {                                                                                  .type = 36,          .form = TypeForm::Name,                               .word = "stationery2",                                                                                                    .isOrdered = true, .weight = 229},
+    {                                                                                                        .type = 37,
+     .form = TypeForm::Keyword,
+     .word = "stationery",
+     .weight = 229,
+     .isCoatedInFront = true},
+    {                                                                                                                                                                                                                                .type = 38,
+     .form = TypeForm::Name,
+     .word = "stationery2",
+     .isOrdered = true,
+     .weight = 229,
+     .isCoatedInFront = true},
+    {                                                                                                                                                                                                                                            .type = 39,                           .form = TypeForm::Keyword,                                                    .word = "labels",                                                                      .weight = 229},
+};
+
+constexpr TPIFWord ColorKeywords[] = {
+    {"white",     1 },
+    {"blue",      2 },
+    {"yellow",    3 },
+    {"green",     4 },
+    {"pink",      5 },
+    {"no-color",  6 },
+    {"buff",      7 },
+    {"goldenrod", 8 },
+    {"red",       9 },
+    {"ivory",     11},
+    {"gray",      12},
+    {"orange",    13},
+    {nullptr,     0 },
+};
+
+constexpr TPIFWord ColorNames[] = {
+    {"other",   14},
+    {"custom1", 15},
+    {"custom2", 16},
+    {"custom3", 17},
+    {"custom4", 18},
+    {"custom5", 19},
+    {"custom6", 20},
+    {"custom7", 21},
+    {nullptr,   0 },
+};
+constexpr std::int32_t CustomColor = 10; // under a name of the user's
+
+constexpr TPIFWord CoatingWords[] = {
+    {"glossy",     1},
+    {"high-gloss", 2},
+    {"semi-gloss", 3},
+    {"satin",      4},
+    {"matte",      5},
+    {nullptr,      0},
+};
+constexpr std::int32_t Glossy = 1;
+constexpr std::int32_t CoatedNowhere = 1;
+constexpr std::int32_t CoatedInFront = 2;
+constexpr std::int32_t CoatedInBack = 4;
+
+constexpr TPIFWord FinishWords[] = {
+    {"fine",   1},
+    {"medium", 2},
+    {"coarse", 3},
+    {nullptr,  0},
+};
+
+constexpr TPIFWord GrainWords[] = {
+    {"y-grain", 1},
+    {"x-grain", 2},
+    {nullptr,   0},
+};
+
+std::string CustomName(std::string_view text)
+{
+    const std::string escaped = XMLCreateStringByEscapingEntities(text);
+    return std::string(PrefixOfEscaped(escaped, LongestCustomName));
+}
+
+// A number that is there and set.
+std::optional<std::int32_t> SetNumber(const CFDictionary& dictionary, std::string_view key)
+{
+    const auto number = dictionary.int32(key);
+    return number == UnsetValue ? std::nullopt : number;
+}
+
+struct Dimensions {
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+};
+
+bool IsUnknown(const Dimensions& size)
+{
+    return size.x == 0 && size.y == 0;
+}
+
+// The size that the stock names, or brings along; 0 x 0 when it does neither.
+Dimensions StockDimensions(const CFDictionary& stock)
+{
+    const auto size = SetNumber(stock, StockSizeKey);
+    // The custom size has a row of 0 x 0 of its own: its measures are the stock's.
+    if (size && *size != CustomStockSize) {
+        for (const auto* row = CompleteStockSizeMap; row->key != nullptr; ++row) {
+            if (row->value == *size) {
+                return {row->width, row->length};
+            }
+        }
+    }
+    const auto width = SetNumber(stock, StockWidthKey);
+    const auto length = SetNumber(stock, StockLengthKey);
+    return width && length ? Dimensions{*width, *length} : Dimensions{};
+}
+
+// The first size whose whole points are the page's; an oriented page gives its measures swapped,
+// and takes the size's swapped.
+Dimensions PageDimensions(const PageFormat& page)
+{
+    const bool isUpright = page.orientation == PageOrientation::Portrait ||
+                           page.orientation == PageOrientation::ReversePortrait;
+    const float width = isUpright ? page.width : page.length;
+    const float length = isUpright ? page.length : page.width;
+    for (const auto* row = CompleteStockSizeMap; row->key != nullptr; ++row) {
+        if (row->width > 0 && static_cast<float>(row->widthPoints) == width &&
+            static_cast<float>(row->lengthPoints) == length) {
+            return isUpright ? Dimensions{row->width, row->length}
+                             : Dimensions{row->length, row->width};
+        }
+    }
+    return {};
+}
+
+void FillMediaSize(MediaData& media, const CFDictionary& stock, const PageFormat* pageFormat)
+{
+    Dimensions size = StockDimensions(stock);
+    if (IsUnknown(size) && pageFormat != nullptr) {
+        size = PageDimensions(*pageFormat);
+    }
+    media.xDimension = static_cast<std::uint32_t>(size.x);
+    media.yDimension = static_cast<std::uint32_t>(size.y);
+}
+
+void FillMediaColor(MediaData& media, const CFDictionary& stock)
+{
+    const auto color = stock.int32(StockColorKey);
+    if (!color) {
+        return;
+    }
+    const char* keyword = WordForValue(ColorKeywords, *color);
+    const char* name = WordForValue(ColorNames, *color);
+    media.hasColor = keyword != nullptr || name != nullptr || *color == CustomColor;
+    media.colorIsName = keyword == nullptr;
+    if (*color == CustomColor) {
+        media.color = CustomName(TPIFText(stock, StockCustomColorKey));
+    } else if (media.hasColor) {
+        media.color = keyword != nullptr ? keyword : name;
+    }
+}
+
+void FillMediaType(MediaData& media, const CFDictionary& stock)
+{
+    const auto type = stock.int32(StockTypeKey);
+    const auto* row = std::find_if(std::begin(StockTypeRows), std::end(StockTypeRows),
+                                   [type](const StockTypeRow& each) { return type == each.type; });
+    if (row == std::end(StockTypeRows)) {
+        return;
+    }
+    media.typeForm = row->form;
+    media.type = row->word != nullptr ? row->word : CustomName(TPIFText(stock, StockCustomTypeKey));
+    if (row->isOrdered) {
+        media.orderCount = stock.int32(StockModulusKey);
+    }
+    if (row->weight != 0) {
+        media.weight = row->weight;
+    }
+    if (row->holeCount != 0) {
+        media.holeCount = row->holeCount;
+    }
+    if (row->isCoatedInFront) {
+        media.coatedSides = CoatedInFront;
+        media.coatingType = Glossy;
+    }
+}
+
+void FillMediaWeight(MediaData& media, const CFDictionary& stock)
+{
+    if (!media.weight) {
+        media.weight = stock.int32(StockWeightKey);
+    }
+}
+
+void FillMediaPunched(MediaData& media, const CFDictionary& stock)
+{
+    const auto punched = stock.int32(StockPunchedKey);
+    if (!media.holeCount && (punched == 1 || punched == 2)) {
+        media.holeCount = punched == 1 ? 0 : 3;
+    }
+}
+
+void FillMediaCoating(MediaData& media, const CFDictionary& stock)
+{
+    if (!media.coatedSides) {
+        media.coatedSides = SetNumber(stock, StockSidesCoatedKey);
+        media.coatingType = stock.int32(StockCoatingTypeKey);
+    }
+}
+
+void WriteMember(TPIFChannel& writeData, std::string_view name, TPIFSyntax syntax,
+                 std::string_view content)
+{
+    WriteTPIFElement(writeData, MemberIndent, name, syntax, content);
+}
+
+// A count of -1 says that there is none, as an absent one does.
+void WriteCount(TPIFChannel& writeData, std::string_view name, std::optional<std::int32_t> count)
+{
+    if (count && *count != -1) {
+        WriteTPIFElement(writeData, MemberIndent, name, *count);
+    }
+}
+
+void WriteWord(TPIFChannel& writeData, std::string_view name, const TPIFWord* words,
+               std::optional<std::int32_t> value)
+{
+    const char* word = value ? WordForValue(words, *value) : nullptr;
+    if (word != nullptr) {
+        WriteMember(writeData, name, TPIFSyntax::Keyword, word);
+    }
+}
+
+void WriteType(TPIFChannel& writeData, const MediaData& media)
+{
+    switch (media.typeForm) {
+    case TypeForm::None:
+        break;
+    case TypeForm::Keyword:
+        WriteMember(writeData, "media-type", TPIFSyntax::Keyword, media.type);
+        break;
+    case TypeForm::Name:
+        WriteMember(writeData, "media-type", TPIFSyntax::Name, media.type);
+        break;
+    case TypeForm::PrePrinted:
+        WriteMember(writeData, "media-pre-printed", TPIFSyntax::Keyword, media.type);
+        break;
+    case TypeForm::Recycled:
+        WriteMember(writeData, "media-recycled", TPIFSyntax::Keyword, media.type);
+        break;
+    }
+}
+
+void WriteSize(TPIFChannel& writeData, const MediaData& media)
+{
+    if (media.xDimension == 0 || media.yDimension == 0) {
+        return;
+    }
+    const TPIFBlock size(writeData, MemberIndent, "media-size", TPIFSyntax::Collection);
+    WriteTPIFElement(writeData, MemberIndent + 1, "x-dimension", media.xDimension);
+    WriteTPIFElement(writeData, MemberIndent + 1, "y-dimension", media.yDimension);
+}
+
+// A coating without a word leaves out the side that it would stand for.
+void WriteCoating(TPIFChannel& writeData, const MediaData& media)
+{
+    if (!media.coatedSides) {
+        return;
+    }
+    const char* word = media.coatingType ? WordForValue(CoatingWords, *media.coatingType) : nullptr;
+    const std::int32_t sides = *media.coatedSides;
+    const char* front = sides == CoatedNowhere || sides == CoatedInBack ? "none" : word;
+    const char* back = sides == CoatedNowhere || sides == CoatedInFront ? "none" : word;
+    if (front != nullptr) {
+        WriteMember(writeData, "media-front-coating", TPIFSyntax::Keyword, front);
+    }
+    if (back != nullptr) {
+        WriteMember(writeData, "media-back-coating", TPIFSyntax::Keyword, back);
+    }
+}
+
+const CFDictionary& DictionaryOrEmpty(const CFDictionary& dictionary, std::string_view key)
+{
+    static const CFDictionary empty;
+    const auto* found = dictionary.get<CFDictionary>(key);
+    return found == nullptr ? empty : *found;
+}
+
+} // namespace
+
+MediaData FillMediaData(const CFDictionary& stock, const PageFormat* pageFormat)
+{
+    MediaData media;
+    if (stock.contains(StockCustomNameOnlyKey)) {
+        if (stock.isTrue(StockCustomNameOnlyKey)) {
+            media.key = EscapedTPIFText(stock, StockCustomNameKey);
+        }
+        return media; // known by name alone, or by nothing
+    }
+    FillMediaSize(media, stock, pageFormat);
+    FillMediaColor(media, stock);
+    FillMediaType(media, stock);
+    FillMediaWeight(media, stock);
+    FillMediaPunched(media, stock);
+    media.description = EscapedTPIFText(stock, StockDescriptionKey);
+    media.finish = stock.int32(StockFinishKey);
+    media.grain = stock.int32(StockGrainKey);
+    FillMediaCoating(media, stock);
+    return media;
+}
+
+void WriteTPifMedia(TPIFChannel& writeData, const MediaData& media)
+{
+    const TPIFBlock collection(writeData, AttributeIndent, "media-col", TPIFSyntax::Collection);
+    if (!media.key.empty()) {
+        WriteMember(writeData, "media-key", TPIFSyntax::Name, media.key);
+        return;
+    }
+    WriteType(writeData, media);
+    WriteCount(writeData, "media-order-count", media.orderCount);
+    WriteCount(writeData, "media-weight-metric", media.weight);
+    if (!media.description.empty()) {
+        WriteMember(writeData, "media-description", TPIFSyntax::Name, media.description);
+    }
+    WriteCount(writeData, "media-hole-count", media.holeCount);
+    if (media.hasColor) {
+        WriteMember(writeData, "media-color",
+                    media.colorIsName ? TPIFSyntax::Name : TPIFSyntax::Keyword, media.color);
+    }
+    WriteSize(writeData, media);
+    WriteCoating(writeData, media);
+    WriteWord(writeData, "media-tooth", FinishWords, media.finish);
+    WriteWord(writeData, "media-grain", GrainWords, media.grain);
+}
+
+void WriteTPIFPageStock(TPIFChannel& writeData, const CFDictionary& page,
+                        const PageFormat* pageFormat)
+{
+    WriteTPifMedia(writeData, FillMediaData(DictionaryOrEmpty(page, PageStockKey), pageFormat));
+}
+
+void WriteTPIFJobLevelStock(TPIFChannel& writeData, const CFDictionary& settings,
+                            const PageFormat* pageFormat)
+{
+    WriteTPifMedia(writeData,
+                   FillMediaData(DictionaryOrEmpty(settings, JobLevelStockKey), pageFormat));
+}
+
+} // namespace tarvo

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tarvo {
+
+/// A word of the document and the number that stands for it. A null word ends a table.
+struct TPIFWord {
+    const char* word;
+    std::int32_t value;
+};
+
+/// @return the word of the first row with that value; null when there is none
+inline const char* WordForValue(const TPIFWord* words, std::int32_t value)
+{
+    while (words->word != nullptr && words->value != value) {
+        ++words;
+    }
+    return words->word;
+}
+
+} // namespace tarvo
