@@ -1,0 +1,79 @@
+#include "platform/bundle/CFBundle.h"
+
+#include "platform/cf/PropertyListReader.h"
+#include "platform/files/FileContents.h"
+
+#include <glib.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace tarvo {
+namespace {
+
+constexpr const char* LastLanguage = "en"; // its table has every key
+
+std::optional<CFDictionary> ReadTextTable(const std::string& path)
+{
+    std::string reason; // unread: who sees a menu can do nothing about a broken translation
+    const auto xml = ReadFileContents(path, PropertyListLimits.bytes, reason);
+    if (!xml) {
+        return std::nullopt;
+    }
+    ParseError error; // unread as well
+    return ReadPropertyListDictionary(*xml, error);
+}
+
+// Languages come from the environment and must not lead out of the bundle.
+bool IsFolderName(const std::string& language)
+{
+    return !language.empty() && language.find('/') == std::string::npos;
+}
+
+std::vector<std::string> WithLastLanguage(std::vector<std::string> languages)
+{
+    if (std::find(languages.begin(), languages.end(), LastLanguage) == languages.end()) {
+        languages.emplace_back(LastLanguage);
+    }
+    return languages;
+}
+
+} // namespace
+
+CFBundle::CFBundle(const std::string& directory, const std::vector<std::string>& languages)
+{
+    const std::string resources = directory + "/Contents/Resources/";
+    for (const std::string& language : WithLastLanguage(languages)) {
+        if (!IsFolderName(language)) {
+            continue;
+        }
+        if (auto table = ReadTextTable(resources + language + ".lproj/Localizable.plist")) {
+            tables_.push_back(std::move(*table));
+        }
+    }
+}
+
+const std::string& CFBundle::localizedString(const char* key) const
+{
+    static const std::string NotFound = "STRING NOT FOUND";
+    if (key == nullptr) {
+        return NotFound;
+    }
+    for (const CFDictionary& table : tables_) {
+        if (const auto* text = table.get<std::string>(key)) {
+            return *text;
+        }
+    }
+    return NotFound;
+}
+
+std::vector<std::string> UserLanguages()
+{
+    std::vector<std::string> languages;
+    for (const gchar* const* name = g_get_language_names(); *name != nullptr; ++name) {
+        languages.emplace_back(*name);
+    }
+    return languages;
+}
+
+} // namespace tarvo

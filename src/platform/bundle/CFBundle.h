@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// A bundle folder: <directory>/Contents/Resources/ with a <language>.lproj for each language. The
+/// texts that people read are in Localizable.plist there, a dictionary of key to text.
+class CFBundle {
+public:
+    /// Reads the texts. A table that is absent or cannot be read is an empty one.
+    /// @param languages  most wanted first, such as {"de_AT", "de"}; "en" follows by itself
+    CFBundle(const std::string& directory, const std::vector<std::string>& languages);
+
+    /// @return the text of the first language that has the key, for as long as the bundle lives;
+    /// "STRING NOT FOUND" when none has, and for a null key
+    const std::string& localizedString(const char* key) const;
+
+private:
+    std::vector<CFDictionary> tables_; // one for each language that has texts, most wanted first
+};
+
+/// The languages of the process's user, most wanted first, each followed by its general form
+/// ("de_AT", "de"); the names of <language>.lproj folders are looked for among them.
+std::vector<std::string> UserLanguages();
+
+} // namespace tarvo
