@@ -180,10 +180,9 @@ Dimensions StockDimensions(const CFDictionary& stock)
     const auto size = SetNumber(stock, StockSizeKey);
     // The custom size has a row of 0 x 0 of its own: its measures are the stock's.
     if (size && *size != CustomStockSize) {
-        for (const auto* row = CompleteStockSizeMap; row->key != nullptr; ++row) {
-            if (row->value == *size) {
-                return {row->width, row->length};
-            }
+        const auto* row = RowForTicketValue(CompleteStockSizeMap, *size);
+        if (row->key != nullptr) {
+            return {row->width, row->length};
         }
     }
     const auto width = SetNumber(stock, StockWidthKey);

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+#include "tpif/TPIFChannel.h"
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+namespace tarvo {
+
+/// {{key, value}, ...} as a dictionary.
+inline CFDictionary
+Dictionary(std::initializer_list<std::pair<std::string_view, CFPropertyList>> entries)
+{
+    CFDictionary dictionary;
+    for (const auto& [key, value] : entries) {
+        dictionary.set(key, value);
+    }
+    return dictionary;
+}
+
+/// What a writer puts out, its diagnostics kept off the test's output.
+template <typename Writer>
+std::string Written(Writer writer)
+{
+    std::string text;
+    testing::internal::CaptureStderr();
+    {
+        TPIFChannel channel([&text](std::string_view piece) { text += piece; });
+        writer(channel);
+    }
+    testing::internal::GetCapturedStderr();
+    return text;
+}
+
+/// The lines that a writer puts on standard error.
+template <typename Writer>
+std::string Diagnostics(Writer writer)
+{
+    TPIFChannel channel([](std::string_view) {});
+    testing::internal::CaptureStderr();
+    writer(channel);
+    return testing::internal::GetCapturedStderr();
+}
+
+} // namespace tarvo
