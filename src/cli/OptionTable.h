@@ -1,0 +1,122 @@
+#pragma once
+
+#include "cli/ExitStatus.h"
+
+namespace tarvo {
+
+// The command line as tables: parser, --help, manual page and completion are all made from them.
+
+inline constexpr const char* ProgramName = "tarvo-ticket";
+
+inline constexpr const char* ExportVerb = "export";
+
+inline constexpr const char* HelpOption = "--help";
+inline constexpr const char* VersionOption = "--version";
+inline constexpr const char* OutputOption = "--output";
+inline constexpr const char* OutputDirectoryOption = "--out-dir";
+inline constexpr const char* AllOption = "--all";
+inline constexpr const char* CoversOption = "--covers";
+inline constexpr const char* InsertsOption = "--inserts";
+inline constexpr const char* ExceptionsOption = "--exceptions";
+inline constexpr const char* WholeOption = "--whole";
+inline constexpr const char* PageFormatOption = "--page-format";
+inline constexpr const char* TicketArguments = "TICKET.plist";
+
+/// What follows an option, and how a shell completes it.
+enum class OptionKind {
+    Flag,
+    Text,
+    File,
+    Directory,
+    Tickets, // no option: the files that stand by themselves, any number
+};
+
+struct OptionRow {
+    const char* verb;      // "" is the program, and so every verb
+    const char* shortName; // "" when there is none
+    const char* name;
+    const char* argument; // what the help calls the value
+    OptionKind kind;
+    const char* help;
+};
+
+// clang-format off
+inline constexpr OptionRow OptionMap[] = {
+    {ExportVerb, "",   TicketArguments,       "",      OptionKind::Tickets,
+     "The tickets to export; - is standard input."},
+    {ExportVerb, "-o", OutputOption,          "FILE",  OptionKind::File,
+     "Write the document of the one ticket to FILE; - is standard output, as without this option."},
+    {ExportVerb, "",   OutputDirectoryOption, "DIR",   OptionKind::Directory,
+     "Write one document for each ticket into DIR, created when missing: job.plist becomes "
+     "DIR/job.xml, standard input DIR/stdin.xml."},
+    {ExportVerb, "",   AllOption,             "",      OptionKind::Flag,
+     "Export the whole job, whatever export options the ticket holds."},
+    {ExportVerb, "",   CoversOption,          "",      OptionKind::Flag,
+     "Export the covers; may stand with --inserts and --exceptions."},
+    {ExportVerb, "",   InsertsOption,         "",      OptionKind::Flag,
+     "Export the inserts."},
+    {ExportVerb, "",   ExceptionsOption,      "",      OptionKind::Flag,
+     "Export the exception pages."},
+    {ExportVerb, "",   WholeOption,           "",      OptionKind::Flag,
+     "Use the system's own entries of the ticket too, such as the name of the print job."},
+    {ExportVerb, "",   PageFormatOption,      "W,L,O", OptionKind::Text,
+     "The page that the job is laid out for: width and length in points, as the page lies, and "
+     "0 portrait, 1 landscape, 2 reverse portrait or 3 reverse landscape. A4 is 595,842,0. Only "
+     "a job without a paper size of its own asks for it."},
+    {"",         "-h", HelpOption,            "",      OptionKind::Flag,
+     "Print this help."},
+    {"",         "",   VersionOption,         "",      OptionKind::Flag,
+     "Print the version."},
+    {nullptr,    "",   "",                    "",      OptionKind::Flag, ""},
+};
+// clang-format on
+
+struct VerbRow {
+    const char* name;
+    const char* synopsis;
+    const char* summary;
+    const char* description; // paragraphs, an empty line between them
+};
+
+inline constexpr VerbRow VerbMap[] = {
+    {ExportVerb, "TICKET.plist... [-o FILE | --out-dir DIR] [OPTION...]",
+     "write job tickets as TPIF documents",                                   "Writes the TPIF document of each job ticket, the same bytes as the export of the print "
+     "dialog. A ticket is an XML property list whose root dictionary holds the entries of the job "
+     "ticket. One ticket goes to standard output unless -o or --out-dir says otherwise; several "
+     "need --out-dir.\n\n"
+     "What is exported is chosen by the entry \"com.tarvo.print.TPIFOptions\" of the ticket, or "
+     "by --all, --covers, --inserts and --exceptions, which take its place. When that chooses "
+     "nothing, the document is empty and the exit status 3.\n\n"
+     "A file is replaced whole or not at all. A ticket that cannot be exported is named with the "
+     "line and the reason; the others are exported all the same."},
+    {nullptr,    "",                                                      "", ""                            },
+};
+
+struct ExampleRow {
+    const char* verb;
+    const char* command;
+    const char* meaning;
+};
+
+inline constexpr ExampleRow ExampleMap[] = {
+    {ExportVerb, "tarvo-ticket export --all report.plist -o report.xml",
+     "Export the whole job of one ticket."                                    },
+    {ExportVerb, "tarvo-ticket export --out-dir documents tickets/*.plist",
+     "Export every ticket of a folder with the options that each one holds."  },
+    {nullptr,    "",                                                        ""},
+};
+
+struct ExitStatusRow {
+    ExitStatus status;
+    const char* meaning; // null ends the table
+};
+
+inline constexpr ExitStatusRow ExitStatusMap[] = {
+    {ExitStatus::Done,     "Done."                                                     },
+    {ExitStatus::Failed,   "The work failed."                                          },
+    {ExitStatus::WrongUse, "Wrong use; nothing was done."                              },
+    {ExitStatus::LeftOut,  "Done, but something was left out; standard error names it."},
+    {ExitStatus::Done,     nullptr                                                     },
+};
+
+} // namespace tarvo

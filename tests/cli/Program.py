@@ -1,0 +1,53 @@
+"""Runs tarvo-ticket as a process, on tickets in a folder of the test's own."""
+
+import os
+import plistlib
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+Program = os.environ["TARVO_TICKET"]
+Folder = Path(Program).parent  # of the program, its manual page and its completion
+Header = b'<?xml version="1.0" encoding="UTF-8"?>\n'
+
+Options = "com.tarvo.print.TPIFOptions"
+Whole = {Options: {"TPIFOptionAll": True}}
+Resolution = {"com.tarvo.print.Resolution": 2}
+FrontCover = {"com.tarvo.print.SpecialPages.FrontCover": {}}
+
+
+def Ticket(*parts):
+    """A ticket file with the entries of all parts."""
+    return plistlib.dumps({key: value for part in parts for key, value in part.items()})
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+
+    def write(self, name, contents):
+        path = self.folder / name
+        path.parent.mkdir(exist_ok=True)
+        path.write_bytes(contents)
+        return path
+
+    def run_program(self, *words, **settings):
+        """What the program did, run in the test's folder."""
+        settings.setdefault("stdin", None if "input" in settings else subprocess.DEVNULL)
+        settings.setdefault("stdout", subprocess.PIPE)
+        settings.setdefault("stderr", subprocess.PIPE)
+        return subprocess.run([Program, *words], cwd=self.folder, timeout=120, **settings)
+
+    def export(self, *words, **settings):
+        return self.run_program("export", *words, **settings)
+
+    def messages(self, result):
+        """The program's own lines of standard error, without its name."""
+        lines = result.stderr.decode().splitlines()
+        return [line.removeprefix("tarvo-ticket: ") for line in lines if line.startswith("tarvo-ticket: ")]
+
+    def files(self):
+        return sorted(str(path.relative_to(self.folder)) for path in self.folder.rglob("*"))
