@@ -1,0 +1,118 @@
+#include "cli/BashCompletion.h"
+
+#include "cli/OptionTable.h"
+
+#include <string_view>
+
+namespace tarvo {
+namespace {
+
+// The words that fit, one a line; $word is what has been typed.
+constexpr const char* FileWords = "compgen -f -- \"$word\"";
+constexpr const char* DirectoryWords = "compgen -d -- \"$word\"";
+constexpr const char* TicketWords =
+    "compgen -f -X '!*.plist' -- \"$word\"; compgen -d -- \"$word\"";
+
+const char* WordsOfKind(OptionKind kind)
+{
+    switch (kind) {
+    case OptionKind::File:
+        return FileWords;
+    case OptionKind::Directory:
+        return DirectoryWords;
+    case OptionKind::Tickets:
+        return TicketWords;
+    case OptionKind::Flag:
+    case OptionKind::Text:
+        break;
+    }
+    return ":"; // nothing to offer
+}
+
+std::string OptionNames(std::string_view verb)
+{
+    std::string names;
+    for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
+        const bool taken = row->verb == verb || *row->verb == '\0';
+        if (!taken || row->kind == OptionKind::Tickets) {
+            continue;
+        }
+        names += *row->shortName == '\0' ? "" : std::string(row->shortName) + ' ';
+        names += std::string(row->name) + ' ';
+    }
+    names.pop_back();
+    return names;
+}
+
+std::string Choice(const std::string& pattern, const std::string& words)
+{
+    return "        " + pattern + ") " + words + " ;;\n";
+}
+
+// What stands behind an option that takes a value.
+std::string ValueChoices()
+{
+    std::string choices;
+    for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
+        if (row->kind == OptionKind::Flag || row->kind == OptionKind::Tickets) {
+            continue;
+        }
+        const std::string verb = std::string(row->verb) + ':';
+        const std::string shortPattern = *row->shortName == '\0' ? "" : verb + row->shortName + "|";
+        choices += Choice(shortPattern + verb + row->name, WordsOfKind(row->kind));
+    }
+    return choices;
+}
+
+std::string VerbNames()
+{
+    std::string names;
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        names += std::string(row->name) + ' ';
+    }
+    return names;
+}
+
+std::string OptionChoices()
+{
+    std::string choices;
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        choices += Choice(std::string(row->name) + ":-*",
+                          "compgen -W '" + OptionNames(row->name) + "' -- \"$word\"");
+    }
+    return choices;
+}
+
+std::string ArgumentChoices()
+{
+    std::string choices;
+    for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
+        if (row->kind == OptionKind::Tickets) {
+            choices += Choice(std::string(row->verb) + ":*", WordsOfKind(row->kind));
+        }
+    }
+    return choices;
+}
+
+} // namespace
+
+std::string BashCompletion()
+{
+    return "# bash completion for tarvo-ticket\n\n"
+           "_tarvo_ticket_words()\n{\n"
+           "    local word=$1 previous=$2 verb=${COMP_WORDS[1]}\n"
+           "    if ((COMP_CWORD == 1)); then\n"
+           "        compgen -W '" +
+           VerbNames() + OptionNames("") +
+           "' -- \"$word\"\n        return\n    fi\n"
+           "    case $verb:$previous in\n" +
+           ValueChoices() + "        *) case $verb:$word in\n" + OptionChoices() +
+           ArgumentChoices() +
+           "        esac ;;\n    esac\n}\n\n"
+           "_tarvo_ticket()\n{\n"
+           "    mapfile -t COMPREPLY < <(_tarvo_ticket_words \"$2\" \"$3\" | sort -u)\n"
+           "}\n\n"
+           "complete -o filenames -F _tarvo_ticket tarvo-ticket\n";
+}
+
+} // namespace tarvo

@@ -1,0 +1,75 @@
+"""Help, manual page and completion tell one story: that of the program."""
+
+import re
+import subprocess
+import unittest
+
+from Program import Folder, ProgramTest
+
+OptionPattern = re.compile(r"(?<![\w-])--?[a-z][a-z-]*")
+Completion = Folder / "completions/tarvo-ticket"
+
+
+def OptionsOf(headings):
+    return sorted(option for heading in headings for option in OptionPattern.findall(heading))
+
+
+def Completed(folder, *words):
+    """What bash offers for the last of the words."""
+    script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); '
+              '_tarvo_ticket tarvo-ticket "${COMP_WORDS[COMP_CWORD]}" "${COMP_WORDS[COMP_CWORD-1]}"; '
+              'printf "%s\\n" "${COMPREPLY[@]}"')
+    run = subprocess.run(["bash", "-uec", script, "bash", str(Completion), "tarvo-ticket", *words], cwd=folder,
+                         capture_output=True, check=True, text=True)
+    assert run.stderr == "", run.stderr
+    return sorted(run.stdout.split("\n")[:-1])
+
+
+class Documents(ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.help = self.run_program("export", "--help").stdout.decode()
+        headings = re.findall(r"^  (?:-\w, |    )--.*?(?=  |$)", self.help, re.MULTILINE)
+        self.options = OptionsOf(headings)
+
+    def test_the_help_names_options_that_the_program_takes(self):
+        self.assertIn("--page-format", self.options)
+        for option in self.options:
+            with self.subTest(option):
+                result = self.export("--", "absent") if option == "-h" else self.export(option)
+                self.assertNotIn(b"unknown option", result.stderr)
+        self.assertLessEqual(max(map(len, self.help.splitlines())), 80)
+
+    def test_the_manual_page_is_clean_and_explains_every_option(self):
+        page = Folder / "tarvo-ticket.1"
+        source = re.sub(r"\\f[BIR]", "", page.read_text()).replace("\\-", "-")
+        formatted = subprocess.run(["groff", "-man", "-Tascii", "-ww", "-P-cbou", str(page)],
+                                   capture_output=True, check=True, text=True)
+        self.assertEqual(formatted.stderr, "")
+        headings = re.findall(r"^\.TP\n(-.*)$", source, re.MULTILINE)
+        self.assertEqual(OptionsOf(headings), self.options)
+        spaced = " ".join(formatted.stdout.split())
+        for row in re.findall(r"^  (\d)  (.*)$", self.help, re.MULTILINE):
+            self.assertIn(" ".join(row), spaced)
+
+    def test_completion_offers_what_may_stand_there(self):
+        for name in ("job one.plist", "notes.txt", "-odd.plist", "in/a.plist"):
+            self.write(name, b"")
+        cases = (
+            ("verb", [""], ["--help", "--version", "-h", "export"]),
+            ("every option", ["export", "-"], self.options),
+            ("options that begin so", ["export", "a", "--in"], ["--inserts"]),
+            ("tickets and folders", ["export", ""], ["-odd.plist", "in", "job one.plist"]),
+            ("a ticket of a folder", ["export", "in/"], ["in/a.plist"]),
+            ("a file", ["export", "-o", "n"], ["notes.txt"]),
+            ("a file, long name", ["export", "--output", "n"], ["notes.txt"]),
+            ("folders only", ["export", "--out-dir", ""], ["in"]),
+            ("nothing to offer", ["export", "--page-format", ""], [""]),
+        )
+        for name, words, expected in cases:
+            with self.subTest(name):
+                self.assertEqual(Completed(self.folder, *words), expected)
+
+
+if __name__ == "__main__":
+    unittest.main()
