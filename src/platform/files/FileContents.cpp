@@ -39,6 +39,29 @@ private:
     int number_;
 };
 
+// The file that a chain of symbolic links ends at, there or not; nullopt when it has no end.
+std::optional<std::filesystem::path> BehindLinks(std::filesystem::path path)
+{
+    constexpr int LongestChain = 40; // as in the kernel
+    std::error_code notALink;
+    for (int links = 0; links < LongestChain; ++links) {
+        const auto next = std::filesystem::read_symlink(path, notALink);
+        if (notALink) {
+            return path;
+        }
+        path = path.parent_path() / next;
+    }
+    return std::nullopt;
+}
+
+// GLib's message also names its temporary file, of which the user knows nothing.
+std::string SystemReason(const GError& error)
+{
+    const std::string_view message = error.message;
+    const std::size_t last = message.rfind(": ");
+    return std::string(last == std::string_view::npos ? message : message.substr(last + 2));
+}
+
 struct GErrorDeleter {
     void operator()(GError* error) const { g_error_free(error); }
 };
@@ -109,28 +132,35 @@ bool WriteDescriptorContents(int descriptor, std::string_view contents, std::str
 
 bool ReplaceFileContents(const std::string& path, std::string_view contents, std::string& reason)
 {
-    std::error_code ignored; // a target that cannot be resolved fails below, with its reason
-    const auto resolved = std::filesystem::weakly_canonical(path, ignored);
-    const std::string target = resolved.empty() ? path : resolved.string();
+    const auto resolved = BehindLinks(path);
+    if (!resolved) {
+        reason = SystemReason(ELOOP);
+        return false;
+    }
+    const std::string& target = resolved->native();
     struct stat status = {};
     const bool exists = stat(target.c_str(), &status) == 0;
     if (exists && !S_ISREG(status.st_mode)) {
         return WriteInPlace(target, contents, reason);
     }
-    constexpr int NewFileMode = 0666; // less the user's mask
+    constexpr mode_t NewFileMode = 0666; // less the user's mask
+    constexpr mode_t Permissions = 0777;
+    // From the beginning: what is private must not be readable for a moment either.
+    const mode_t mode = exists ? status.st_mode & Permissions : NewFileMode;
     GError* failure = nullptr;
     const auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
                                                           G_FILE_SET_CONTENTS_DURABLE);
     if (g_file_set_contents_full(target.c_str(), contents.data(),
-                                 static_cast<gssize>(contents.size()), flags, NewFileMode,
-                                 &failure) == FALSE) {
+                                 static_cast<gssize>(contents.size()), flags,
+                                 static_cast<int>(mode), &failure) == FALSE) {
         const std::unique_ptr<GError, GErrorDeleter> owner(failure);
-        reason = owner->message;
+        reason = SystemReason(*owner);
         return false;
     }
-    if (exists && chmod(target.c_str(), status.st_mode & 07777) != 0) {
-        reason = SystemReason(errno);
-        return false;
+    if (exists) {
+        // What the mask took away. The contents are in place: a file system without permissions is
+        // no failure.
+        static_cast<void>(chmod(target.c_str(), mode));
     }
     return true;
 }
