@@ -130,6 +130,10 @@ private:
 void PropertyListBuilder::fail(std::size_t line, std::string reason)
 {
     if (!error_) {
+        // A reason is one line, whatever the file holds.
+        std::replace_if(
+            reason.begin(), reason.end(), [](char letter) { return letter < ' ' && letter >= 0; },
+            ' ');
         error_ = ParseError{line, std::move(reason)};
         xmlStopParser(parser_);
     }
@@ -311,9 +315,14 @@ PropertyListBuilder& BuilderOf(void* context)
     return *static_cast<PropertyListBuilder*>(context);
 }
 
-void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*, int,
-                  const xmlChar**, int, int, const xmlChar**)
+void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*,
+                  int namespaceCount, const xmlChar**, int, int, const xmlChar**)
 {
+    // The parser walks all that are declared for every prefix it meets.
+    if (namespaceCount != 0) {
+        BuilderOf(context).fail("a namespace is declared");
+        return;
+    }
     if (prefix != nullptr) {
         BuilderOf(context).fail("unknown element \"" + TextOf(prefix) + ":" + TextOf(name) + "\"");
         return;

@@ -93,6 +93,14 @@ private:
         value.visit([this](const auto& typed) { write(typed); });
     }
 
+    // The empty ones count as well.
+    void checkDepth()
+    {
+        if (open_ == PropertyListMaximumDepth) {
+            fail("values are nested deeper than " + std::to_string(PropertyListMaximumDepth));
+        }
+    }
+
     void line(std::string_view name, std::string_view content)
     {
         ((text_ += '<') += name) += '>';
@@ -142,6 +150,7 @@ private:
 
     void write(const CFArray& array)
     {
+        checkDepth();
         if (array.empty()) {
             text_ += "<array/>\n";
             return;
@@ -155,6 +164,7 @@ private:
 
     void write(const CFDictionary& dictionary)
     {
+        checkDepth();
         if (dictionary.empty()) {
             text_ += "<dict/>\n";
             return;
@@ -173,9 +183,7 @@ private:
     void enter(std::string_view tag)
     {
         text_ += tag;
-        if (++open_ > PropertyListMaximumDepth) {
-            fail("values are nested deeper than " + std::to_string(PropertyListMaximumDepth));
-        }
+        ++open_;
     }
 
     void leave(std::string_view tag)

@@ -34,7 +34,14 @@ std::size_t Utf8Length(std::string_view text)
 
 bool IsUtf8(std::string_view text)
 {
-    return g_utf8_validate_len(text.data(), text.size(), nullptr) != FALSE;
+    return ValidUtf8Prefix(text).size() == text.size();
+}
+
+std::string_view ValidUtf8Prefix(std::string_view text)
+{
+    const char* end = text.data();
+    g_utf8_validate_len(text.data(), text.size(), &end);
+    return text.substr(0, static_cast<std::size_t>(end - text.data()));
 }
 
 } // namespace tarvo

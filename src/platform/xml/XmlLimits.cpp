@@ -1,5 +1,7 @@
 #include "platform/xml/XmlLimits.h"
 
+#include "platform/text/Utf8.h"
+
 #include <algorithm>
 
 namespace tarvo {
@@ -126,15 +128,14 @@ private:
     std::size_t declarationInSubset(std::size_t position)
     {
         position_ = position;
-        if (at("<!ENTITY")) {
-            fail("entities may not be declared");
-        }
         if (at("<!--")) {
             return Behind(xml_, position + 4, "-->") - 1;
         }
         if (at("<?")) {
             return Behind(xml_, position + 2, "?>") - 1;
         }
+        fail(at("<!ENTITY") ? "entities may not be declared"
+                            : "declarations in the document type are not allowed");
         return position;
     }
 
@@ -205,6 +206,9 @@ std::optional<ParseError> CheckXmlLimits(std::string_view xml, const XmlLimits& 
     }
     if (const std::size_t nul = xml.find('\0'); nul != End) {
         return ParseError{LineAt(xml, nul), "a NUL character"};
+    }
+    if (const std::size_t valid = ValidUtf8Prefix(xml).size(); valid != xml.size()) {
+        return ParseError{LineAt(xml, valid), "not UTF-8"};
     }
     if (!StartsAsMarkup(xml)) {
         return ParseError{1, xml.empty() ? "empty" : "not an XML document"};

@@ -21,8 +21,9 @@ struct XmlLimits {
 };
 
 /// Walks the markup once, without building anything, and refuses what a parser would pay for out of
-/// proportion: size, depth, attributes, declared entities; besides NUL characters and encodings
-/// other than UTF-8, which this walk could not read. Well-formedness is left to the parser.
+/// proportion: size, depth, attributes, declarations in the document type (an entity that doubles,
+/// a default attribute for every element); besides NUL characters and what is not UTF-8, which this
+/// walk could not read. Well-formedness is left to the parser.
 /// @return the first thing that is wrong; nullopt when the document keeps the limits
 std::optional<ParseError> CheckXmlLimits(std::string_view xml, const XmlLimits& limits);
 
