@@ -29,7 +29,7 @@ public:
     void flush();
 
 private:
-    static constexpr std::size_t PieceSize = 64 * 1024;
+    static constexpr std::size_t PieceSize = std::size_t{64} * 1024;
 
     WriteFunction write_;
     std::string pending_;

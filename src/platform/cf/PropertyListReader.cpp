@@ -347,7 +347,7 @@ void ParserError(void* context, xmlErrorPtr error)
         return;
     }
     std::string reason = error->message == nullptr ? "not well-formed" : error->message;
-    reason.erase(reason.find_last_not_of("\n") + 1);
+    reason.erase(reason.find_last_not_of('\n') + 1);
     BuilderOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
 }
 

@@ -12,7 +12,7 @@ namespace tarvo {
 inline constexpr std::size_t PropertyListMaximumDepth = 200; // containers within one another
 inline constexpr std::size_t PropertyListMaximumValues = 4'000'000;
 inline constexpr XmlLimits PropertyListLimits = {
-    .bytes = 64 * 1024 * 1024,
+    .bytes = std::size_t{64} * 1024 * 1024,
     .depth = PropertyListMaximumDepth + 2, // "plist" around them, a scalar inside
     .attributes = 64,
 };

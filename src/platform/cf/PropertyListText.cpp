@@ -106,7 +106,8 @@ std::optional<CFDate> DateFromText(std::string_view text)
         return std::nullopt;
     }
     const std::int64_t daySeconds = sys_days(date).time_since_epoch().count() * std::int64_t{86400};
-    return CFDate{daySeconds + *hour * 3600 + *minute * 60 + *second};
+    const std::int64_t minutes = std::int64_t{*hour} * 60 + *minute;
+    return CFDate{daySeconds + minutes * 60 + *second};
 }
 
 std::optional<std::string> TextFromDate(CFDate date)

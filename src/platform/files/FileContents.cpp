@@ -92,7 +92,8 @@ std::optional<std::string> ReadFileContents(const std::string& path, std::size_t
 std::optional<std::string> ReadDescriptorContents(int descriptor, std::size_t maximumBytes,
                                                   std::string& reason)
 {
-    constexpr std::size_t Step = 64 * 1024;
+    constexpr std::size_t Kibibyte = 1024;
+    constexpr std::size_t Step = 64 * Kibibyte;
     struct stat status = {};
     const bool sized = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
     std::string contents;
@@ -113,7 +114,7 @@ std::optional<std::string> ReadDescriptorContents(int descriptor, std::size_t ma
         }
         wanted = Step;
     }
-    reason = "larger than " + std::to_string(maximumBytes / (1024 * 1024)) + " MiB";
+    reason = "larger than " + std::to_string(maximumBytes / (Kibibyte * Kibibyte)) + " MiB";
     return std::nullopt;
 }
 

@@ -198,8 +198,8 @@ bool StartsAsMarkup(std::string_view xml)
 std::optional<ParseError> CheckXmlLimits(std::string_view xml, const XmlLimits& limits)
 {
     if (xml.size() > limits.bytes) {
-        return ParseError{0,
-                          "larger than " + std::to_string(limits.bytes / (1024 * 1024)) + " MiB"};
+        constexpr std::size_t Mebibyte = std::size_t{1024} * 1024;
+        return ParseError{0, "larger than " + std::to_string(limits.bytes / Mebibyte) + " MiB"};
     }
     if (StartsAsUtf16(xml)) {
         return ParseError{1, "the encoding is not UTF-8"};

@@ -15,7 +15,7 @@ struct ParseError {
 
 /// Bounds that a document must keep before a parser builds anything from it.
 struct XmlLimits {
-    std::size_t bytes = 64 * 1024 * 1024;
+    std::size_t bytes = std::size_t{64} * 1024 * 1024;
     std::size_t depth = 64;      // of elements, the root being 1
     std::size_t attributes = 64; // of one element
 };
