@@ -1,7 +1,7 @@
 # Sourced by ./run and ./check: goes to the root of the project and gives them these functions.
 # shellcheck shell=bash
 
-cd "$(dirname "${BASH_SOURCE[0]}")/.."
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 
 # quietly WHAT COMMAND... - says WHAT and runs the command; its output is seen only when it fails,
 # and that ends the script.

@@ -186,14 +186,16 @@ TEST_F(FileContents, ThatCannotBeReplacedSayWhyAndStay)
 
 TEST_F(FileContents, StayInAReadOnlyFolder)
 {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "nothing is read-only for root";
-    }
     WriteBytes(path("a"), "old");
-    fs::permissions(folder_, fs::perms::owner_read | fs::perms::owner_exec);
+    fs::permissions(folder_, static_cast<fs::perms>(0555));
+    const uid_t user = geteuid();
+    constexpr uid_t Nobody = 65534; // nothing is read-only for root
+    ASSERT_EQ(user == 0 ? seteuid(Nobody) : 0, 0);
     EXPECT_FALSE(ReplaceFileContents(path("a"), "new", reason_));
+    ASSERT_EQ(user == 0 ? seteuid(user) : 0, 0);
     EXPECT_EQ(reason_, "Permission denied");
     EXPECT_EQ(BytesOf(path("a")), "old");
+    EXPECT_EQ(fileCount(), 1);
 }
 
 } // namespace
