@@ -41,10 +41,20 @@ std::string_view EntityOf(char character)
         ->text;
 }
 
-bool IsEntityLetter(char letter)
+// The length of the entity or character reference that the text begins with; 0 when it begins with
+// none that a parser knows without a declaration.
+std::size_t LengthOfEntity(std::string_view text)
 {
-    return (letter >= '0' && letter <= '9') || (letter >= 'A' && letter <= 'Z') ||
-           (letter >= 'a' && letter <= 'z') || letter == '#';
+    if (text.starts_with("&#")) {
+        const std::size_t end = text.find_first_not_of("0123456789abcdefABCDEFx", 2);
+        return end != std::string_view::npos && text[end] == ';' ? end + 1 : 0;
+    }
+    for (const Entity& entity : Entities) {
+        if (text.starts_with(entity.text)) {
+            return entity.text.size();
+        }
+    }
+    return 0;
 }
 
 } // namespace
@@ -94,12 +104,8 @@ std::string_view PrefixOfEscaped(std::string_view escaped, std::size_t maximumBy
     if (prefix.size() == escaped.size() || ampersand == std::string_view::npos) {
         return prefix;
     }
-    std::size_t end = ampersand + 1;
-    while (end < escaped.size() && IsEntityLetter(escaped[end])) {
-        ++end;
-    }
-    const bool isEntity = end > ampersand + 1 && end < escaped.size() && escaped[end] == ';';
-    return isEntity && end >= prefix.size() ? prefix.substr(0, ampersand) : prefix;
+    const bool isSplit = ampersand + LengthOfEntity(escaped.substr(ampersand)) > prefix.size();
+    return isSplit ? prefix.substr(0, ampersand) : prefix;
 }
 
 } // namespace tarvo

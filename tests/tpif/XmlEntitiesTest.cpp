@@ -44,6 +44,7 @@ TEST(PrefixOfEscaped, SplitsNeitherCharactersNorEntities)
         {"no entity",                  "a&b c;",      4, "a&b "   },
         {"no entity, no end",          "a&bcd",       3, "a&b"    },
         {"character reference",        "a&#8364;b",   5, "a"      },
+        {"undeclared entity",          "a&foo;b",     4, "a&fo"   },
         {"nothing left",               "&quot;",      5, ""       },
     };
     for (const auto& row : cases) {

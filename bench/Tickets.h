@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+
+namespace tarvo {
+
+/// A stapled two-sided job on white paper, with notes.
+CFDictionary SmallTicket();
+
+/// The small ticket with that many exception pages, each on a stock of its own.
+CFDictionary TicketWithExceptions(int count);
+
+/// The small ticket with that many inserts.
+CFDictionary TicketWithInserts(int count);
+
+} // namespace tarvo

@@ -1,0 +1,83 @@
+#!/usr/bin/env python3
+"""Turns a Google Benchmark result (JSON, aggregates) into docs/performance.md."""
+import json
+import os
+import platform
+import sys
+
+NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+
+def medians(path):
+    """name -> (nanoseconds, bytes per second or None)"""
+    with open(path, encoding="utf-8") as file:
+        rows = json.load(file)["benchmarks"]
+    result = {}
+    for row in rows:
+        if row.get("error_occurred"):
+            sys.exit(f"{row['run_name']}: {row['error_message']}")
+        if row.get("aggregate_name") == "median":
+            name = row["run_name"].removesuffix("/real_time")
+            result[name] = (
+                row["real_time"] * NANOSECONDS[row["time_unit"]],
+                row.get("bytes_per_second"),
+            )
+    return result
+
+
+def time(nanoseconds):
+    for unit, size in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
+        if nanoseconds >= size:
+            return f"{nanoseconds / size:.3g} {unit}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def speed(row):
+    return f"{row[1] / 1e6:.0f} MB/s" if row[1] else ""
+
+
+def processor():
+    with open("/proc/cpuinfo", encoding="utf-8") as file:
+        for line in file:
+            if line.startswith("model name"):
+                return line.split(":", 1)[1].strip()
+    return platform.machine()
+
+
+def main():
+    rows = medians(sys.argv[1])
+    print("# Performance\n")
+    print("Made by `bench/run`: medians of five runs of the release build. Machines differ; the")
+    print("ratios, taken in one run, are what to look at.\n")
+    print(f"Machine: {processor()}, {os.cpu_count()} cores.\n")
+
+    print("## Property lists\n")
+    print("| | time | speed | wanted |")
+    print("|---|---|---|---|")
+    for name in ("read 10 MB", "write 10 MB"):
+        row = rows["property list/" + name]
+        print(f"| {name} | {time(row[0])} | {speed(row)} | above 100 MB/s |")
+
+    print("\n## Export, beside libxml2's xmlTextWriter writing the same bytes\n")
+    print("The export reads the ticket; xmlTextWriter is handed prepared names and texts.\n")
+    print("| ticket | export | speed | xmlTextWriter | ratio | wanted |")
+    print("|---|---|---|---|---|---|")
+    wanted = {"exceptions/1500": "at most 0.5"}
+    for name in ("small ticket/1", "exceptions/1500", "exceptions/15000", "inserts/100000"):
+        ours, theirs = rows["export/" + name], rows["xmlTextWriter/" + name]
+        print(f"| {name} | {time(ours[0])} | {speed(ours)} | {time(theirs[0])} "
+              f"| {ours[0] / theirs[0]:.2f} | {wanted.get(name, '')} |")
+    growth = rows["export/exceptions/15000"][0] / rows["export/exceptions/1500"][0]
+    print(f"\nTen times the exception pages take {growth:.1f} times the time (wanted: at most 11).")
+
+    print("\n## Start of the command line\n")
+    print("| | time |")
+    print("|---|---|")
+    for name in ("true --version", "tarvo-ticket --version"):
+        print(f"| {name} | {time(rows['start/' + name][0])} |")
+    over = rows["start/tarvo-ticket --version"][0] - rows["start/true --version"][0]
+    print(f"\nDifference: {time(over)} (wanted: at most 3 ms).")
+
+
+if __name__ == "__main__":
+    main()
