@@ -9,7 +9,8 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
 def medians(path):
-    """name -> (nanoseconds, bytes per second or None)"""
+    """name -> (nanoseconds, bytes per second or None); of the processor, but of the clock where
+    another program is run"""
     with open(path, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
     result = {}
@@ -17,9 +18,10 @@ def medians(path):
         if row.get("error_occurred"):
             sys.exit(f"{row['run_name']}: {row['error_message']}")
         if row.get("aggregate_name") == "median":
+            is_process = row["run_name"].endswith("/real_time")
             name = row["run_name"].removesuffix("/real_time")
             result[name] = (
-                row["real_time"] * NANOSECONDS[row["time_unit"]],
+                row["real_time" if is_process else "cpu_time"] * NANOSECONDS[row["time_unit"]],
                 row.get("bytes_per_second"),
             )
     return result
@@ -77,6 +79,12 @@ def main():
         print(f"| {name} | {time(rows['start/' + name][0])} |")
     over = rows["start/tarvo-ticket --version"][0] - rows["start/true --version"][0]
     print(f"\nDifference: {time(over)} (wanted: at most 3 ms).")
+
+    print("\n## Hostile tickets, the whole program\n")
+    print("| | time | wanted |")
+    print("|---|---|---|")
+    for name in ("a million keys", "a text of 50 MB"):
+        print(f"| {name} | {time(rows['hostile ticket/' + name][0])} | within 1 s |")
 
 
 if __name__ == "__main__":

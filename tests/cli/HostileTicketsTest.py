@@ -10,7 +10,9 @@ from pathlib import Path
 
 from Program import Header, Options, ProgramTest
 
-CpuSeconds = float(os.environ["TARVO_CPU_SECONDS"])
+# Of the processor, which only a ticket that costs out of proportion takes; how fast the program is on
+# such tickets is the bench's.
+CpuSeconds = 60
 Chosen = f"<key>{Options}</key><dict><key>TPIFOptionAll</key><true/></dict>"
 
 
@@ -93,9 +95,6 @@ class HostileTickets(ProgramTest):
                 self.assertEqual(result.stdout.startswith(Header), status == 0)
                 self.assertIn(message, result.stderr)
                 self.assertLess(len(result.stderr), 4096)
-                for _ in range(3):  # a busy machine slows the program too
-                    if seconds >= CpuSeconds:
-                        seconds = self.timed_export(file)[1]
                 self.assertLess(seconds, CpuSeconds)
 
     def test_wrong_types_everywhere_still_give_a_document(self):

@@ -1,0 +1,98 @@
+#include "platform/files/FileContents.h"
+
+#include <benchmark/benchmark.h>
+#include <sys/wait.h>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+namespace {
+
+// Starts a program, its output thrown away, and waits for its end.
+bool RunProgram(const std::vector<std::string>& words)
+{
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    std::vector<char*> arguments;
+    for (const std::string& word : words) {
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    }
+    arguments.push_back(nullptr);
+    pid_t child = 0;
+    const int failed =
+        posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), nullptr);
+    posix_spawn_file_actions_destroy(&actions);
+    int status = 0;
+    return failed == 0 && waitpid(child, &status, 0) == child && status == 0;
+}
+
+void Run(benchmark::State& state, const std::vector<std::string>& words)
+{
+    for (auto step : state) {
+        if (!RunProgram(words)) {
+            state.SkipWithError("the program did not run");
+            return;
+        }
+    }
+}
+
+void Start(benchmark::State& state, const char* program)
+{
+    Run(state, {program, "--version"});
+}
+BENCHMARK_CAPTURE(Start, true, "/bin/true")
+    ->Name("start/true --version")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Start, ticket, TARVO_TICKET_PROGRAM)
+    ->Name("start/tarvo-ticket --version")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+std::string MillionKeys()
+{
+    std::string keys;
+    for (int number = 0; number < 1'000'000; ++number) {
+        keys += "<key>com.tarvo.key" + std::to_string(number) + "</key><true/>";
+    }
+    return keys;
+}
+
+std::string LongText()
+{
+    return "<key>com.tarvo.print.JobNotesMessage</key><string>" + std::string(50'000'000, 'x') +
+           "</string>";
+}
+
+void ExportHostile(benchmark::State& state, std::string (*entries)())
+{
+    const auto file = std::filesystem::temp_directory_path() /
+                      ("tarvo-bench-" + std::to_string(getpid()) + ".plist");
+    std::string reason;
+    if (!ReplaceFileContents(file.string(), "<plist><dict>" + entries() + "</dict></plist>",
+                             reason)) {
+        state.SkipWithError(reason.c_str());
+        return;
+    }
+    Run(state, {TARVO_TICKET_PROGRAM, "export", "--all", file.string()});
+    std::filesystem::remove(file);
+}
+BENCHMARK_CAPTURE(ExportHostile, keys, MillionKeys)
+    ->Name("hostile ticket/a million keys")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ExportHostile, text, LongText)
+    ->Name("hostile ticket/a text of 50 MB")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace tarvo
