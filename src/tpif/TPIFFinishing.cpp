@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <span>
 
 namespace tarvo {
@@ -40,8 +41,9 @@ constexpr IndexRow PunchIndexes[] = {
     {34, 33},
     {35, 34}
 };
-// Beside staples alone the driver has a further position, which no set part stands for.
-constexpr IndexRow StapledPunchIndexes[] = {
+// Beside staples or a Z-fold the driver has a further position, which the document has no value
+// for.
+constexpr IndexRow CombinedPunchIndexes[] = {
     {32, 31},
     {33, 32},
     {34, 33},
@@ -54,6 +56,17 @@ constexpr IndexRow HoleIndexes[] = {
     {5, 37}
 };
 constexpr std::int32_t DefaultHoles = 4; // three holes
+constexpr IndexRow BookletStapleIndexes[] = {
+    {8, 7}
+};
+constexpr IndexRow BookletFoldIndexes[] = {
+    {7, 10}
+};
+// No finishing and the signature booklet count as folds.
+constexpr IndexRow OptionFoldIndexes[] = {
+    {1, 9 },
+    {3, 15},
+};
 constexpr IndexRow ZFoldIndexes[] = {
     {38, 25},
     {39, 26}
@@ -177,82 +190,81 @@ void Report(const FinishingChoices& choices)
                  static_cast<long>(choices.booklet));
 }
 
-// The parts that the finishing family takes from the choices.
+// A part of the set: the choice that decides on it, and what that choice becomes.
+struct PartRule {
+    std::int32_t FinishingChoices::*choice;
+    std::span<const IndexRow> indexes;
+};
+
+constexpr PartRule NoPart = {&FinishingChoices::option, {}};
+constexpr PartRule Staples = {&FinishingChoices::staple, StapleIndexes};
+constexpr PartRule BookletStaple = {&FinishingChoices::booklet, BookletStapleIndexes};
+constexpr PartRule BookletFold = {&FinishingChoices::booklet, BookletFoldIndexes};
+constexpr PartRule OptionFold = {&FinishingChoices::option, OptionFoldIndexes};
+constexpr PartRule Bind = {&FinishingChoices::bind, BindIndexes};
+constexpr PartRule SimpleFold = {&FinishingChoices::fold, SimpleFoldIndexes};
+constexpr PartRule AdvancedFold = {&FinishingChoices::fold, AdvancedFoldIndexes};
+constexpr PartRule ZFold = {&FinishingChoices::zFold, ZFoldIndexes};
+constexpr PartRule Punch = {&FinishingChoices::punch, PunchIndexes};
+constexpr PartRule OptionPunch = {&FinishingChoices::option, PunchIndexes};
+constexpr PartRule CombinedPunch = {&FinishingChoices::punch, CombinedPunchIndexes};
+
+// Which parts a finishing family has. A family that is punched has a number of holes besides.
+struct FamilyRow {
+    std::int32_t option;
+    PartRule staple;
+    PartRule fold;
+    PartRule punch;
+};
+
+constexpr FamilyRow Families[] = {
+    {0,  BookletStaple, BookletFold,  NoPart       }, // nothing chosen: the booklet's own folding
+    {1,  NoPart,        OptionFold,   NoPart       },
+    {3,  NoPart,        OptionFold,   NoPart       },
+    {4,  Staples,       NoPart,       NoPart       },
+    {9,  Staples,       NoPart,       NoPart       },
+    {14, NoPart,        Bind,         NoPart       },
+    {18, NoPart,        SimpleFold,   NoPart       },
+    {24, BookletStaple, BookletFold,  NoPart       },
+    {25, Staples,       NoPart,       NoPart       },
+    {30, NoPart,        NoPart,       Punch        },
+    {32, NoPart,        NoPart,       OptionPunch  }, // to 35: the position itself as the family
+    {33, NoPart,        NoPart,       OptionPunch  },
+    {34, NoPart,        NoPart,       OptionPunch  },
+    {35, NoPart,        NoPart,       OptionPunch  },
+    {36, NoPart,        ZFold,        NoPart       },
+    {40, NoPart,        AdvancedFold, NoPart       },
+    {49, Staples,       NoPart,       CombinedPunch},
+    {50, Staples,       ZFold,        CombinedPunch},
+    {51, Staples,       ZFold,        NoPart       },
+    {52, NoPart,        ZFold,        CombinedPunch},
+};
+constexpr std::int32_t CustomFinishing = 22; // a template of the front end's, by name
+
 FinishingData PartsOf(const FinishingChoices& choices, const CFDictionary& settings)
 {
     FinishingData parts;
-    switch (choices.option) {
-    case 0: // nothing chosen: the booklet's own folding
-    case 24:
-        if (choices.booklet == 7) {
-            parts.fold = 10;
-        } else if (choices.booklet == 8) {
-            parts.staple = 7;
-        }
-        break;
-    case 1: // none
-        parts.fold = 9;
-        break;
-    case 3: // signature booklet
-        parts.fold = 15;
-        break;
-    case 4: // one, two and centre staples
-    case 9:
-    case 25:
-        parts.staple = IndexOf(StapleIndexes, choices.staple);
-        break;
-    case 14:
-        parts.fold = IndexOf(BindIndexes, choices.bind);
-        break;
-    case 18:
-        parts.fold = IndexOf(SimpleFoldIndexes, choices.fold);
-        break;
-    case 22:
+    if (choices.option == CustomFinishing) {
         parts.templateName = EscapedTPIFText(settings, CustomFinishingKey);
-        break;
-    case 30: // holes
-        parts.punch = IndexOf(PunchIndexes, choices.punch);
-        break;
-    case 32: // holes, the position itself
-    case 33:
-    case 34:
-    case 35:
-        parts.punch = IndexOf(PunchIndexes, choices.option);
-        break;
-    case 36:
-        parts.fold = IndexOf(ZFoldIndexes, choices.zFold);
-        break;
-    case 40:
-        parts.fold = IndexOf(AdvancedFoldIndexes, choices.fold);
-        break;
-    case 49: // staples and holes
-        parts.punch = IndexOf(StapledPunchIndexes, choices.punch);
-        parts.staple = IndexOf(StapleIndexes, choices.staple);
-        break;
-    case 50: // all three
-        parts.fold = IndexOf(ZFoldIndexes, choices.zFold);
-        parts.punch = IndexOf(StapledPunchIndexes, choices.punch);
-        parts.staple = IndexOf(StapleIndexes, choices.staple);
-        break;
-    case 51: // staples and Z-fold
-        parts.fold = IndexOf(ZFoldIndexes, choices.zFold);
-        parts.staple = IndexOf(StapleIndexes, choices.staple);
-        break;
-    case 52: // Z-fold and holes
-        parts.fold = IndexOf(ZFoldIndexes, choices.zFold);
-        parts.punch = IndexOf(StapledPunchIndexes, choices.punch);
-        break;
-    default:
-        break;
+        return parts;
+    }
+    const auto* family =
+        std::find_if(std::begin(Families), std::end(Families),
+                     [&choices](const FamilyRow& each) { return each.option == choices.option; });
+    if (family == std::end(Families)) {
+        return parts;
+    }
+    const auto index = [&choices](const PartRule& rule) {
+        return IndexOf(rule.indexes, choices.*rule.choice);
+    };
+    parts.staple = index(family->staple);
+    parts.fold = index(family->fold);
+    parts.punch = index(family->punch);
+    if (!family->punch.indexes.empty()) {
+        parts.holes =
+            IndexOf(HoleIndexes, settings.int32(HolePunchOptionsKey).value_or(DefaultHoles));
     }
     return parts;
-}
-
-bool IsPunched(std::int32_t option)
-{
-    constexpr std::int32_t PunchedOptions[] = {30, 32, 33, 34, 35, 49, 50, 52};
-    return std::find(std::begin(PunchedOptions), std::end(PunchedOptions), option) !=
-           std::end(PunchedOptions);
 }
 
 void WriteSlipSheets(TPIFChannel& writeData, const CFDictionary& settings)
@@ -334,12 +346,7 @@ void WriteTPIFFinishing(TPIFChannel& writeData, const CFDictionary& settings)
     const FinishingChoices choices(settings);
     Report(choices);
     WriteSlipSheets(writeData, settings);
-    FinishingData parts = PartsOf(choices, settings);
-    if (IsPunched(choices.option)) {
-        parts.holes =
-            IndexOf(HoleIndexes, settings.int32(HolePunchOptionsKey).value_or(DefaultHoles));
-    }
-    WriteTPifFinishing(writeData, parts);
+    WriteTPifFinishing(writeData, PartsOf(choices, settings));
     WriteTPIFOffset(writeData, settings);
 }
 
