@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <iterator>
 #include <mutex>
 
@@ -348,6 +349,9 @@ void ParserError(void* context, xmlErrorPtr error)
     }
     std::string reason = error->message == nullptr ? "not well-formed" : error->message;
     reason.erase(reason.find_last_not_of('\n') + 1);
+    if (reason.size() > 1 && std::islower(static_cast<unsigned char>(reason[1])) != 0) {
+        reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
+    }
     BuilderOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
 }
 
