@@ -22,9 +22,9 @@ Dictionary(std::initializer_list<std::pair<std::string_view, CFPropertyList>> en
     return dictionary;
 }
 
-/// What a writer puts out, its diagnostics kept off the test's output.
+/// What a writer puts out. What it puts on standard error goes to `diagnostics`, if given.
 template <typename Writer>
-std::string Written(Writer writer)
+std::string Written(Writer writer, std::string* diagnostics = nullptr)
 {
     std::string text;
     testing::internal::CaptureStderr();
@@ -32,7 +32,10 @@ std::string Written(Writer writer)
         TPIFChannel channel([&text](std::string_view piece) { text += piece; });
         writer(channel);
     }
-    testing::internal::GetCapturedStderr();
+    const std::string lines = testing::internal::GetCapturedStderr();
+    if (diagnostics != nullptr) {
+        *diagnostics = lines;
+    }
     return text;
 }
 
@@ -40,10 +43,9 @@ std::string Written(Writer writer)
 template <typename Writer>
 std::string Diagnostics(Writer writer)
 {
-    TPIFChannel channel([](std::string_view) {});
-    testing::internal::CaptureStderr();
-    writer(channel);
-    return testing::internal::GetCapturedStderr();
+    std::string lines;
+    Written(writer, &lines);
+    return lines;
 }
 
 } // namespace tarvo
