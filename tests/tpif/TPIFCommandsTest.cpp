@@ -11,7 +11,8 @@ struct CommandCase {
     const char* xml; // without its two tabs and line feed; "" writes nothing
 };
 
-// The first, the last and an unknown value of each command.
+// The first, the last and an unknown value of each command; cases/commands.txt has those of several
+// lines.
 constexpr CommandCase Lines[] = {
     {0,  -3,         "<copies syntax=\"integer\">-3</copies>"                                             },
     {0,  UnsetValue, "<copies syntax=\"integer\">-2147483648</copies>"                                    },
@@ -72,45 +73,16 @@ constexpr CommandCase Lines[] = {
     {-1, 1,          ""                                                                                   },
 };
 
-std::string Command(std::int32_t command, std::int32_t value)
-{
-    return Written([&](TPIFChannel& channel) { WriteTPifCommands(channel, command, value); });
-}
-
 TEST(SimpleElements, AreOneLineOrNothing)
 {
     for (const auto& row : Lines) {
         SCOPED_TRACE(testing::Message() << "command " << row.command << " value " << row.value);
         const std::string line(row.xml);
-        EXPECT_EQ(Command(row.command, row.value), line.empty() ? "" : "\t\t" + line + "\n");
+        EXPECT_EQ(Written([&](TPIFChannel& channel) {
+                      WriteTPifCommands(channel, row.command, row.value);
+                  }),
+                  line.empty() ? "" : "\t\t" + line + "\n");
     }
-}
-
-TEST(SimpleElements, JobOffsetIsASetWhateverItsMembers)
-{
-    const std::string start = "\t\t<job-offset syntax=\"1setOf\">\n";
-    const std::string none = "\t\t\t<value syntax=\"keyword\">none</value>\n";
-    const std::string set = "\t\t\t<value syntax=\"keyword\">offset-set</value>\n";
-    const std::string subset = "\t\t\t<value syntax=\"keyword\">offset-subset</value>\n";
-    const std::string job = "\t\t\t<value syntax=\"keyword\">offset-job</value>\n";
-    const std::string end = "\t\t</job-offset>\n";
-    EXPECT_EQ(Command(7, 0), start + none + end);
-    EXPECT_EQ(Command(7, 1), start + set + end);
-    EXPECT_EQ(Command(7, 2), start + subset + end);
-    EXPECT_EQ(Command(7, 3), start + set + subset + end);
-    EXPECT_EQ(Command(7, 4), start + job + end);
-    EXPECT_EQ(Command(7, 9), start + end);
-}
-
-TEST(SimpleElements, SomeAreBlocks)
-{
-    EXPECT_EQ(Command(8, 4), "\t\t<pages-per-subset syntax=\"1setOf\">\n"
-                             "\t\t\t<value syntax=\"integer\">4</value>\n"
-                             "\t\t</pages-per-subset>\n");
-    EXPECT_EQ(Command(11, 0), "\t\t<separator-sheets syntax=\"collection\">\n"
-                              "\t\t\t<separator-sheets-type syntax=\"keyword\">slip-sheets"
-                              "</separator-sheets-type>\n"
-                              "\t\t</separator-sheets>\n");
 }
 
 } // namespace

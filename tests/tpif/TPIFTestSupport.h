@@ -39,13 +39,4 @@ std::string Written(Writer writer, std::string* diagnostics = nullptr)
     return text;
 }
 
-/// The lines that a writer puts on standard error.
-template <typename Writer>
-std::string Diagnostics(Writer writer)
-{
-    std::string lines;
-    Written(writer, &lines);
-    return lines;
-}
-
 } // namespace tarvo
