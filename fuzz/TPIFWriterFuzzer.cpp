@@ -19,6 +19,20 @@ namespace tarvo {
 namespace {
 
 constexpr std::string_view Keys[] = {
+    FullColorBlackOverprintKey,
+    FullColorContrastKey,
+    FullColorMagentaGreenKey,
+    FullColorSaturationKey,
+    FullColorTrappingSlowKey,
+    FullColorYellowBlueKey,
+    GraphicRenderingKey,
+    GrayTextAndGraphicsProfileKey,
+    HighlightColorBKey,
+    HighlightColorGKey,
+    HighlightColorHKey,
+    HighlightColorSKey,
+    HighlightColorVKey,
+    TextRenderingKey,
     ExportAllKey,
     ExportCoversKey,
     ExportInsertsKey,

@@ -40,6 +40,20 @@ std::string FlagWithValue(std::span<char* const> words)
     return "";
 }
 
+// Which option is written as "--output=" with nothing behind it; the parser would take the next
+// word for the value. Empty when there is none.
+std::string OptionWithoutValue(std::span<char* const> words)
+{
+    for (const std::string_view word : words) {
+        for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
+            if (word.ends_with('=') && word.substr(0, word.size() - 1) == row->name) {
+                return row->name;
+            }
+        }
+    }
+    return "";
+}
+
 // The general parser, set up with the rows of one verb.
 class VerbParser {
 public:
@@ -84,6 +98,9 @@ void VerbParser::addRow(const OptionRow& row)
 
 std::string VerbParser::read(std::span<char* const> words)
 {
+    if (const std::string name = OptionWithoutValue(words); !name.empty()) {
+        return name + " needs a value";
+    }
     std::vector<std::string> reversed(words.rbegin(), words.rend()); // as the parser wants them
     try {
         parser_.parse(std::move(reversed));
@@ -102,6 +119,10 @@ std::string VerbParser::collect(Arguments& arguments) const
     for (const auto& [row, option] : options_) {
         if (row->kind != OptionKind::Flag && option->count() > 1) {
             return std::string(row->name) + " is given more than once";
+        }
+        const bool hasValue = row->kind != OptionKind::Flag && option->count() > 0;
+        if (hasValue && option->results().front().starts_with("--")) {
+            return std::string(row->name) + " needs a value";
         }
         if (option->count() > 0) {
             arguments.add(row->name, option->results());

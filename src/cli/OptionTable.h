@@ -62,7 +62,7 @@ inline constexpr OptionRow OptionMap[] = {
     {ExportVerb, "",   PageFormatOption,      "W,L,O", OptionKind::Text,
      "The page that the job is laid out for: width and length in points, as the page lies, and "
      "0 portrait, 1 landscape, 2 reverse portrait or 3 reverse landscape. A4 is 595,842,0. Only "
-     "a job without a paper size of its own asks for it."},
+     "a stock without a size asks for it."},
     {"",         "-h", HelpOption,            "",      OptionKind::Flag,
      "Print this help."},
     {"",         "",   VersionOption,         "",      OptionKind::Flag,
@@ -78,9 +78,11 @@ struct VerbRow {
     const char* description; // paragraphs, an empty line between them
 };
 
+// clang-format off
 inline constexpr VerbRow VerbMap[] = {
     {ExportVerb, "TICKET.plist... [-o FILE | --out-dir DIR] [OPTION...]",
-     "write job tickets as TPIF documents",                                   "Writes the TPIF document of each job ticket, the same bytes as the export of the print "
+     "write job tickets as TPIF documents",
+     "Writes the TPIF document of each job ticket, the same bytes as the export of the print "
      "dialog. A ticket is an XML property list whose root dictionary holds the entries of the job "
      "ticket. One ticket goes to standard output unless -o or --out-dir says otherwise; several "
      "need --out-dir.\n\n"
@@ -88,8 +90,9 @@ inline constexpr VerbRow VerbMap[] = {
      "by --all, --covers, --inserts and --exceptions, which take its place. When that chooses "
      "nothing, the document is empty and the exit status 3.\n\n"
      "A file is replaced whole or not at all. A ticket that cannot be exported is named with the "
-     "line and the reason; the others are exported all the same."},
-    {nullptr,    "",                                                      "", ""                            },
+     "line and the reason; the others are exported all the same. Lines on standard error that "
+     "begin with \"DEBUG: \" tell how the ticket was read and are no errors."},
+    {nullptr, "", "", ""},
 };
 
 struct ExampleRow {
@@ -100,11 +103,12 @@ struct ExampleRow {
 
 inline constexpr ExampleRow ExampleMap[] = {
     {ExportVerb, "tarvo-ticket export --all report.plist -o report.xml",
-     "Export the whole job of one ticket."                                    },
+     "Export the whole job of one ticket."},
     {ExportVerb, "tarvo-ticket export --out-dir documents tickets/*.plist",
-     "Export every ticket of a folder with the options that each one holds."  },
-    {nullptr,    "",                                                        ""},
+     "Export every ticket of a folder with the options that each one holds."},
+    {nullptr, "", ""},
 };
+// clang-format on
 
 struct ExitStatusRow {
     ExitStatus status;

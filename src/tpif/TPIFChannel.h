@@ -11,7 +11,8 @@ class TPIFChannel {
 public:
     using WriteFunction = std::function<void(std::string_view)>;
 
-    /// @param write  takes the text in pieces of some 64 KiB, the last one when the channel ends
+    /// @param write  takes the text in pieces, most of some 64 KiB, the last one when the channel
+    /// ends
     explicit TPIFChannel(WriteFunction write);
     TPIFChannel(const TPIFChannel&) = delete;
     TPIFChannel& operator=(const TPIFChannel&) = delete;
@@ -19,6 +20,11 @@ public:
 
     void write(std::string_view text)
     {
+        if (text.size() >= PieceSize) { // large as it is: no copy
+            flush();
+            write_(text);
+            return;
+        }
         pending_ += text;
         if (pending_.size() >= PieceSize) {
             flush();

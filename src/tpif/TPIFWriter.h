@@ -12,8 +12,9 @@ namespace tarvo {
 bool IsExportedKey(std::string_view key);
 
 /// Writes the settings of a job as a TPIF document, in one pass. Entries of another type than their
-/// writer wants count as absent. Settings without export options, and options for parts that the
-/// settings lack, write nothing at all. Says on standard error what some of the steps found.
+/// writer wants count as absent; a flag of another type is there and not true. Settings without
+/// export options, and options for parts that the settings lack, write nothing at all. Says on
+/// standard error what some of the steps found.
 /// @param settings    entries of the job ticket under their own keys
 /// @param pageFormat  whose size a stock without one takes; null when there is none
 void WriteTPIF(TPIFChannel& writeData, const CFDictionary& settings, const PageFormat* pageFormat);

@@ -61,8 +61,15 @@ std::size_t LengthOfEntity(std::string_view text)
 
 std::string XMLCreateStringByEscapingEntities(std::string_view text)
 {
+    const auto count = std::count_if(text.begin(), text.end(), [](char letter) {
+        return EscapedBytes[static_cast<unsigned char>(letter)];
+    });
+    if (count == 0) {
+        return std::string(text);
+    }
+    constexpr std::size_t LongestEntity = 6;
     std::string escaped;
-    escaped.reserve(text.size() + text.size() / 16);
+    escaped.reserve(text.size() + static_cast<std::size_t>(count) * (LongestEntity - 1));
     std::size_t plain = 0; // the beginning of what waits to be copied
     for (std::size_t position = 0; position < text.size(); ++position) {
         if (EscapedBytes[static_cast<unsigned char>(text[position])]) {

@@ -45,6 +45,7 @@ TEST(PrefixOfEscaped, SplitsNeitherCharactersNorEntities)
         {"no entity, no end",          "a&bcd",       3, "a&b"    },
         {"character reference",        "a&#8364;b",   5, "a"      },
         {"undeclared entity",          "a&foo;b",     4, "a&fo"   },
+        {"second entity split",        "&lt;b&amp;",  8, "&lt;b"  },
         {"nothing left",               "&quot;",      5, ""       },
     };
     for (const auto& row : cases) {

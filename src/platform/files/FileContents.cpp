@@ -6,8 +6,9 @@
 #include <glib.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <charconv>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -50,6 +51,26 @@ std::optional<std::filesystem::path> BehindLinks(std::filesystem::path path)
             return path;
         }
         path = path.parent_path() / next;
+    }
+    return std::nullopt;
+}
+
+// The open descriptor that a path stands for; nullopt for any other path.
+std::optional<int> DescriptorOfPath(std::string_view path)
+{
+    if (path == "/dev/stdout") {
+        return STDOUT_FILENO;
+    }
+    if (path == "/dev/stderr") {
+        return STDERR_FILENO;
+    }
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        int number = -1;
+        const char* end = path.data() + path.size();
+        if (path.starts_with(folder) &&
+            std::from_chars(path.data() + folder.size(), end, number).ptr == end && number >= 0) {
+            return number;
+        }
     }
     return std::nullopt;
 }
@@ -133,6 +154,10 @@ bool WriteDescriptorContents(int descriptor, std::string_view contents, std::str
 
 bool ReplaceFileContents(const std::string& path, std::string_view contents, std::string& reason)
 {
+    // Opened or replaced by its name, a redirected file would lose what is in it already.
+    if (const auto descriptor = DescriptorOfPath(path)) {
+        return WriteDescriptorContents(*descriptor, contents, reason);
+    }
     const auto resolved = BehindLinks(path);
     if (!resolved) {
         reason = SystemReason(ELOOP);

@@ -66,6 +66,11 @@ private:
 
     void processingInstruction()
     {
+        if (++processingInstructions_ > limits_.processingInstructions) {
+            fail("more than " + std::to_string(limits_.processingInstructions) +
+                 " processing instructions");
+            return;
+        }
         const std::size_t behind = Behind(xml_, position_ + 2, "?>");
         if (at("<?xml ") || at("<?xml\t") || at("<?xml\n") || at("<?xml\r")) {
             declaration(xml_.substr(position_, behind - position_));
@@ -156,6 +161,10 @@ private:
         std::size_t position = position_ + 1;
         while (position < xml_.size() && xml_[position] != '>') {
             if (xml_[position] == '"' || xml_[position] == '\'') {
+                if (++attributesInAll_ > limits_.attributesInAll) {
+                    fail("more than " + std::to_string(limits_.attributesInAll) + " attributes");
+                    return;
+                }
                 if (++attributes > limits_.attributes) {
                     fail("an element has more than " + std::to_string(limits_.attributes) +
                          " attributes");
@@ -175,6 +184,8 @@ private:
     const XmlLimits& limits_;
     std::size_t position_ = 0;
     std::size_t depth_ = 0;
+    std::size_t attributesInAll_ = 0;
+    std::size_t processingInstructions_ = 0;
     std::optional<ParseError> error_;
 };
 
@@ -203,6 +214,9 @@ std::optional<ParseError> CheckXmlLimits(std::string_view xml, const XmlLimits& 
     }
     if (StartsAsUtf16(xml)) {
         return ParseError{1, "the encoding is not UTF-8"};
+    }
+    if (xml.starts_with("bplist")) {
+        return ParseError{0, "a binary property list, not XML"};
     }
     if (const std::size_t nul = xml.find('\0'); nul != End) {
         return ParseError{LineAt(xml, nul), "a NUL character"};

@@ -18,6 +18,10 @@ struct XmlLimits {
     std::size_t bytes = std::size_t{64} * 1024 * 1024;
     std::size_t depth = 64;      // of elements, the root being 1
     std::size_t attributes = 64; // of one element
+    // Of the whole document: a parser keeps every name that it meets, and takes longer for each the
+    // more there are.
+    std::size_t attributesInAll = 256;
+    std::size_t processingInstructions = 256;
 };
 
 /// Walks the markup once, without building anything, and refuses what a parser would pay for out of
