@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-#include <string>
-
 namespace tarvo {
 namespace {
 
@@ -36,17 +33,14 @@ TEST(PPDKeywords, StandForNumbersAndBack)
         EXPECT_EQ(GetTicketValueForPPDOptionKeyword(map, row.option), row.value);
         EXPECT_STREQ(GetPPDOptionKeywordForTicketValue(map, row.value), row.option);
     }
-}
-
-TEST(PPDKeywords, UnknownOnesHaveNothing)
-{
     EXPECT_EQ(GetPPDOptionMapForMainKeyword("pagesize"), nullptr);
-    EXPECT_EQ(GetPPDOptionMapForMainKeyword(""), nullptr);
-    EXPECT_EQ(GetTicketValueForPPDOptionKeyword(PageSizeMap, "letter"), -1);
-    EXPECT_EQ(GetTicketValueForPPDOptionKeyword(PageSizeMap, "Lette"), -1);
+    for (const char* unknown : {"letter", "Lette", ""}) {
+        EXPECT_EQ(GetTicketValueForPPDOptionKeyword(PageSizeMap, unknown), -1);
+    }
+    for (const std::int32_t unknown : {12, 0}) {
+        EXPECT_EQ(GetPPDOptionKeywordForTicketValue(PageSizeMap, unknown), nullptr);
+    }
     EXPECT_EQ(GetTicketValueForPPDOptionKeyword(nullptr, "Letter"), -1);
-    EXPECT_EQ(GetPPDOptionKeywordForTicketValue(PageSizeMap, 12), nullptr);
-    EXPECT_EQ(GetPPDOptionKeywordForTicketValue(PageSizeMap, 0), nullptr);
     EXPECT_EQ(GetPPDOptionKeywordForTicketValue(nullptr, 1), nullptr);
 }
 
@@ -55,11 +49,10 @@ TEST(PPDKeywords, AreUniqueWithinTheirTable)
 {
     for (const auto* main = MainKeywordMap; main->keyword != nullptr; ++main) {
         SCOPED_TRACE(main->keyword);
-        std::set<std::string> keywords;
-        std::set<std::int32_t> values;
         for (const auto* row = main->options; row->keyword != nullptr; ++row) {
-            EXPECT_TRUE(keywords.insert(row->keyword).second) << row->keyword;
-            EXPECT_TRUE(values.insert(row->value).second) << row->value;
+            EXPECT_EQ(GetTicketValueForPPDOptionKeyword(main->options, row->keyword), row->value);
+            EXPECT_STREQ(GetPPDOptionKeywordForTicketValue(main->options, row->value),
+                         row->keyword);
         }
     }
 }

@@ -16,8 +16,6 @@ struct NumberTextCase {
 
 constexpr NumberTextCase NumberTextCases[] = {
     {"no needless zero",                   1250,            2, "en_US",       "12.5"        },
-    {"decimal comma",                      1250,            2, "de_DE",       "12,5"        },
-    {"whole",                              7,               0, "en_US",       "7"           },
     {"whole, grouped",                     1234567,         0, "de_DE",       "1.234.567"   },
     {"whole keeps every digit",            123456789,       0, "en_US",       "123,456,789" },
     {"single precision",                   12345678,        2, "en_US",       "123,456.781" },
@@ -40,11 +38,8 @@ TEST(NumberText, IsWhatPeopleOfTheLocaleWrite)
 
 TEST(NumberText, OfTheProcessIsInItsLocale)
 {
-    for (const std::int32_t decimals : {0, 2}) {
-        EXPECT_EQ(
-            CreateLocalizedCFStringFromNumberWithDecimals(12345, decimals),
-            CreateLocalizedCFStringFromNumberWithDecimals(12345, decimals, uloc_getDefault()));
-    }
+    EXPECT_EQ(CreateLocalizedCFStringFromNumberWithDecimals(12345, 2),
+              CreateLocalizedCFStringFromNumberWithDecimals(12345, 2, uloc_getDefault()));
 }
 
 } // namespace
