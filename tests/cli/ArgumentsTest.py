@@ -15,39 +15,19 @@ WrongUse = (
     ("option twice", ["export", "a.plist", "-o", "x", "-o", "y"], "--output is given more than once"),
     ("a flag with a value", ["export", "a.plist", "--all=no"], "--all takes no value"),
     ("both outputs", ["export", "a.plist", "-o", "x", "--out-dir", "out"], "exclude"),
-    ("several tickets to one file", ["export", "a.plist", "b.plist", "-o", "x"], "--out-dir"),
     ("several tickets to standard output", ["export", "a.plist", "b.plist"], "--out-dir"),
     ("standard input twice", ["export", "-", "-", "--out-dir", "out"], "standard input"),
     ("one document for two tickets", ["export", "a.plist", "d/a.plist", "--out-dir", "out"], "out/a.xml"),
-    ("one ticket twice", ["export", "a.plist", "./a.plist", "--out-dir", "out"], "out/a.xml"),
     ("one file by two names", ["export", "a.plist", "b.plist", "--out-dir", "linked"], "linked/b.xml"),
-    ("the document is the ticket", ["export", "a.plist", "-o", "a.plist"], "a.plist is a ticket"),
     ("the document is a link to the ticket", ["export", "a.plist", "-o", "link"], "link is a ticket"),
     ("a document is another ticket", ["export", "x.plist", "in/x.xml", "--out-dir", "in"], "in/x.xml"),
 )
 
-# name, value, whether it is a page format
-PageFormats = (
-    ("A4", "595,842,0", True),
-    ("not whole, last orientation", "595.2756,841.8898,3", True),
-    ("orientation above", "595,842,4", False),
-    ("orientation below", "595,842,-1", False),
-    ("orientation with a fraction", "595,842,0.0", False),
-    ("no orientation", "595,842", False),
-    ("one more", "595,842,0,1", False),
-    ("a comma for the fraction", "595,2756,841,8898,0", False),
-    ("spaces", "595, 842,0", False),
-    ("a unit", "595pt,842,0", False),
-    ("exponent", "5e2,842,0", False),
-    ("hexadecimal", "0x10,842,0", False),
-    ("no width", ",842,0", False),
-    ("no length", "595,,0", False),
-    ("zero", "0,842,0", False),
-    ("negative", "595,-842,0", False),
-    ("infinite", "inf,842,0", False),
-    ("no number", "595,nan,0", False),
-    ("beyond a float", "1" + "0" * 60 + ",842,0", False),
-    ("nothing", "", False),
+PageFormats = ("595,842,0", "595.2756,841.8898,3")
+NoPageFormats = (
+    "", "595,842", "595,842,4", "595,842,-1", "595,842,0.0", "595,842,0,1", "595,2756,841,8898,0",
+    "595, 842,0", "595pt,842,0", "5e2,842,0", "0x10,842,0", ",842,0", "595,,0", "0,842,0", "595,-842,0",
+    "inf,842,0", "595,nan,0", "1" + "0" * 60 + ",842,0",
 )
 
 
@@ -76,12 +56,11 @@ class Arguments(ProgramTest):
         self.assertEqual(path.read_bytes(), Ticket(Whole))
 
     def test_page_formats(self):
-        for name, value, accepted in PageFormats:
-            with self.subTest(name):
+        for value in PageFormats + NoPageFormats:
+            with self.subTest(value):
                 result = self.export("-", "--page-format", value, input=Ticket(Whole))
-                self.assertEqual(result.returncode, 0 if accepted else 2, result.stderr)
-                if not accepted:
-                    self.assertIn(f'"{value}"', result.stderr.decode())
+                self.assertEqual(result.returncode, 0 if value in PageFormats else 2, result.stderr)
+                self.assertEqual(f'"{value}"' in result.stderr.decode(), value in NoPageFormats)
 
     def test_the_page_format_reaches_a_job_without_a_paper_size(self):
         written = [self.export("-", *words, input=Ticket(Whole)).stdout
@@ -100,10 +79,9 @@ class Arguments(ProgramTest):
         expected = self.export("a.plist", "--all").stdout
         for words in (["-ox", "--all", "a.plist"], ["--all", "a.plist", "--output=x"], ["a.plist", "--all", "-o", "x"]):
             with self.subTest(words):
+                self.write("x", b"former")
                 self.assertEqual(self.export(*words).returncode, 0)
-                written = self.folder / "x"
-                self.assertEqual(written.read_bytes(), expected)
-                written.unlink()
+                self.assertEqual((self.folder / "x").read_bytes(), expected)
 
     def test_help_and_version_are_results(self):
         for words, text in ((["--help"], b"export"), (["-h"], b"export"), (["export", "--help"], b"--out-dir"),

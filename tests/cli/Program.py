@@ -36,9 +36,8 @@ class ProgramTest(unittest.TestCase):
 
     def run_program(self, *words, **settings):
         """What the program did, run in the test's folder."""
-        settings.setdefault("stdin", None if "input" in settings else subprocess.DEVNULL)
-        settings.setdefault("stdout", subprocess.PIPE)
-        settings.setdefault("stderr", subprocess.PIPE)
+        source = None if "input" in settings else subprocess.DEVNULL
+        settings = {"stdin": source, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **settings}
         return subprocess.run([Program, *words], cwd=self.folder, timeout=120, **settings)
 
     def export(self, *words, **settings):
