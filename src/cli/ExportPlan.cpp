@@ -72,8 +72,11 @@ std::string WrongFiles(const std::vector<ExportStep>& steps)
         if (identity && inputs.contains(*identity)) {
             return step.output + " is a ticket to export and cannot be the document";
         }
-        const bool fresh = outputs.insert(step.output).second &&
-                           (!identity || presentOutputs.insert(*identity).second);
+        std::error_code ignored; // a name that cannot be resolved fails when it is written
+        const auto resolved = std::filesystem::weakly_canonical(step.output, ignored);
+        const bool fresh =
+            outputs.insert(resolved.empty() ? step.output : resolved.string()).second &&
+            (!identity || presentOutputs.insert(*identity).second);
         if (!fresh) {
             return "two tickets would be written to " + step.output;
         }

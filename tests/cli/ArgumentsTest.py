@@ -12,6 +12,8 @@ WrongUse = (
     ("unknown option", ["export", "a.plist", "--everything"], '"--everything"'),
     ("no ticket", ["export", "--all"], "no ticket"),
     ("option without its value", ["export", "a.plist", "--out-dir"], "--out-dir needs a value"),
+    ("nothing behind the sign", ["export", "--output=", "a.plist", "b.plist"], "--output needs a value"),
+    ("an option for a value", ["export", "-o", "--all", "a.plist"], "--output needs a value"),
     ("option twice", ["export", "a.plist", "-o", "x", "-o", "y"], "--output is given more than once"),
     ("a flag with a value", ["export", "a.plist", "--all=no"], "--all takes no value"),
     ("both outputs", ["export", "a.plist", "-o", "x", "--out-dir", "out"], "exclude"),

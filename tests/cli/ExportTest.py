@@ -62,6 +62,7 @@ class Export(ProgramTest):
         expected = self.export("a.b.plist").stdout
         ways = (
             (["a.b.plist", "-o", "-"], None),
+            (["a.b.plist", "-o", "/dev/stdout"], None),
             (["a.b.plist", "-o", "x.xml"], "x.xml"),
             (["a.b.plist", "--out-dir", "new/deep"], "new/deep/a.b.xml"),
             (["-", "--out-dir", "new"], "new/stdin.xml"),
@@ -73,6 +74,13 @@ class Export(ProgramTest):
                 self.assertEqual(self.messages(result), [])
                 self.assertEqual(result.stdout if file is None else (self.folder / file).read_bytes(), expected)
                 self.assertEqual(result.stdout, expected if file is None else b"")
+
+    def test_standard_output_by_name_keeps_what_is_there(self):
+        log = self.write("log", b"before\n")
+        self.write("a.plist", Ticket(Whole))
+        with log.open("ab") as output:
+            self.assertEqual(self.export("a.plist", "-o", "/dev/stdout", stdout=output).returncode, 0)
+        self.assertTrue(log.read_bytes().startswith(b"before\n" + Header))
 
     def test_an_empty_document_replaces_the_former_one(self):
         former = self.write("a.xml", b"former")

@@ -56,6 +56,7 @@ Tickets = (
     ("a control character", lambda: Text("\x01"), 1, b":1: "),
     ("an entity", lambda: b"<!DOCTYPE plist [<!ENTITY a 'bb'>]>" + Text("&a;"), 1, b":1: entities"),
     ("integer beyond 64 bits", lambda: Document(f"<key>a</key><integer>{'9' * 20}</integer>"), 1, b"bad integer"),
+    ("names without end", lambda: Document("".join(f"<array a{number}=''/>" for number in range(10**6))), 1, b"attributes"),
     ("an array as the root", lambda: b"<plist><array/></plist>", 1, b"standard input:"),
 )
 

@@ -8,9 +8,15 @@ namespace {
 // Three elements deep, two attributes.
 TEST(XmlLimits, CountWhatIsMarkupAndNothingElse)
 {
-    constexpr XmlLimits Narrow = {.bytes = 200, .depth = 3, .attributes = 2};
+    constexpr XmlLimits Narrow = {.bytes = 200,
+                                  .depth = 3,
+                                  .attributes = 2,
+                                  .attributesInAll = 3,
+                                  .processingInstructions = 2};
     constexpr const char* Deep = "elements are nested deeper than 3";
     constexpr const char* Many = "an element has more than 2 attributes";
+    constexpr const char* All = "more than 3 attributes";
+    constexpr const char* Names = "more than 2 processing instructions";
     constexpr const char* Coded = "the encoding is not UTF-8";
     // name, xml, line (0 when it passes), reason
     constexpr std::tuple<const char*, const char*, std::size_t, const char*> Cases[] = {
@@ -27,6 +33,8 @@ TEST(XmlLimits, CountWhatIsMarkupAndNothingElse)
         {"behind an attribute",           "<a><b x='/>'><c y='/'><d/>",                  1, Deep },
         {"most attributes",               "<a b='' c=\"'''\"/>",                         0, ""   },
         {"one attribute more",            "<a>\n<a b='' c='' d=''/>",                    2, Many },
+        {"attributes in all",             "<a b='' c=''><d e=''/>\n<f g=''/></a>",       2, All  },
+        {"instructions",                  "<?a?>\n<?b?>\n<?c?>",                         3, Names},
         {"document type in between",      "<!DOCTYPE a SYSTEM '>' [ ] ><a><b><c><d>",    1, Deep },
         {"end inside a document type",    "<!DOCTYPE a [",                               0, ""   },
         {"encoding in lower case",        "<?xml version='1' encoding='utf-8'?><a/>",    0, ""   },
