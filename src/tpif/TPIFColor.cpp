@@ -5,140 +5,17 @@
 #include "records/HighlightColorKeys.h"
 #include "tpif/TPIFCommands.h"
 #include "tpif/TPIFElement.h"
-#include "tpif/TPIFWord.h"
-
-#include <span>
+#include "tpif/TPIFWords.h"
 
 namespace tarvo {
 namespace {
 
-// A source profile of the printer's own.
-struct SourceWord {
-    std::int32_t kind;
-    TPIFSyntax syntax;
-    const char* word;
+// A gray source is a custom profile or none.
+constexpr TPIFWord GraySourceWords[] = {
+    {nullptr, 0},
 };
 
-constexpr SourceWord RGBSourceWords[] = {
-    {1, TPIFSyntax::Keyword, "xcc-mode-rgb"       },
-    {2, TPIFSyntax::Keyword, "xcc-mode-rgb-gamma1"},
-    {3, TPIFSyntax::Keyword, "Smpte-240m"         },
-    {4, TPIFSyntax::Keyword, "sRGB"               },
-    {6, TPIFSyntax::Name,    "Adobe RGB"          },
-};
-
-constexpr SourceWord CMYKSourceWords[] = {
-    {1,  TPIFSyntax::Keyword, "native-cmyk"                           },
-    {2,  TPIFSyntax::Keyword, "swop"                                  },
-    {4,  TPIFSyntax::Name,    "FOGRA Gloss Coated CMYK"               },
-    {5,  TPIFSyntax::Name,    "FOGRA Matte Coated CMYK"               },
-    {6,  TPIFSyntax::Name,    "FOGRA Uncoated CMYK"                   },
-    {7,  TPIFSyntax::Name,    "Japan Color 2001 Plus CMYK"            },
-    {8,  TPIFSyntax::Name,    "Japan Color 2001 (Type1:Art) CMYK"     },
-    {9,  TPIFSyntax::Name,    "Japan Color 2001 (Type2:Matte) CMYK"   },
-    {10, TPIFSyntax::Name,    "Japan Color 2001 (Type3:Coated) CMYK"  },
-    {11, TPIFSyntax::Name,    "Japan Color 2001 (Type4:Uncoated) CMYK"},
-    {12, TPIFSyntax::Name,    "FOGRA Web Offset CMYK"                 },
-    {13, TPIFSyntax::Name,    "FOGRA Plus CMYK"                       },
-    {14, TPIFSyntax::Name,    "Commercial CMYK"                       },
-    {15, TPIFSyntax::Name,    "Swop Plus CMYK"                        },
-};
-
-constexpr std::int32_t SystemSpecifiedDestination = 1;
-
-constexpr TPIFWord HighlightColorantWords[] = {
-    {"red",       1},
-    {"green",     2},
-    {"blue",      3},
-    {"royal",     4},
-    {"use-ready", 5},
-    {nullptr,     0},
-};
-
-constexpr TPIFWord HighlightMapColorWords[] = {
-    {"red",      1 },
-    {"green",    2 },
-    {"blue",     3 },
-    {"cyan",     4 },
-    {"magenta",  5 },
-    {"yellow",   6 },
-    {"cardinal", 7 },
-    {"royal",    8 },
-    {"black",    9 },
-    {"ruby",     10},
-    {"violet",   11},
-    {"brown",    12},
-    {"other",    13},
-    {nullptr,    0 },
-};
 constexpr std::int32_t CustomMappingColor = 13;
-
-constexpr TPIFWord HighlightMismatchWords[] = {
-    {"use-ready", 1},
-    {"abort",     2},
-    {"hold",      3},
-    {nullptr,     0},
-};
-
-constexpr TPIFWord HighlightMapWords[] = {
-    {"object-based",         1},
-    {"pictorial",            2},
-    {"presentation",         3},
-    {"color-to-highlight",   4},
-    {"monochrome-grayscale", 5},
-    {nullptr,                0},
-};
-
-constexpr TPIFWord HalftoneWords[] = {
-    {"85-lpi",           1 },
-    {"106-lpi",          2 },
-    {"125-lpi",          3 },
-    {"134-lpi",          4 },
-    {"156-lpi",          5 },
-    {"200-dpi",          6 },
-    {"150-dpi",          7 },
-    {"200-lpi",          8 },
-    {"300-lpi",          9 },
-    {"600-lpi",          10},
-    {"300-dpi",          11},
-    {"600-dpi",          12},
-    {"175-dpi",          13},
-    {"stochastic",       14},
-    {"53-lpi",           15},
-    {"85-lpi",           16},
-    {"106-lpi",          17},
-    {"71-lpi",           18},
-    {"85-lpi-enhanced",  19},
-    {"106-lpi-enhanced", 20},
-    {"120-lpi",          21},
-    {"141-lpi",          22},
-    {"56-lpi",           23},
-    {"60-lpi",           24},
-    {"107-lpi-normal",   25},
-    {"107-lpi-light",    26},
-    {"107-lpi-dark",     27},
-    {"151-lpi",          28},
-    {"42-lpi",           29},
-    {"125-lpi",          30},
-    {"156-lpi",          31},
-    {"54-lpi",           32},
-    {"85-lpi-normal",    33},
-    {"85-lpi-light",     34},
-    {"85-lpi-dark",      35},
-    {"106-lpi-normal",   36},
-    {"106-lpi-light",    37},
-    {"106-lpi-dark",     38},
-    {"120-lpi-normal",   39},
-    {"120-lpi-light",    40},
-    {"120-lpi-dark",     41},
-    {"125-lpi-normal",   42},
-    {"125-lpi-light",    43},
-    {"125-lpi-dark",     44},
-    {"134-lpi-normal",   45},
-    {"134-lpi-light",    46},
-    {"134-lpi-dark",     47},
-    {nullptr,            0 },
-};
 
 std::int32_t NumberOrUnset(const CFDictionary& options, std::string_view key)
 {
@@ -179,16 +56,17 @@ void WriteTPifTRC(TPIFChannel& writeData, const std::string& trc)
     }
 }
 
-void WriteSource(TPIFChannel& writeData, std::string_view element,
-                 std::span<const SourceWord> words, const ProfileData& profile)
+void WriteSource(TPIFChannel& writeData, std::string_view element, const TPIFWord* words,
+                 const ProfileData& profile)
 {
     if (!profile.name.empty()) {
         WriteTPIFElement(writeData, AttributeIndent, element, TPIFSyntax::Name, profile.name);
         return;
     }
-    for (const SourceWord& row : words) {
-        if (row.kind == profile.kind) {
-            WriteTPIFElement(writeData, AttributeIndent, element, row.syntax, row.word);
+    for (const TPIFWord* row = words; row->word != nullptr; ++row) {
+        if (row->value == profile.kind) {
+            const auto syntax = row->isName ? TPIFSyntax::Name : TPIFSyntax::Keyword;
+            WriteTPIFElement(writeData, AttributeIndent, element, syntax, row->word);
         }
     }
 }
@@ -212,9 +90,11 @@ void WriteTPifCMYKSource(TPIFChannel& writeData, const FullColorData& color)
 
 void WriteTPifGraySource(TPIFChannel& writeData, const FullColorData& color)
 {
-    WriteSource(writeData, "undefined-source-gray-images", {}, color.grayImages);
-    WriteSource(writeData, "undefined-source-gray-text", {}, color.grayTextAndGraphics);
-    WriteSource(writeData, "undefined-source-gray-graphics", {}, color.grayTextAndGraphics);
+    WriteSource(writeData, "undefined-source-gray-images", GraySourceWords, color.grayImages);
+    WriteSource(writeData, "undefined-source-gray-text", GraySourceWords,
+                color.grayTextAndGraphics);
+    WriteSource(writeData, "undefined-source-gray-graphics", GraySourceWords,
+                color.grayTextAndGraphics);
 }
 
 void WriteTPifColorDestination(TPIFChannel& writeData, std::string_view element,
@@ -222,11 +102,10 @@ void WriteTPifColorDestination(TPIFChannel& writeData, std::string_view element,
 {
     if (!destination.name.empty()) {
         WriteTPIFElement(writeData, AttributeIndent, element, TPIFSyntax::Name, destination.name);
-    } else if (destination.kind == SystemSpecifiedDestination) {
+    } else if (const char* word = WordForValue(DestinationWords, destination.kind)) {
         // Without a line feed: the front end takes the element that follows from the same line.
         const std::string name(element);
-        DevWriteTpif(writeData,
-                     "\t\t<" + name + " syntax=\"keyword\">system-specified</" + name + ">");
+        DevWriteTpif(writeData, "\t\t<" + name + " syntax=\"keyword\">" + word + "</" + name + ">");
     }
 }
 

@@ -1,7 +1,7 @@
 #include "tpif/TPIFCommands.h"
 
 #include "tpif/TPIFElement.h"
-#include "tpif/TPIFWord.h"
+#include "tpif/TPIFWords.h"
 
 #include <algorithm>
 #include <iterator>
@@ -9,96 +9,10 @@
 namespace tarvo {
 namespace {
 
-constexpr TPIFWord SidesWords[] = {
-    {"one-sided",            0},
-    {"two-sided-long-edge",  1},
-    {"two-sided-short-edge", 2},
-    {nullptr,                0},
-};
-
-constexpr TPIFWord OutputBinWords[] = {
-    {"automatic", 0},
-    {"top",       1},
-    {"stacker",   2},
-    {"side",      3},
-    {"top-1",     4},
-    {"top-2",     5},
-    {"stacker-1", 6},
-    {"stacker-2", 7},
-    {nullptr,     0},
-};
-
 constexpr TPIFWord TonerSaverWords[] = {
     {"none",     0},
     {"standard", 1},
     {nullptr,    0},
-};
-
-constexpr TPIFWord DarknessModeWords[] = {
-    {"normal",                2},
-    {"quillon900-adjustable", 3},
-    {nullptr,                 0},
-};
-
-constexpr TPIFWord PageRotationWords[] = {
-    {"rotate-0",   1},
-    {"rotate-180", 0},
-    {nullptr,      0},
-};
-
-constexpr TPIFWord OPIImageInsertionWords[] = {
-    {"insert",        0},
-    {"do-not-insert", 1},
-    {nullptr,         0},
-};
-
-constexpr TPIFWord OPIPreScanWords[] = {
-    {"no-pre-scan",         0},
-    {"pre-scan",            1},
-    {"pre-scan-and-gather", 2},
-    {nullptr,               0},
-};
-
-constexpr TPIFWord AntiAliasingWords[] = {
-    {"none",     1},
-    {"standard", 2},
-    {nullptr,    0},
-};
-
-constexpr TPIFWord TrappingWords[] = {
-    {"all",   1},
-    {"off",   2},
-    {nullptr, 0},
-};
-
-constexpr TPIFWord BlackOverprintWords[] = {
-    {"black-overprint-on",  1},
-    {"black-overprint-off", 2},
-    {nullptr,               0},
-};
-
-constexpr TPIFWord RenderingIntentWords[] = {
-    {"saturation",            1},
-    {"relative-colorimetric", 2},
-    {"absolute-colorimetric", 3},
-    {"perceptual",            4},
-    {"pure-text",             5},
-    {"automatic",             6},
-    {nullptr,                 0},
-};
-
-constexpr TPIFWord PageDeliveryWords[] = {
-    {"same-order-face-down",    2},
-    {"reverse-order-face-up",   3},
-    {"same-order-face-up",      4},
-    {"reverse-order-face-down", 5},
-    {nullptr,                   0},
-};
-
-constexpr TPIFWord ColorEffectsWords[] = {
-    {"monochrome-grayscale", 1},
-    {"color",                2},
-    {nullptr,                0},
 };
 
 // An element whose content is the value.
@@ -181,21 +95,13 @@ void WriteOrientation(TPIFChannel& writeData, std::int32_t value)
                      TPIFSyntax::Enum);
 }
 
-// The set is there for every value; 3 stands for two members.
+// The set is there for every value, with or without members.
 void WriteJobOffset(TPIFChannel& writeData, std::int32_t value)
 {
-    constexpr TPIFWord Members[] = {
-        {"none",          0},
-        {"offset-set",    1},
-        {"offset-subset", 2},
-        {"offset-set",    3},
-        {"offset-subset", 3},
-        {"offset-job",    4},
-    };
     const TPIFBlock set(writeData, AttributeIndent, "job-offset", TPIFSyntax::OneSetOf);
-    for (const TPIFWord& member : Members) {
-        if (member.value == value) {
-            WriteTPIFElement(writeData, MemberIndent, "value", TPIFSyntax::Keyword, member.word);
+    for (const TPIFWord* member = OffsetWords; member->word != nullptr; ++member) {
+        if (member->value == value) {
+            WriteTPIFElement(writeData, MemberIndent, "value", TPIFSyntax::Keyword, member->word);
         }
     }
 }
@@ -210,7 +116,7 @@ void WriteSlipSheets(TPIFChannel& writeData)
 {
     const TPIFBlock sheets(writeData, AttributeIndent, "separator-sheets", TPIFSyntax::Collection);
     WriteTPIFElement(writeData, MemberIndent, "separator-sheets-type", TPIFSyntax::Keyword,
-                     "slip-sheets");
+                     SlipSheetWords->word);
 }
 
 } // namespace

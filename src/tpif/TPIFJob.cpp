@@ -5,7 +5,7 @@
 #include "tpif/TPIFCommands.h"
 #include "tpif/TPIFDocument.h"
 #include "tpif/TPIFElement.h"
-#include "tpif/TPIFWord.h"
+#include "tpif/TPIFWords.h"
 #include "tpif/XmlEntities.h"
 
 #include <cstdio>
@@ -16,14 +16,6 @@ namespace {
 constexpr std::int32_t AccountingOn = 3;
 constexpr std::size_t LongestAccountingId = 79; // bytes
 
-constexpr TPIFWord SaveFormatWords[] = {
-    {"application/X-single-page-tiff",     1},
-    {"application/X-multi-page-tiff",      2},
-    {"application/pdf",                    3},
-    {"application/X-fast-reprint",         4},
-    {"application/X-fast-reprint-and-dri", 5},
-    {nullptr,                              0},
-};
 constexpr std::int32_t DefaultSaveFormat = 1;
 
 // Where the job goes, as the number of the output-bin command. 7 is a place without a name.
@@ -128,13 +120,11 @@ void WriteTPIFJobType(TPIFChannel& writeData, const CFDictionary& settings)
     case JobType::Hold:
         // Alone at the indent of a collection's member: the front end looks for it there.
         WriteTPIFElement(writeData, MemberIndent, "job-hold-until", TPIFSyntax::Keyword,
-                         "indefinite");
+                         HoldWords->word);
         break;
     case JobType::Save:
-        WriteDisposition(writeData, "save-only", jobType);
-        break;
     case JobType::SaveAndPrint:
-        WriteDisposition(writeData, "print-save", jobType);
+        WriteDisposition(writeData, WordForValue(SaveDispositionWords, *number), jobType);
         break;
     case JobType::BackgroundForms:
         break;

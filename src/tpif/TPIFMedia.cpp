@@ -5,7 +5,7 @@
 #include "settings/StockMaps.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFElement.h"
-#include "tpif/TPIFWord.h"
+#include "tpif/TPIFWords.h"
 #include "tpif/XmlEntities.h"
 
 #include <algorithm>
@@ -72,22 +72,6 @@ constexpr StockTypeRow StockTypeRows[] = {
 };
 // clang-format on
 
-constexpr TPIFWord ColorKeywords[] = {
-    {"white",     1 },
-    {"blue",      2 },
-    {"yellow",    3 },
-    {"green",     4 },
-    {"pink",      5 },
-    {"no-color",  6 },
-    {"buff",      7 },
-    {"goldenrod", 8 },
-    {"red",       9 },
-    {"ivory",     11},
-    {"gray",      12},
-    {"orange",    13},
-    {nullptr,     0 },
-};
-
 constexpr TPIFWord ColorNames[] = {
     {"other",   14},
     {"custom1", 15},
@@ -101,31 +85,10 @@ constexpr TPIFWord ColorNames[] = {
 };
 constexpr std::int32_t CustomColor = 10; // under a name of the user's
 
-constexpr TPIFWord CoatingWords[] = {
-    {"glossy",     1},
-    {"high-gloss", 2},
-    {"semi-gloss", 3},
-    {"satin",      4},
-    {"matte",      5},
-    {nullptr,      0},
-};
 constexpr std::int32_t Glossy = 1;
 constexpr std::int32_t CoatedNowhere = 1;
 constexpr std::int32_t CoatedInFront = 2;
 constexpr std::int32_t CoatedInBack = 4;
-
-constexpr TPIFWord FinishWords[] = {
-    {"fine",   1},
-    {"medium", 2},
-    {"coarse", 3},
-    {nullptr,  0},
-};
-
-constexpr TPIFWord GrainWords[] = {
-    {"y-grain", 1},
-    {"x-grain", 2},
-    {nullptr,   0},
-};
 
 std::string CustomName(std::string_view text)
 {
@@ -200,7 +163,7 @@ void FillMediaColor(MediaData& media, const CFDictionary& stock)
     if (!color) {
         return;
     }
-    const char* keyword = WordForValue(ColorKeywords, *color);
+    const char* keyword = WordForValue(StockColorWords, *color);
     const char* name = WordForValue(ColorNames, *color);
     media.hasColor = keyword != nullptr || name != nullptr || *color == CustomColor;
     media.colorIsName = keyword == nullptr;
@@ -318,7 +281,8 @@ void WriteCoating(TPIFChannel& writeData, const MediaData& media)
     if (!media.coatedSides) {
         return;
     }
-    const char* word = media.coatingType ? WordForValue(CoatingWords, *media.coatingType) : nullptr;
+    const char* word =
+        media.coatingType ? WordForValue(StockCoatingWords, *media.coatingType) : nullptr;
     const std::int32_t sides = *media.coatedSides;
     const char* front = sides == CoatedNowhere || sides == CoatedInBack ? "none" : word;
     const char* back = sides == CoatedNowhere || sides == CoatedInFront ? "none" : word;
@@ -380,8 +344,8 @@ void WriteTPifMedia(TPIFChannel& writeData, const MediaData& media)
     }
     WriteSize(writeData, media);
     WriteCoating(writeData, media);
-    WriteWord(writeData, "media-tooth", FinishWords, media.finish);
-    WriteWord(writeData, "media-grain", GrainWords, media.grain);
+    WriteWord(writeData, "media-tooth", StockFinishWords, media.finish);
+    WriteWord(writeData, "media-grain", StockGrainWords, media.grain);
 }
 
 void WriteTPIFPageStock(TPIFChannel& writeData, const CFDictionary& page,

@@ -8,20 +8,12 @@
 #include "tpif/TPIFElement.h"
 #include "tpif/TPIFImageShift.h"
 #include "tpif/TPIFMedia.h"
-#include "tpif/TPIFWord.h"
+#include "tpif/TPIFWords.h"
 
 #include <iterator>
 
 namespace tarvo {
 namespace {
-
-constexpr TPIFWord FrontCoverWords[] = {
-    {"print-none",  1},
-    {"print-front", 2},
-    {"print-back",  3},
-    {"print-both",  4},
-    {nullptr,       0},
-};
 
 // The only side of a back cover that is printed alone is its back: 2 and 3 share a word on purpose.
 constexpr TPIFWord BackCoverWords[] = {

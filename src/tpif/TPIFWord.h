@@ -8,6 +8,8 @@ namespace tarvo {
 struct TPIFWord {
     const char* word;
     std::int32_t value;
+    const char* keyword = nullptr; // the feature database's name for it; null when it has none
+    bool isName = false;           // the document gives it as a name, not as a keyword
 };
 
 /// @return the word of the first row with that value; null when there is none
