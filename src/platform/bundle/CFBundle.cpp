@@ -6,16 +6,15 @@
 #include <glib.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace tarvo {
 namespace {
 
 constexpr const char* LastLanguage = "en"; // its table has every key
 
-std::optional<CFDictionary> ReadTextTable(const std::string& path)
+std::optional<CFDictionary> ReadResource(const std::string& path)
 {
-    std::string reason; // unread: who sees a menu can do nothing about a broken translation
+    std::string reason; // unread: who sees a menu can do nothing about a broken resource
     const auto xml = ReadFileContents(path, PropertyListLimits.bytes, reason);
     if (!xml) {
         return std::nullopt;
@@ -41,13 +40,13 @@ std::vector<std::string> WithLastLanguage(std::vector<std::string> languages)
 } // namespace
 
 CFBundle::CFBundle(const std::string& directory, const std::vector<std::string>& languages)
+    : resources_(directory + "/Contents/Resources/")
 {
-    const std::string resources = directory + "/Contents/Resources/";
     for (const std::string& language : WithLastLanguage(languages)) {
         if (!IsFolderName(language)) {
             continue;
         }
-        if (auto table = ReadTextTable(resources + language + ".lproj/Localizable.plist")) {
+        if (auto table = ReadResource(resources_ + language + ".lproj/Localizable.plist")) {
             tables_.push_back(std::move(*table));
         }
     }
@@ -65,6 +64,11 @@ const std::string& CFBundle::localizedString(const char* key) const
         }
     }
     return NotFound;
+}
+
+std::optional<CFDictionary> CFBundle::propertyList(const std::string& name) const
+{
+    return ReadResource(resources_ + name + ".plist");
 }
 
 std::vector<std::string> UserLanguages()

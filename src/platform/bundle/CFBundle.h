@@ -2,6 +2,7 @@
 
 #include "platform/cf/CFPropertyList.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,12 @@ public:
     /// "STRING NOT FOUND" when none has, and for a null key
     const std::string& localizedString(const char* key) const;
 
+    /// Reads the resource <name>.plist, which does not depend on the language.
+    /// @return nullopt when it is absent, cannot be read or is no dictionary
+    std::optional<CFDictionary> propertyList(const std::string& name) const;
+
 private:
+    std::string resources_;            // the folder, with a slash
     std::vector<CFDictionary> tables_; // one for each language that has texts, most wanted first
 };
 
