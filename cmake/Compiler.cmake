@@ -1,6 +1,9 @@
 # Warnings, sanitizers and link options of every target.
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-Wno-restrict) # g++ 12 sees overlaps in std::string's operator+
+endif()
 if(TARVO_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()

@@ -86,7 +86,7 @@ void VerbParser::addRow(const OptionRow& row)
 {
     const std::string names =
         (*row.shortName == '\0' ? "" : std::string(row.shortName) + ",") + row.name;
-    if (row.kind == OptionKind::Tickets) {
+    if (StandsAlone(row.kind)) {
         fileRow_ = &row;
     } else if (row.kind == OptionKind::Flag) {
         options_.emplace_back(&row, parser_.add_flag(names)->disable_flag_override());

@@ -13,6 +13,8 @@ constexpr const char* DirectoryWords = "compgen -d -- \"$word\"";
 constexpr const char* TicketWords =
     "compgen -f -X '!*.plist' -- \"$word\"; compgen -d -- \"$word\"";
 
+constexpr const char* PPDWords = "compgen -f -X '!*.ppd' -- \"$word\"; compgen -d -- \"$word\"";
+
 const char* WordsOfKind(OptionKind kind)
 {
     switch (kind) {
@@ -22,6 +24,8 @@ const char* WordsOfKind(OptionKind kind)
         return DirectoryWords;
     case OptionKind::Tickets:
         return TicketWords;
+    case OptionKind::PPDs:
+        return PPDWords;
     case OptionKind::Flag:
     case OptionKind::Text:
         break;
@@ -34,7 +38,7 @@ std::string OptionNames(std::string_view verb)
     std::string names;
     for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
         const bool taken = row->verb == verb || *row->verb == '\0';
-        if (!taken || row->kind == OptionKind::Tickets) {
+        if (!taken || StandsAlone(row->kind)) {
             continue;
         }
         names += *row->shortName == '\0' ? "" : std::string(row->shortName) + ' ';
@@ -54,7 +58,7 @@ std::string ValueChoices()
 {
     std::string choices;
     for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
-        if (row->kind == OptionKind::Flag || row->kind == OptionKind::Tickets) {
+        if (row->kind == OptionKind::Flag || StandsAlone(row->kind)) {
             continue;
         }
         const std::string verb = std::string(row->verb) + ':';
@@ -87,7 +91,7 @@ std::string ArgumentChoices()
 {
     std::string choices;
     for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
-        if (row->kind == OptionKind::Tickets) {
+        if (StandsAlone(row->kind)) {
             choices += Choice(std::string(row->verb) + ":*", WordsOfKind(row->kind));
         }
     }

@@ -49,7 +49,7 @@ std::string Paragraphs(std::string_view text)
 std::string OptionHeading(const OptionRow& row)
 {
     std::string heading = "  ";
-    if (row.kind == OptionKind::Tickets) {
+    if (StandsAlone(row.kind)) {
         return heading + row.name;
     }
     heading += *row.shortName == '\0' ? "    " : std::string(row.shortName) + ", ";

@@ -3,6 +3,7 @@
 #include "cli/HelpText.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/PrinterCommand.h"
 
 #include <csignal>
 #include <exception>
@@ -18,8 +19,9 @@ struct CommandRow {
 
 // What each row of VerbMap does.
 constexpr CommandRow CommandMap[] = {
-    {ExportVerb, RunExport},
-    {nullptr,    nullptr  },
+    {ExportVerb,  RunExport },
+    {PrinterVerb, RunPrinter},
+    {nullptr,     nullptr   },
 };
 
 ExitStatus PrintVersion()

@@ -40,7 +40,7 @@ std::string Paragraphs(std::string_view text)
 
 std::string OptionHeading(const OptionRow& row)
 {
-    if (row.kind == OptionKind::Tickets) {
+    if (StandsAlone(row.kind)) {
         return std::string("\\fI") + Escaped(row.name) + "\\fR";
     }
     std::string heading = *row.shortName == '\0' ? "" : Bold(row.shortName) + ", ";

@@ -9,6 +9,7 @@ namespace tarvo {
 inline constexpr const char* ProgramName = "tarvo-ticket";
 
 inline constexpr const char* ExportVerb = "export";
+inline constexpr const char* PrinterVerb = "printer";
 
 inline constexpr const char* HelpOption = "--help";
 inline constexpr const char* VersionOption = "--version";
@@ -20,7 +21,9 @@ inline constexpr const char* InsertsOption = "--inserts";
 inline constexpr const char* ExceptionsOption = "--exceptions";
 inline constexpr const char* WholeOption = "--whole";
 inline constexpr const char* PageFormatOption = "--page-format";
+inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
+inline constexpr const char* PPDArgument = "PPD";
 
 /// What follows an option, and how a shell completes it.
 enum class OptionKind {
@@ -29,7 +32,14 @@ enum class OptionKind {
     File,
     Directory,
     Tickets, // no option: the files that stand by themselves, any number
+    PPDs,    // likewise, descriptions of printers
 };
+
+/// Whether the row is no option but the files that stand by themselves.
+constexpr bool StandsAlone(OptionKind kind)
+{
+    return kind == OptionKind::Tickets || kind == OptionKind::PPDs;
+}
 
 struct OptionRow {
     const char* verb;      // "" is the program, and so every verb
@@ -63,6 +73,10 @@ inline constexpr OptionRow OptionMap[] = {
      "The page that the job is laid out for: width and length in points, as the page lies, and "
      "0 portrait, 1 landscape, 2 reverse portrait or 3 reverse landscape. A4 is 595,842,0. Only "
      "a stock without a size asks for it."},
+    {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
+     "The description of the printer, an uncompressed PPD file."},
+    {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
+     "Print JSON for programs instead of words."},
     {"",         "-h", HelpOption,            "",      OptionKind::Flag,
      "Print this help."},
     {"",         "",   VersionOption,         "",      OptionKind::Flag,
@@ -92,6 +106,11 @@ inline constexpr VerbRow VerbMap[] = {
      "A file is replaced whole or not at all. A ticket that cannot be exported is named with the "
      "line and the reason; the others are exported all the same. Lines on standard error that "
      "begin with \"DEBUG: \" tell how the ticket was read and are no errors."},
+    {PrinterVerb, "PPD [--json]",
+     "tell what a printer offers",
+     "Tells what the printer of a PPD file offers: its options by group with their choices, what "
+     "is installed, the custom paper sizes it takes, what excludes what, and the job types and "
+     "finishing that follow. What is wrong with the file is named on standard error."},
     {nullptr, "", "", ""},
 };
 
@@ -106,6 +125,8 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Export the whole job of one ticket."},
     {ExportVerb, "tarvo-ticket export --out-dir documents tickets/*.plist",
      "Export every ticket of a folder with the options that each one holds."},
+    {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
+     "Tell what the QL900 offers."},
     {nullptr, "", ""},
 };
 // clang-format on

@@ -1,0 +1,181 @@
+#include "cli/PrinterReport.h"
+
+#include "printer/JobTypeOffers.h"
+#include "printer/PPDKeywordMaps.h"
+
+#include <algorithm>
+#include <set>
+
+namespace tarvo {
+namespace {
+
+constexpr std::string_view MakerOfFamily = "Tarvo";
+constexpr const char* FoldKeyword = "TRFoldOptions";
+constexpr std::string_view InstallableGroup = "InstallableOptions";
+constexpr std::string_view RegionKeyword = "PageRegion"; // PageSize once more, for manual feeding
+
+std::string TextOr(const std::string& text, const std::string& keyword)
+{
+    return text.empty() ? keyword : text;
+}
+
+PrinterReport::Option OptionOf(const PPDOption& from)
+{
+    PrinterReport::Option option = {
+        {from.keyword,   TextOr(from.text, from.keyword)},
+        {             }
+    };
+    for (const PPDChoice& choice : from.choices) {
+        option.choices.push_back({
+            {choice.keyword, TextOr(choice.text, choice.keyword)},
+            choice.keyword == from.defaultChoice
+        });
+    }
+    return option;
+}
+
+void AddGroup(PrinterReport& report, const PPDGroup& from)
+{
+    if (from.name == InstallableGroup) {
+        return;
+    }
+    PrinterReport::Group group = {
+        {from.name,   TextOr(from.text, from.name)},
+        {          }
+    };
+    for (const PPDOption& option : from.options) {
+        if (option.keyword != RegionKeyword) {
+            group.options.push_back(OptionOf(option));
+        }
+    }
+    report.groups.push_back(std::move(group));
+    for (const PPDGroup& subgroup : from.subgroups) {
+        AddGroup(report, subgroup);
+    }
+}
+
+PrinterReport::Named ChoiceOf(const PPDOption& option, const std::string& keyword)
+{
+    for (const PPDChoice& choice : option.choices) {
+        if (choice.keyword == keyword) {
+            return {keyword, TextOr(choice.text, keyword)};
+        }
+    }
+    return {keyword, keyword};
+}
+
+void AddInstalled(PrinterReport& report, const PPDFile& ppd, const InstallableOptions& installed)
+{
+    for (const PPDOption* option : ppd.options()) {
+        if (const std::string* chosen = installed.value(option->keyword)) {
+            report.installed.push_back({
+                {option->keyword, TextOr(option->text, option->keyword)},
+                ChoiceOf(*option, *chosen)
+            });
+        }
+    }
+}
+
+// "Fold \"Booklet\"", or "Fold" when any choice that switches it on is meant.
+std::string SideOf(const PPDFile& ppd, const std::string& keyword, const std::string& choice)
+{
+    const PPDOption* option = ppd.option(keyword);
+    std::string text = option == nullptr ? keyword : TextOr(option->text, keyword);
+    if (!choice.empty()) {
+        text += " \"" + (option == nullptr ? choice : ChoiceOf(*option, choice).text) + '"';
+    }
+    return text;
+}
+
+// Files state most constraints from both sides.
+void AddConstraints(PrinterReport& report, const PPDFile& ppd)
+{
+    std::set<std::string> known;
+    for (const PPDConstraint& pair : ppd.constraints()) {
+        if (pair.option1 == RegionKeyword || pair.option2 == RegionKeyword) {
+            continue;
+        }
+        const std::string first = SideOf(ppd, pair.option1, pair.choice1);
+        const std::string second = SideOf(ppd, pair.option2, pair.choice2);
+        if (known.insert(std::min(first, second) + '\n' + std::max(first, second)).second) {
+            report.constraints.push_back(first + " excludes " + second);
+        }
+    }
+}
+
+void AddFinishing(PrinterReport& report, const PPDFile& ppd, const InstallableOptions& installed,
+                  const CFBundle& bundle)
+{
+    const auto folds = PPDCopyOptionsForMainKeyword(ppd, FoldKeyword).value_or(PPDKeywordInfos());
+    for (FinishingOffer& offer : FinishingOffers(installed, folds)) {
+        report.finishing.push_back({
+            {offer.key, bundle.localizedString(offer.key)},
+            offer.option,
+            std::move(offer.choices)
+        });
+    }
+}
+
+void AddFaultsOf(PrinterReport& report, const PPDOption& option)
+{
+    std::set<std::string_view> known;
+    for (const PPDChoice& choice : option.choices) {
+        if (!known.insert(choice.keyword).second) {
+            report.faults.push_back("\"" + option.keyword + "\" has the choice \"" +
+                                    choice.keyword + "\" twice");
+        }
+    }
+    if (option.defaultChoice.empty()) {
+        report.faults.push_back("\"" + option.keyword + "\" has no default");
+    } else if (!known.contains(option.defaultChoice)) {
+        report.faults.push_back("the default \"" + option.defaultChoice + "\" of \"" +
+                                option.keyword + "\" is none of its choices");
+    }
+}
+
+void AddFaults(PrinterReport& report, const PPDFile& ppd)
+{
+    if (ppd.manufacturer().empty()) {
+        report.faults.emplace_back("no manufacturer; print dialogs won't show these features");
+    } else if (ppd.manufacturer() != MakerOfFamily) {
+        report.faults.push_back("the manufacturer is \"" + ppd.manufacturer() +
+                                "\"; print dialogs won't show these features");
+    }
+    for (const PPDOption* option : ppd.options()) {
+        AddFaultsOf(report, *option);
+    }
+    for (const auto* row = MainKeywordMap; row->keyword != nullptr; ++row) {
+        const PPDOption* option = ppd.option(row->keyword);
+        if (option == nullptr) {
+            report.faults.push_back("no \"" + std::string(row->keyword) + "\"");
+        } else if (option->type != PPDUIType::PickOne) {
+            report.faults.push_back("\"" + std::string(row->keyword) +
+                                    "\" is no PickOne, so it gets no menu");
+        }
+    }
+}
+
+} // namespace
+
+PrinterReport DescribePrinter(PPDFile ppd, const CFBundle& bundle)
+{
+    const InstallableOptions installed(ppd, nullptr, InstalledFeatures);
+    PrinterReport report;
+    report.name = ppd.nickName();
+    report.maker = ppd.manufacturer();
+    for (const PPDGroup& group : ppd.groups()) {
+        AddGroup(report, group);
+    }
+    AddInstalled(report, ppd, installed);
+    report.customSizes = ppd.customSizes();
+    AddConstraints(report, ppd);
+    const FeatureDatabase features(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
+    for (const JobTypeOffer& offer : JobTypeOffers(features)) {
+        report.jobTypes.push_back({offer.key, bundle.localizedString(offer.key)});
+    }
+    AddFinishing(report, ppd, installed, bundle);
+    AddFaults(report, ppd);
+    return report;
+}
+
+} // namespace tarvo

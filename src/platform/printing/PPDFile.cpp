@@ -1,0 +1,295 @@
+#include "platform/printing/PPDFile.h"
+
+#include "platform/bundle/CFBundle.h"
+#include "platform/files/FileContents.h"
+#include "platform/text/Utf8.h"
+
+#include <cups/ppd.h>
+#include <sys/mman.h>
+
+#include <dlfcn.h>
+#include <glib.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <memory>
+#include <sstream>
+
+// The printing system calls its reader deprecated and has no other for files.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace tarvo {
+namespace {
+
+// The library's functions, found when the first file is opened: naming the library at link time
+// would cost every start of a program some 5 ms.
+struct Reader {
+    decltype(&ppdOpenFd) openFd = nullptr;
+    decltype(&ppdClose) close = nullptr;
+    decltype(&ppdLastError) lastError = nullptr;
+    decltype(&ppdErrorString) errorString = nullptr;
+    decltype(&ppdFindCustomOption) findCustomOption = nullptr;
+    decltype(&ppdFindAttr) findAttribute = nullptr;
+    decltype(&ppdLocalize) localize = nullptr;
+};
+
+template <typename Function>
+bool Find(void* library, const char* name, Function& function)
+{
+    function = reinterpret_cast<Function>(dlsym(library, name));
+    return function != nullptr;
+}
+
+// Null when the library or one of the functions is missing. It stays loaded.
+const Reader* LoadReader()
+{
+    static Reader reader;
+    static const bool loaded = [] {
+        void* library = dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL);
+        return library != nullptr && Find(library, "ppdOpenFd", reader.openFd) &&
+               Find(library, "ppdClose", reader.close) &&
+               Find(library, "ppdLastError", reader.lastError) &&
+               Find(library, "ppdErrorString", reader.errorString) &&
+               Find(library, "ppdFindCustomOption", reader.findCustomOption) &&
+               Find(library, "ppdFindAttr", reader.findAttribute) &&
+               Find(library, "ppdLocalize", reader.localize);
+    }();
+    return loaded ? &reader : nullptr;
+}
+
+struct PPDDeleter {
+    const Reader* reader;
+    void operator()(ppd_file_t* file) const { reader->close(file); }
+};
+using OpenFile = std::unique_ptr<ppd_file_t, PPDDeleter>;
+
+// The library has decoded hexadecimal parts already and passes bytes that it knows no encoding of.
+std::string Text(const char* bytes)
+{
+    if (bytes == nullptr) {
+        return "";
+    }
+    if (IsUtf8(bytes)) {
+        return bytes;
+    }
+    const std::unique_ptr<char, decltype(&g_free)> converted(
+        g_convert(bytes, -1, "UTF-8", "MACINTOSH", nullptr, nullptr, nullptr), g_free);
+    return converted ? converted.get() : "";
+}
+
+ParseError RefusalOf(const Reader& reader)
+{
+    int line = 0;
+    const ppd_status_t status = reader.lastError(&line);
+    std::string reason = reader.errorString(status);
+    reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
+    return {static_cast<std::size_t>(std::max(line, 0)), std::move(reason)};
+}
+
+// The contents as a file of their own, which the library closes.
+int MemoryFile(std::string_view contents, std::string& reason)
+{
+    const int file = memfd_create("ppd", MFD_CLOEXEC);
+    if (file < 0 || !WriteDescriptorContents(file, contents, reason) ||
+        lseek(file, 0, SEEK_SET) != 0) {
+        reason = reason.empty() ? "no memory for the file" : reason;
+        if (file >= 0) {
+            close(file);
+        }
+        return -1;
+    }
+    return file;
+}
+
+OpenFile OpenWithReader(const std::string& path, const Reader& reader, ParseError& error)
+{
+    OpenFile none(nullptr, PPDDeleter{&reader});
+    auto contents = ReadFileContents(path, PPDMaximumBytes, error.reason);
+    if (!contents) {
+        return none;
+    }
+    if (contents->starts_with("\x1F\x8B")) { // no limit would hold for what it unpacks to
+        error.reason = "compressed; unpack it first";
+        return none;
+    }
+    const int file = MemoryFile(*contents, error.reason);
+    if (file < 0) {
+        return none;
+    }
+    OpenFile opened(reader.openFd(file), PPDDeleter{&reader});
+    if (!opened) {
+        error = RefusalOf(reader);
+    }
+    return opened;
+}
+
+// Puts the texts into the user's language if the file has it. Asked in vain, the library would look
+// for a translation of every choice.
+void Translate(ppd_file_t* file, const Reader& reader)
+{
+    const ppd_attr_t* languages = reader.findAttribute(file, "cupsLanguages", nullptr);
+    if (languages == nullptr || languages->value == nullptr) {
+        return;
+    }
+    std::istringstream list(languages->value);
+    const std::vector<std::string> offered(std::istream_iterator<std::string>(list), {});
+    for (const std::string& language : UserLanguages()) {
+        if (std::find(offered.begin(), offered.end(), language) != offered.end()) {
+            reader.localize(file);
+            return;
+        }
+    }
+}
+
+PPDOption OptionOf(ppd_file_t* file, const ppd_option_t& from, const Reader& reader)
+{
+    PPDOption option;
+    option.keyword = Text(from.keyword);
+    option.text = Text(from.text);
+    option.type = from.ui == PPD_UI_BOOLEAN   ? PPDUIType::Boolean
+                  : from.ui == PPD_UI_PICKONE ? PPDUIType::PickOne
+                                              : PPDUIType::PickMany;
+    option.defaultChoice = Text(from.defchoice);
+    const bool isCustom = reader.findCustomOption(file, from.keyword) != nullptr;
+    option.choices.reserve(static_cast<std::size_t>(from.num_choices));
+    bool marked = false;
+    for (int index = 0; index < from.num_choices; ++index) {
+        PPDChoice choice = {Text(from.choices[index].choice), Text(from.choices[index].text)};
+        if (isCustom && choice.keyword == "Custom") {
+            continue;
+        }
+        choice.isMarked = !marked && choice.keyword == option.defaultChoice;
+        marked = marked || choice.isMarked;
+        option.choices.push_back(std::move(choice));
+    }
+    return option;
+}
+
+PPDGroup GroupOf(ppd_file_t* file, const ppd_group_t& from, const Reader& reader)
+{
+    PPDGroup group = {Text(from.name), Text(from.text), {}, {}};
+    group.options.reserve(static_cast<std::size_t>(from.num_options));
+    for (int index = 0; index < from.num_options; ++index) {
+        group.options.push_back(OptionOf(file, from.options[index], reader));
+    }
+    for (int index = 0; index < from.num_subgroups; ++index) {
+        group.subgroups.push_back(GroupOf(file, from.subgroups[index], reader));
+    }
+    return group;
+}
+
+std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
+{
+    if (file.variable_sizes == 0 || file.custom_max[0] <= 0 || file.custom_max[1] <= 0) {
+        return std::nullopt;
+    }
+    return PPDSizeLimits{file.custom_min[0], file.custom_min[1], file.custom_max[0],
+                         file.custom_max[1]};
+}
+
+void Collect(const PPDGroup& group, std::vector<const PPDOption*>& options)
+{
+    for (const PPDOption& option : group.options) {
+        options.push_back(&option);
+    }
+    for (const PPDGroup& subgroup : group.subgroups) {
+        Collect(subgroup, options);
+    }
+}
+
+// Null when none of the groups has that main keyword.
+template <typename Groups>
+auto* FindOption(Groups& groups, std::string_view keyword)
+{
+    decltype(&groups.front().options.front()) found = nullptr;
+    for (auto& group : groups) {
+        for (auto& option : group.options) {
+            if (option.keyword == keyword) {
+                return &option;
+            }
+        }
+        if ((found = FindOption(group.subgroups, keyword)) != nullptr) {
+            return found;
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
+{
+    error = ParseError();
+    const Reader* reader = LoadReader();
+    if (reader == nullptr) {
+        error.reason = "the printing system's library, libcups.so.2, is missing";
+        return std::nullopt;
+    }
+    const OpenFile opened = OpenWithReader(path, *reader, error);
+    if (!opened) {
+        return std::nullopt;
+    }
+    Translate(opened.get(), *reader);
+    PPDFile file;
+    file.manufacturer_ = Text(opened->manufacturer);
+    file.nickName_ = Text(opened->nickname);
+    for (int index = 0; index < opened->num_groups; ++index) {
+        file.groups_.push_back(GroupOf(opened.get(), opened->groups[index], *reader));
+    }
+    for (int index = 0; index < opened->num_consts; ++index) {
+        const ppd_const_t& pair = opened->consts[index];
+        file.constraints_.push_back(
+            {Text(pair.option1), Text(pair.choice1), Text(pair.option2), Text(pair.choice2)});
+    }
+    file.customSizes_ = CustomSizesOf(*opened);
+    return file;
+}
+
+std::vector<const PPDOption*> PPDFile::options() const
+{
+    std::vector<const PPDOption*> options;
+    for (const PPDGroup& group : groups_) {
+        Collect(group, options);
+    }
+    return options;
+}
+
+const PPDOption* PPDFile::option(std::string_view keyword) const
+{
+    return FindOption(groups_, keyword);
+}
+
+bool PPDFile::mark(std::string_view optionKeyword, std::string_view choiceKeyword)
+{
+    PPDOption* option = FindOption(groups_, optionKeyword);
+    if (option == nullptr) {
+        return false;
+    }
+    const auto chosen = std::find_if(
+        option->choices.begin(), option->choices.end(),
+        [choiceKeyword](const PPDChoice& choice) { return choice.keyword == choiceKeyword; });
+    if (chosen == option->choices.end()) {
+        return false;
+    }
+    for (PPDChoice& choice : option->choices) {
+        choice.isMarked = false;
+    }
+    chosen->isMarked = true;
+    return true;
+}
+
+const std::string* PPDFile::markedChoice(std::string_view optionKeyword) const
+{
+    if (const PPDOption* option = this->option(optionKeyword)) {
+        for (const PPDChoice& choice : option->choices) {
+            if (choice.isMarked) {
+                return &choice.keyword;
+            }
+        }
+    }
+    return nullptr;
+}
+
+} // namespace tarvo

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "platform/xml/XmlLimits.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvo {
+
+/// How a main keyword is chosen.
+enum class PPDUIType { Boolean, PickOne, PickMany };
+
+struct PPDChoice {
+    std::string keyword;
+    std::string text;      // in the user's language where the file has it
+    bool isMarked = false; // in force, see PPDFile::mark
+};
+
+/// A main keyword with its choices.
+struct PPDOption {
+    std::string keyword;
+    std::string text;
+    PPDUIType type = PPDUIType::PickOne;
+    std::string defaultChoice; // as the file says it: maybe none of the choices, maybe ""
+    std::vector<PPDChoice> choices;
+};
+
+struct PPDGroup {
+    std::string name;
+    std::string text;
+    std::vector<PPDOption> options;
+    std::vector<PPDGroup> subgroups;
+};
+
+/// Two choices that exclude each other. An empty choice stands for each that switches the option
+/// on: all but "None", "Off" and "False".
+struct PPDConstraint {
+    std::string option1;
+    std::string choice1;
+    std::string option2;
+    std::string choice2;
+};
+
+/// Custom paper sizes that a printer takes, in points (1/72 in).
+struct PPDSizeLimits {
+    float minimumWidth = 0;
+    float minimumLength = 0;
+    float maximumWidth = 0;
+    float maximumLength = 0;
+};
+
+inline constexpr std::size_t PPDMaximumBytes = std::size_t{8} * 1024 * 1024;
+
+/// A printer's description: what its PPD file holds, as values. Texts are UTF-8.
+class PPDFile {
+public:
+    /// Reads a file, with each option's default marked. A choice "Custom" that stands for a custom
+    /// value is left out; the limits of custom sizes are kept.
+    /// @param path   of an uncompressed file of at most PPDMaximumBytes
+    /// @return nullopt with `error` filled: the line that is refused (0: none) and why
+    [[nodiscard]] static std::optional<PPDFile> Open(const std::string& path, ParseError& error);
+
+    const std::string& manufacturer() const { return manufacturer_; } // "" when the file has none
+    const std::string& nickName() const { return nickName_; }         // make and model for people
+    const std::vector<PPDGroup>& groups() const { return groups_; }   // in the file's order
+    const std::vector<PPDConstraint>& constraints() const { return constraints_; }
+    /// nullopt when the printer takes no custom sizes.
+    const std::optional<PPDSizeLimits>& customSizes() const { return customSizes_; }
+
+    /// Every main keyword in the file's order, those of subgroups behind their group's own.
+    std::vector<const PPDOption*> options() const;
+
+    /// @return the option of exactly that main keyword, owned by the file; null when absent
+    const PPDOption* option(std::string_view keyword) const;
+
+    /// Marks the first choice of exactly that keyword in place of the marked one.
+    /// @return false, with nothing changed, when there is no such option or choice
+    bool mark(std::string_view optionKeyword, std::string_view choiceKeyword);
+
+    /// @return the keyword of the marked choice, owned by the file; null when nothing is marked
+    const std::string* markedChoice(std::string_view optionKeyword) const;
+
+private:
+    std::string manufacturer_;
+    std::string nickName_;
+    std::vector<PPDGroup> groups_;
+    std::vector<PPDConstraint> constraints_;
+    std::optional<PPDSizeLimits> customSizes_;
+};
+
+} // namespace tarvo

@@ -1,0 +1,53 @@
+"""The verb "printer": what a printer offers, in words and as JSON."""
+
+import json
+import os
+import unittest
+from pathlib import Path
+
+from Program import ProgramTest
+
+Descriptions = Path(os.environ["TARVO_SOURCE_DIR"]) / "resources/ppd"
+
+
+class Printer(ProgramTest):
+    def test_the_production_printer_in_words(self):
+        result = self.run_program("printer", str(Descriptions / "TarvoQL900.ppd"))
+        self.assertEqual((result.returncode, self.messages(result)), (0, []))
+        text = result.stdout.decode()
+        for line in ("  width 152.4 to 330.2 mm (6.00 to 13.00 in)", "  Punch Unit: Not Installed", "  Secure Print",
+                     '  Booklet Maker "Not Installed" excludes Fold and Punch "Booklet Fold"', "  Multiple Finishing..."):
+            self.assertIn(line + "\n", text)
+        self.assertNotIn("STRING NOT FOUND", text)
+
+    def test_the_same_for_programs(self):
+        result = self.run_program("printer", "--json", str(Descriptions / "TarvoQL900.ppd"))
+        printer = json.loads(result.stdout)
+        self.assertEqual(printer["maker"], "Tarvo")
+        self.assertEqual(printer["customSizes"]["maximumLength"], 1368)
+        options = {option["keyword"]: option for group in printer["groups"] for option in group["options"]}
+        self.assertEqual([choice["keyword"] for choice in options["Duplex"]["choices"] if choice["default"]], ["None"])
+        self.assertIn({"keyword": "1 Staple...", "text": "1 Staple...", "option": 4, "choices": [5, 6, 7]}, printer["finishing"])
+        self.assertEqual(len(printer["constraints"]), len(set(printer["constraints"])))
+
+    def test_what_is_wrong_with_a_description_is_named(self):
+        office = self.run_program("printer", str(Descriptions / "TarvoDesk210.ppd"))
+        self.assertEqual(office.returncode, 0)
+        self.assertIn('"JCLBanner" is no PickOne', office.stderr.decode())
+        broken = self.write("broken.ppd", b'*PPD-Adobe: "4.3"\n*NickName: "x"\nnonsense\n')
+        result = self.run_program("printer", str(broken))
+        self.assertEqual(result.returncode, 1)
+        self.assertEqual(self.messages(result), [f"{broken}:3: missing asterisk in column 1"])
+        nameless = self.write("nameless.ppd", b'*PPD-Adobe: "4.3"\n*OpenUI *Jog: PickOne\n*DefaultJog: Up\n*Jog A: ""\n*Jog A: ""\n*CloseUI: *Jog\n')
+        text = self.run_program("printer", str(nameless)).stderr.decode()
+        for fault in ("no manufacturer", '"Jog" has the choice "A" twice', 'the default "Up" of "Jog"', 'no "Duplex"'):
+            self.assertIn(fault, text)
+
+    def test_wrong_use(self):
+        for words in ((), ("a.ppd", "b.ppd"), ("--all", "a.ppd")):
+            with self.subTest(words):
+                self.assertEqual(self.run_program("printer", *words).returncode, 2)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,224 @@
+#include "printer/FinishingOffers.h"
+#include "printer/JobTypeOffers.h"
+#include "printer/PPDText.h"
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <fstream>
+
+namespace tarvo {
+namespace {
+
+constexpr std::string_view Header = "*PPD-Adobe: \"4.3\"\n"
+                                    "*LanguageEncoding: None\n"
+                                    "*Manufacturer: \"Tarvo\"\n"
+                                    "*NickName: \"Tarvo Test\"\n";
+
+std::string PickOne(const std::string& keyword, const std::string& standard,
+                    std::initializer_list<std::string> choices)
+{
+    std::string text =
+        "*OpenUI *" + keyword + ": PickOne\n*Default" + keyword + ": " + standard + "\n";
+    for (const std::string& choice : choices) {
+        text += "*" + keyword + " " + choice + ": \"\"\n";
+    }
+    return text + "*CloseUI: *" + keyword + "\n";
+}
+
+std::optional<PPDFile> Open(const std::string& text, ParseError& error)
+{
+    const std::string path = testing::TempDir() + "tarvo-" + std::to_string(getpid()) + ".ppd";
+    std::ofstream(path, std::ios::binary) << text;
+    auto ppd = PPDFile::Open(path, error);
+    std::remove(path.c_str());
+    return ppd;
+}
+
+PPDFile Printer(const std::string& options)
+{
+    ParseError error;
+    auto ppd = Open(std::string(Header) + options, error);
+    EXPECT_TRUE(ppd) << error.line << ": " << error.reason;
+    return ppd.value_or(PPDFile());
+}
+
+TEST(PPDFile, RefusesWithLineAndReason)
+{
+    const auto refusal = [](const std::string& text) {
+        ParseError error;
+        EXPECT_FALSE(Open(text, error));
+        return std::to_string(error.line) + ": " + error.reason;
+    };
+    const std::string longLine = "*X: \"" + std::string(300, 'x') + "\"\n";
+    EXPECT_EQ(refusal(""), "0: missing PPD-Adobe-4.x header");
+    EXPECT_EQ(refusal("hello\n"), "1: missing asterisk in column 1");
+    EXPECT_EQ(refusal(std::string(Header) + longLine),
+              "5: line longer than the maximum allowed (255 characters)");
+    EXPECT_EQ(refusal("\x1F\x8B\x08"), "0: compressed; unpack it first");
+    EXPECT_EQ(refusal(std::string(PPDMaximumBytes + 1, '*')), "0: larger than 8 MiB");
+    ParseError error;
+    EXPECT_FALSE(PPDFile::Open("/nonexistent.ppd", error));
+    EXPECT_EQ(error.reason, "No such file or directory");
+}
+
+TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
+{
+    PPDFile ppd =
+        Printer("*Manufacturer: \"Tarvo\"\n" + PickOne("Jog", "none", {"EndOfSet", "None"}) +
+                PickOne("MediaType", "Bond", {"Bond", "Bond", "Other/<4142> caf\x8E"}) +
+                PickOne("PageSize", "Letter", {"Letter"}) +
+                "*CustomPageSize True: \"pop\"\n"
+                "*ParamCustomPageSize Width: 1 points 432 936\n"
+                "*ParamCustomPageSize Height: 2 points 500 1368\n"
+                "*MaxMediaWidth: \"936\"\n*MaxMediaHeight: \"1368\"\n"
+                "*VariablePaperSize: True\n");
+    EXPECT_EQ(ppd.markedChoice("Jog"), nullptr); // "none" is not "None"
+    EXPECT_EQ(ppd.option("jog"), nullptr);
+    EXPECT_TRUE(ppd.mark("Jog", "EndOfSet"));
+    EXPECT_FALSE(ppd.mark("Jog", "endofset"));
+    EXPECT_EQ(*ppd.markedChoice("Jog"), "EndOfSet");
+    const auto& types = ppd.option("MediaType")->choices;
+    EXPECT_TRUE(types[0].isMarked && !types[1].isMarked);
+    EXPECT_EQ(types[2].text, "AB café"); // Mac Roman where it is no UTF-8
+    EXPECT_EQ(ppd.option("PageSize")->choices.size(), 1U);
+    ASSERT_TRUE(ppd.customSizes());
+    EXPECT_EQ(ppd.customSizes()->minimumWidth, 432);
+    EXPECT_EQ(ppd.customSizes()->maximumLength, 1368);
+}
+
+TEST(KeywordInfo, IsKeptForPickOneOnly)
+{
+    const PPDFile ppd = Printer("*OpenUI *JCLBanner: Boolean\n*DefaultJCLBanner: False\n"
+                                "*JCLBanner True: \"\"\n*JCLBanner False: \"\"\n"
+                                "*CloseUI: *JCLBanner\n" +
+                                PickOne("MediaColor", "Blue", {"White", "Blue", "Mauve"}) +
+                                PickOne("Unmapped", "A", {"A"}));
+    ASSERT_EQ(PPDCreateGlobalUIDictionary(ppd), StatusOk);
+    EXPECT_EQ(PPDCreateGlobalUIDictionary(ppd), -1);
+    const PPDUIDictionary& dictionary = *PPDGetGlobalUIDictionary();
+    EXPECT_FALSE(dictionary.contains("JCLBanner"));
+    const PPDKeywordInfos& colors = *dictionary.find("MediaColor");
+    EXPECT_TRUE(colors[1].isDefault && colors[1].isMarked && !colors[0].isDefault);
+    EXPECT_EQ(GetPPDOptionAliasForTicketValue("MediaColor", 2), "Blue");
+    EXPECT_EQ(GetPPDOptionAliasForTicketValue("MediaColor", 7), "");
+    EXPECT_EQ(GetPPDOptionAliasForTicketValue("Unmapped", 1), "");
+
+    Menu menu = {
+        {"old", 1, 0, true, {}}
+    };
+    EXPECT_EQ(PopulateMenuFromPPDOptions(menu, colors), 3);
+    EXPECT_EQ(menu[1].text, "Blue");
+    EXPECT_EQ(menu[1].value, 2);
+    EXPECT_EQ(menu[2].value, -1);
+    EXPECT_EQ(PopulateMenuFromPPDOptions(menu, *dictionary.find("Unmapped")), 1);
+    EXPECT_EQ(menu[0].value, -1);
+
+    PMTicket ticket;
+    std::int32_t index = 7;
+    EXPECT_EQ(PPDGetMainKeywordValueIndex(&ticket, "MediaColor", colors, &index), StatusOk);
+    EXPECT_EQ(index, -1);
+    EXPECT_EQ(PPDSetMainKeywordIndex(&ticket, colors, 1), StatusOk);
+    EXPECT_EQ(PPDSetMainKeywordIndex(&ticket, colors, 3), StatusBadArgument);
+    EXPECT_EQ(PPDGetMainKeywordValueIndex(&ticket, "MediaColor", colors, &index), StatusOk);
+    EXPECT_EQ(index, 1);
+    std::string value = "old";
+    EXPECT_EQ(PPDGetMainKeywordValue(&ticket, "Duplex", &value), StatusBadArgument);
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(PPDSetMainKeyword(nullptr, "Duplex", "None"), StatusBadArgument);
+    PPDReleaseGlobalUIDictionary();
+    EXPECT_EQ(PPDGetGlobalUIDictionary(), nullptr);
+}
+
+TEST(PPDDecode, EndsARunAtTheFirstCharacterThatIsNoDigit)
+{
+    EXPECT_EQ(ppd_decode("a<4142>b"), "aABb");
+    EXPECT_EQ(ppd_decode("a<b"), "a<b");
+    EXPECT_EQ(ppd_decode("a<x>"), "a<x>");
+    EXPECT_EQ(ppd_decode("<4142"), "AB");
+    EXPECT_EQ(ppd_decode("a<41 42>b"), "aAb");
+    EXPECT_EQ(ppd_decode("<4>"), "");
+    EXPECT_EQ(ppd_decode("<41>>b"), "Ab");
+    EXPECT_EQ(ppd_decode("<4g41>b"), "b");
+    EXPECT_EQ(ppd_decode("<00>a"), std::string_view("\0a", 2));
+    EXPECT_EQ(ppd_decode(std::string(600, 'x')).size(), 511U);
+}
+
+TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)
+{
+    PPDFile ppd = Printer(PickOne("Option1", "None", {"None", "DFA", "dfa"}) +
+                          PickOne("Option2", "True", {"True", "False"}));
+    PMTicket ticket;
+    ticket.ppdDictionary().set("Option1", "DFA");
+    EXPECT_EQ(LoadInstallableOptions(&ticket, ppd, InstalledFeatures), 1);
+    EXPECT_EQ(LoadInstallableOptions(&ticket, ppd, InstalledFeatures), 0);
+    EXPECT_TRUE(getInstalledFeature("Custom"));
+    EXPECT_TRUE(getInstalledFeature("SBM"));
+    EXPECT_TRUE(getInstalledFeature("Offset"));
+    EXPECT_FALSE(getInstalledFeature("1StapleBR"));
+    std::int32_t value = 0;
+    EXPECT_TRUE(getInstallableOptionTicketValue("StackerTray1Key", &value));
+    EXPECT_EQ(value, 4);
+    const CFBundle bundle("", {});
+    EXPECT_EQ(CopyLocalizedStringForInstalledFeatureFromPlugin("Offset", bundle), std::nullopt);
+    UnloadInstallableOptions();
+    EXPECT_FALSE(getInstalledFeature("Offset"));
+
+    ticket.ppdDictionary().set("Option1", "dfa");
+    EXPECT_EQ(InstallableOptions(ppd, &ticket, InstalledFeatures).qualifyingRow("Custom"), nullptr);
+}
+
+TEST(FinishingOffers, FollowFromFeaturesAndFoldOptions)
+{
+    const auto options = [](PPDFile ppd) {
+        std::vector<std::int32_t> families;
+        const auto folds = PPDCopyOptionsForMainKeyword(ppd, "TRFoldOptions");
+        const InstallableOptions installed(ppd, nullptr, InstalledFeatures);
+        for (const auto& offer : FinishingOffers(installed, folds.value_or(PPDKeywordInfos()))) {
+            families.push_back(offer.option);
+            families.insert(families.end(), offer.choices.begin(), offer.choices.end());
+        }
+        return families;
+    };
+    const std::vector<std::int32_t> plain = {0, 1, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16};
+    EXPECT_EQ(options(Printer("")), plain);
+    std::vector<std::int32_t> full = plain;
+    full.insert(full.end(), {22, 3, 30, 3, 4, 5, 36, 38, 39, 40, 47, 48, 49, 49, 50, 51, 52});
+    full.insert(full.begin() + 16, {18, 20});
+    EXPECT_EQ(
+        options(Printer(
+            PickOne("Option1", "DFA", {"DFA"}) + PickOne("Option2", "True", {"True"}) +
+            PickOne("TRFoldOptions", "None", {"None", "HolePunch", "2HolePunch", "ZTriFoldOpt"}))),
+        full);
+}
+
+TEST(JobTypeOffers, AreThePrintersAndTheProfilesByNumber)
+{
+    const auto types = [](const FeatureDatabase& features) {
+        std::vector<std::int32_t> numbers;
+        for (const JobTypeOffer& offer : JobTypeOffers(features)) {
+            numbers.push_back(offer.type);
+        }
+        return numbers;
+    };
+    const CFBundle bundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {});
+    const FeatureDatabase shipped(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
+    EXPECT_EQ(types(FeatureDatabase()), (std::vector<std::int32_t>{1, 3, 9}));
+    EXPECT_EQ(types(shipped), (std::vector<std::int32_t>{1, 2, 3, 4, 6, 7, 8, 9}));
+}
+
+TEST(MediaLimits, AreTheUsualOnesWithoutAPrinter)
+{
+    PMPrintSession session;
+    PPDSizeLimits limits;
+    EXPECT_FALSE(GetMediaLimits(nullptr, limits));
+    EXPECT_FALSE(GetMediaLimits(&session, limits));
+    session.currentPrinter = PMPrinter{"", "/nonexistent.ppd", ""};
+    EXPECT_FALSE(GetMediaLimits(&session, limits));
+    EXPECT_EQ(limits.minimumWidth, 432);
+    EXPECT_EQ(limits.maximumLength, 864);
+}
+
+} // namespace
+} // namespace tarvo
