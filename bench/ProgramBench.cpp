@@ -28,7 +28,7 @@ bool RunProgram(const std::vector<std::string>& words)
     arguments.push_back(nullptr);
     pid_t child = 0;
     const int failed =
-        posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), nullptr);
+        posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     int status = 0;
     return failed == 0 && waitpid(child, &status, 0) == child && status == 0;
@@ -54,6 +54,33 @@ BENCHMARK_CAPTURE(Start, true, "/bin/true")
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Start, ticket, TARVO_TICKET_PROGRAM)
     ->Name("start/tarvo-ticket --version")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+
+// The same description by the printing system's own program, from a queue, and by ours, from the
+// file. bench/run makes the queues.
+void ListOptions(benchmark::State& state, const char* queue)
+{
+    Run(state, {"/usr/bin/lpoptions", "-p", queue, "-l"});
+}
+void TellPrinter(benchmark::State& state, const char* file)
+{
+    Run(state, {TARVO_TICKET_PROGRAM, "printer", file});
+}
+BENCHMARK_CAPTURE(ListOptions, QL900, "ql900")
+    ->Name("lpoptions -l/QL900")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(TellPrinter, QL900, TARVO_PPD_FOLDER "/TarvoQL900.ppd")
+    ->Name("tarvo-ticket printer/QL900")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ListOptions, large, "large")
+    ->Name("lpoptions -l/1,000 options of 20 choices")
+    ->UseRealTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(TellPrinter, large, TARVO_LARGE_PPD)
+    ->Name("tarvo-ticket printer/1,000 options of 20 choices")
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
 

@@ -72,6 +72,17 @@ def main():
     growth = rows["export/exceptions/15000"][0] / rows["export/exceptions/1500"][0]
     print(f"\nTen times the exception pages take {growth:.1f} times the time (wanted: at most 11).")
 
+    print("\n## Descriptions of printers\n")
+    print("Opening and describing, beside the library's reader alone; and the whole program beside")
+    print("`lpoptions -l`, which asks a print server of its own for the file first.\n")
+    print("| PPD | describe | ppdOpenFile | ratio | wanted | tarvo-ticket printer | lpoptions -l |")
+    print("|---|---|---|---|---|---|---|")
+    for name in ("QL900", "1,000 options of 20 choices"):
+        ours, theirs = rows["describe/" + name][0], rows["ppdOpenFile/" + name][0]
+        print(f"| {name} | {time(ours)} | {time(theirs)} | {ours / theirs:.2f} | at most 1.3 "
+              f"| {time(rows['tarvo-ticket printer/' + name][0])} "
+              f"| {time(rows['lpoptions -l/' + name][0])} |")
+
     print("\n## Start of the command line\n")
     print("| | time |")
     print("|---|---|")

@@ -118,16 +118,18 @@ void AddFinishing(PrinterReport& report, const PPDFile& ppd, const InstallableOp
 
 void AddFaultsOf(PrinterReport& report, const PPDOption& option)
 {
-    std::set<std::string_view> known;
-    for (const PPDChoice& choice : option.choices) {
-        if (!known.insert(choice.keyword).second) {
-            report.faults.push_back("\"" + option.keyword + "\" has the choice \"" +
-                                    choice.keyword + "\" twice");
-        }
+    std::vector<std::string_view> keywords(option.choices.size());
+    std::transform(option.choices.begin(), option.choices.end(), keywords.begin(),
+                   [](const PPDChoice& choice) -> std::string_view { return choice.keyword; });
+    std::sort(keywords.begin(), keywords.end());
+    const auto twice = std::adjacent_find(keywords.begin(), keywords.end());
+    if (twice != keywords.end()) {
+        report.faults.push_back("\"" + option.keyword + "\" has the choice \"" +
+                                std::string(*twice) + "\" twice");
     }
     if (option.defaultChoice.empty()) {
         report.faults.push_back("\"" + option.keyword + "\" has no default");
-    } else if (!known.contains(option.defaultChoice)) {
+    } else if (!std::binary_search(keywords.begin(), keywords.end(), option.defaultChoice)) {
         report.faults.push_back("the default \"" + option.defaultChoice + "\" of \"" +
                                 option.keyword + "\" is none of its choices");
     }

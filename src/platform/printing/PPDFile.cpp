@@ -1,21 +1,24 @@
 #include "platform/printing/PPDFile.h"
 
 #include "platform/bundle/CFBundle.h"
-#include "platform/files/FileContents.h"
 #include "platform/text/Utf8.h"
 
 #include <cups/ppd.h>
-#include <sys/mman.h>
+#include <sys/stat.h>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <glib.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cerrno>
 #include <iterator>
 #include <memory>
 #include <sstream>
+#include <system_error>
 
 // The printing system calls its reader deprecated and has no other for files.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -71,8 +74,10 @@ std::string Text(const char* bytes)
     if (bytes == nullptr) {
         return "";
     }
-    if (IsUtf8(bytes)) {
-        return bytes;
+    std::string text = bytes;
+    const bool isAscii = std::all_of(text.begin(), text.end(), [](char byte) { return byte >= 0; });
+    if (isAscii || IsUtf8(text)) {
+        return text;
     }
     const std::unique_ptr<char, decltype(&g_free)> converted(
         g_convert(bytes, -1, "UTF-8", "MACINTOSH", nullptr, nullptr, nullptr), g_free);
@@ -88,35 +93,38 @@ ParseError RefusalOf(const Reader& reader)
     return {static_cast<std::size_t>(std::max(line, 0)), std::move(reason)};
 }
 
-// The contents as a file of their own, which the library closes.
-int MemoryFile(std::string_view contents, std::string& reason)
+// An open file that is regular, small enough and not packed, which the library will close; -1 with
+// the reason when there is none.
+int OpenChecked(const std::string& path, std::string& reason)
 {
-    const int file = memfd_create("ppd", MFD_CLOEXEC);
-    if (file < 0 || !WriteDescriptorContents(file, contents, reason) ||
-        lseek(file, 0, SEEK_SET) != 0) {
-        reason = reason.empty() ? "no memory for the file" : reason;
-        if (file >= 0) {
-            close(file);
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    struct stat status = {};
+    if (file < 0 || fstat(file, &status) != 0) {
+        reason = std::generic_category().message(errno);
+    } else if (!S_ISREG(status.st_mode)) {
+        reason = "not a regular file";
+    } else if (static_cast<std::size_t>(status.st_size) > PPDMaximumBytes) {
+        reason = "larger than 8 MiB";
+    } else {
+        std::array<unsigned char, 2> start = {};
+        const bool isPacked =
+            pread(file, start.data(), start.size(), 0) == 2 && start[0] == 0x1F && start[1] == 0x8B;
+        if (!isPacked) {
+            return file;
         }
-        return -1;
+        reason = "compressed; unpack it first"; // no limit would hold for what it unpacks to
     }
-    return file;
+    if (file >= 0) {
+        close(file);
+    }
+    return -1;
 }
 
 OpenFile OpenWithReader(const std::string& path, const Reader& reader, ParseError& error)
 {
-    OpenFile none(nullptr, PPDDeleter{&reader});
-    auto contents = ReadFileContents(path, PPDMaximumBytes, error.reason);
-    if (!contents) {
-        return none;
-    }
-    if (contents->starts_with("\x1F\x8B")) { // no limit would hold for what it unpacks to
-        error.reason = "compressed; unpack it first";
-        return none;
-    }
-    const int file = MemoryFile(*contents, error.reason);
+    const int file = OpenChecked(path, error.reason);
     if (file < 0) {
-        return none;
+        return {nullptr, PPDDeleter{&reader}};
     }
     OpenFile opened(reader.openFd(file), PPDDeleter{&reader});
     if (!opened) {
