@@ -61,6 +61,13 @@ TEST(PPDFile, RefusesWithLineAndReason)
     ParseError error;
     EXPECT_FALSE(PPDFile::Open("/nonexistent.ppd", error));
     EXPECT_EQ(error.reason, "No such file or directory");
+    PMTicket information;
+    EXPECT_FALSE(ppdOpenCompiledPPDFromTicket(&information, error));
+    EXPECT_EQ(error.reason, "the printer information names no PPD file");
+    information.setItem(PanelClient, PPDPathKey, TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd");
+    const auto ppd = ppdOpenCompiledPPDFromTicket(&information, error);
+    ASSERT_TRUE(ppd);
+    EXPECT_EQ(ppd->manufacturer(), "Tarvo");
 }
 
 TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)

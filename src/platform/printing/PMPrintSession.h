@@ -15,6 +15,11 @@ namespace tarvo {
 inline constexpr std::string_view JobTicketName = "PMPrintSettingsTicket";
 inline constexpr std::string_view PrinterInfoTicketName = "PMPrinterInfoTicket";
 
+// Entries of the printer information ticket, strings; whoever makes the session fills them.
+inline constexpr std::string_view MakeAndModelKey =
+    "com.apple.print.PrinterInfo.PMMakeAndModelName";
+inline constexpr std::string_view PPDPathKey = "com.tarvo.print.PrinterInfo.PPDPath";
+
 /// How the pages lie, numbered as the print dialog numbers it.
 enum class PageOrientation : std::int32_t {
     Portrait = 0,

@@ -1,6 +1,7 @@
 #include "platform/printing/PPDFile.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "platform/printing/PMPrintSession.h"
 #include "platform/text/Utf8.h"
 
 #include <cups/ppd.h>
@@ -298,6 +299,16 @@ const std::string* PPDFile::markedChoice(std::string_view optionKeyword) const
         }
     }
     return nullptr;
+}
+
+std::optional<PPDFile> ppdOpenCompiledPPDFromTicket(const PMTicket* ticket, ParseError& error)
+{
+    std::string path;
+    if (ticket == nullptr || ticket->getString(PPDPathKey, &path) != StatusOk) {
+        error = ParseError{0, "the printer information names no PPD file"};
+        return std::nullopt;
+    }
+    return PPDFile::Open(path, error);
 }
 
 } // namespace tarvo

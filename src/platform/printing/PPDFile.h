@@ -90,4 +90,12 @@ private:
     std::optional<PPDSizeLimits> customSizes_;
 };
 
+class PMTicket;
+
+/// The description that the printer information ticket names.
+/// @return nullopt with `error` filled when the ticket is null, names no file, or the file is
+/// refused
+[[nodiscard]] std::optional<PPDFile> ppdOpenCompiledPPDFromTicket(const PMTicket* ticket,
+                                                                  ParseError& error);
+
 } // namespace tarvo
