@@ -20,6 +20,14 @@ bool IsControlPair(unsigned char first, unsigned char second)
     return first == 0xC2 && second >= 0x80 && second <= 0x9F;
 }
 
+void WriteToStandardError(std::string_view text)
+{
+    std::string reason; // with standard error gone there is nobody to tell
+    static_cast<void>(WriteDescriptorContents(STDERR_FILENO, text, reason));
+}
+
+} // namespace
+
 std::string WithoutControls(std::string_view text)
 {
     std::string shown;
@@ -33,14 +41,6 @@ std::string WithoutControls(std::string_view text)
     }
     return shown;
 }
-
-void WriteToStandardError(std::string_view text)
-{
-    std::string reason; // with standard error gone there is nobody to tell
-    static_cast<void>(WriteDescriptorContents(STDERR_FILENO, text, reason));
-}
-
-} // namespace
 
 void PrintMessage(std::string_view text)
 {

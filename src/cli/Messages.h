@@ -8,6 +8,9 @@
 
 namespace tarvo {
 
+/// The text with "?" for each control character, so that no terminal obeys what a file holds.
+std::string WithoutControls(std::string_view text);
+
 /// Prints "tarvo-ticket: text" as one line on standard error. Control characters, which a file name
 /// or a ticket may hold, become "?", so that no terminal obeys them.
 void PrintMessage(std::string_view text);

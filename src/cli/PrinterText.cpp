@@ -1,3 +1,4 @@
+#include "cli/Messages.h"
 #include "cli/PrinterReport.h"
 
 #include <nlohmann/json.hpp>
@@ -38,13 +39,13 @@ void AddOptions(std::string& text, const PrinterReport& report)
 {
     AddHeading(text, "Options (* by default)");
     for (const auto& group : report.groups) {
-        text += "  " + group.text + '\n';
+        text += "  " + WithoutControls(group.text) + '\n';
         for (const auto& option : group.options) {
-            text += "    " + option.text + ':';
+            text += "    " + WithoutControls(option.text) + ':';
             const char* separator = " ";
             for (const auto& choice : option.choices) {
-                text += separator + choice.text + (choice.isDefault ? " *" : "");
-                separator = ", ";
+                text += separator + WithoutControls(choice.text) + (choice.isDefault ? " *" : "");
+                separator = "; "; // texts hold commas
             }
             text += '\n';
         }
@@ -55,7 +56,7 @@ void AddLines(std::string& text, const char* heading, const std::vector<std::str
 {
     AddHeading(text, heading);
     for (const std::string& line : lines) {
-        text += "  " + line + '\n';
+        text += "  " + WithoutControls(line) + '\n';
     }
     if (lines.empty()) {
         text += "  none\n";
@@ -117,8 +118,10 @@ nlohmann::ordered_json JsonOf(const std::optional<PPDSizeLimits>& limits)
 
 std::string PrinterText(const PrinterReport& report)
 {
-    std::string text = (report.name.empty() ? "(no name)" : report.name) + ", made by " +
-                       (report.maker.empty() ? "(unknown)" : report.maker) + '\n';
+    std::string text =
+        WithoutControls((report.name.empty() ? "(no name)" : report.name) + ", made by " +
+                        (report.maker.empty() ? "(unknown)" : report.maker)) +
+        '\n';
     AddOptions(text, report);
     std::vector<std::string> installed;
     for (const auto& option : report.installed) {

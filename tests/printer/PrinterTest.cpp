@@ -58,6 +58,12 @@ TEST(PPDFile, RefusesWithLineAndReason)
               "5: line longer than the maximum allowed (255 characters)");
     EXPECT_EQ(refusal("\x1F\x8B\x08"), "0: compressed; unpack it first");
     EXPECT_EQ(refusal(std::string(PPDMaximumBytes + 1, '*')), "0: larger than 8 MiB");
+    EXPECT_EQ(refusal(std::string(100'001, '\n')), "0: more than 100000 lines");
+    std::string many(Header);
+    for (int number = 0; number <= 10'000; ++number) {
+        many += "*OpenUI *A: Boolean\n";
+    }
+    EXPECT_EQ(refusal(many), "0: more than 10000 options");
     ParseError error;
     EXPECT_FALSE(PPDFile::Open("/nonexistent.ppd", error));
     EXPECT_EQ(error.reason, "No such file or directory");
@@ -72,15 +78,15 @@ TEST(PPDFile, RefusesWithLineAndReason)
 
 TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
 {
-    PPDFile ppd =
-        Printer("*Manufacturer: \"Tarvo\"\n" + PickOne("Jog", "none", {"EndOfSet", "None"}) +
-                PickOne("MediaType", "Bond", {"Bond", "Bond", "Other/<4142> caf\x8E"}) +
-                PickOne("PageSize", "Letter", {"Letter"}) +
-                "*CustomPageSize True: \"pop\"\n"
-                "*ParamCustomPageSize Width: 1 points 432 936\n"
-                "*ParamCustomPageSize Height: 2 points 500 1368\n"
-                "*MaxMediaWidth: \"936\"\n*MaxMediaHeight: \"1368\"\n"
-                "*VariablePaperSize: True\n");
+    PPDFile ppd = Printer(
+        "*Manufacturer: \"Tarvo\"\n" + PickOne("Jog", "none", {"EndOfSet", "None"}) +
+        PickOne("MediaType", "Bond", {"Bond", "Bond", "Other/<4142> caf\x8E"}) +
+        PickOne("PageSize", "Letter", {"Letter"}) + PickOne("PageRegion", "Letter", {"Letter"}) +
+        "*CustomPageSize True: \"pop\"\n"
+        "*ParamCustomPageSize Width: 1 points 432 936\n"
+        "*ParamCustomPageSize Height: 2 points 500 1368\n"
+        "*MaxMediaWidth: \"936\"\n*MaxMediaHeight: \"1368\"\n"
+        "*VariablePaperSize: True\n");
     EXPECT_EQ(ppd.markedChoice("Jog"), nullptr); // "none" is not "None"
     EXPECT_EQ(ppd.option("jog"), nullptr);
     EXPECT_TRUE(ppd.mark("Jog", "EndOfSet"));
@@ -90,6 +96,7 @@ TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
     EXPECT_TRUE(types[0].isMarked && !types[1].isMarked);
     EXPECT_EQ(types[2].text, "AB café"); // Mac Roman where it is no UTF-8
     EXPECT_EQ(ppd.option("PageSize")->choices.size(), 1U);
+    EXPECT_EQ(ppd.option("PageRegion")->choices.size(), 1U);
     ASSERT_TRUE(ppd.customSizes());
     EXPECT_EQ(ppd.customSizes()->minimumWidth, 432);
     EXPECT_EQ(ppd.customSizes()->maximumLength, 1368);

@@ -1,6 +1,7 @@
 #include "platform/printing/PPDFile.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "platform/files/FileContents.h"
 #include "platform/printing/PMPrintSession.h"
 #include "platform/text/Utf8.h"
 
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cctype>
 #include <cerrno>
 #include <iterator>
@@ -80,6 +80,12 @@ std::string Text(const char* bytes)
     if (isAscii || IsUtf8(text)) {
         return text;
     }
+    // Cut by the library, maybe inside a character.
+    constexpr std::size_t LongestTail = 3;
+    const std::size_t valid = ValidUtf8Prefix(text).size();
+    if (text.size() >= PPD_MAX_TEXT - 2 && text.size() - valid <= LongestTail) {
+        return text.substr(0, valid);
+    }
     const std::unique_ptr<char, decltype(&g_free)> converted(
         g_convert(bytes, -1, "UTF-8", "MACINTOSH", nullptr, nullptr, nullptr), g_free);
     return converted ? converted.get() : "";
@@ -94,6 +100,28 @@ ParseError RefusalOf(const Reader& reader)
     return {static_cast<std::size_t>(std::max(line, 0)), std::move(reason)};
 }
 
+// The library's time grows with the square of the options, and of the lines.
+constexpr std::size_t MostOptions = 10'000;
+constexpr std::size_t MostLines = 100'000;
+
+// Why the library had better not read the contents; empty when it may.
+std::string RefusalOfContents(std::string_view contents)
+{
+    if (contents.starts_with("\x1F\x8B")) { // no limit would hold for what it unpacks to
+        return "compressed; unpack it first";
+    }
+    const auto isLineEnd = [](char letter) { return letter == '\n' || letter == '\r'; };
+    const auto lines = std::count_if(contents.begin(), contents.end(), isLineEnd);
+    if (static_cast<std::size_t>(lines) > MostLines) {
+        return "more than " + std::to_string(MostLines) + " lines";
+    }
+    std::size_t options = 0;
+    for (std::size_t at = 0; (at = contents.find("OpenUI", at)) != std::string_view::npos; ++at) {
+        ++options;
+    }
+    return options > MostOptions ? "more than " + std::to_string(MostOptions) + " options" : "";
+}
+
 // An open file that is regular, small enough and not packed, which the library will close; -1 with
 // the reason when there is none.
 int OpenChecked(const std::string& path, std::string& reason)
@@ -104,16 +132,11 @@ int OpenChecked(const std::string& path, std::string& reason)
         reason = std::generic_category().message(errno);
     } else if (!S_ISREG(status.st_mode)) {
         reason = "not a regular file";
-    } else if (static_cast<std::size_t>(status.st_size) > PPDMaximumBytes) {
-        reason = "larger than 8 MiB";
-    } else {
-        std::array<unsigned char, 2> start = {};
-        const bool isPacked =
-            pread(file, start.data(), start.size(), 0) == 2 && start[0] == 0x1F && start[1] == 0x8B;
-        if (!isPacked) {
+    } else if (const auto contents = ReadDescriptorContents(file, PPDMaximumBytes, reason)) {
+        reason = RefusalOfContents(*contents);
+        if (reason.empty() && lseek(file, 0, SEEK_SET) == 0) {
             return file;
         }
-        reason = "compressed; unpack it first"; // no limit would hold for what it unpacks to
     }
     if (file >= 0) {
         close(file);
@@ -161,7 +184,10 @@ PPDOption OptionOf(ppd_file_t* file, const ppd_option_t& from, const Reader& rea
                   : from.ui == PPD_UI_PICKONE ? PPDUIType::PickOne
                                               : PPDUIType::PickMany;
     option.defaultChoice = Text(from.defchoice);
-    const bool isCustom = reader.findCustomOption(file, from.keyword) != nullptr;
+    // The library adds the choice to the region of manual feeding too, under the page size's name.
+    const bool isRegion = option.keyword == "PageRegion";
+    const bool isCustom =
+        reader.findCustomOption(file, isRegion ? "PageSize" : from.keyword) != nullptr;
     option.choices.reserve(static_cast<std::size_t>(from.num_choices));
     bool marked = false;
     for (int index = 0; index < from.num_choices; ++index) {
@@ -189,9 +215,16 @@ PPDGroup GroupOf(ppd_file_t* file, const ppd_group_t& from, const Reader& reader
     return group;
 }
 
+bool IsRange(float minimum, float maximum)
+{
+    constexpr float LongestPaper = 100'000; // points; over 35 m
+    return minimum >= 0 && maximum > 0 && minimum <= maximum && maximum <= LongestPaper;
+}
+
 std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
 {
-    if (file.variable_sizes == 0 || file.custom_max[0] <= 0 || file.custom_max[1] <= 0) {
+    if (file.variable_sizes == 0 || !IsRange(file.custom_min[0], file.custom_max[0]) ||
+        !IsRange(file.custom_min[1], file.custom_max[1])) {
         return std::nullopt;
     }
     return PPDSizeLimits{file.custom_min[0], file.custom_min[1], file.custom_max[0],
