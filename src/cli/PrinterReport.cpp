@@ -90,14 +90,14 @@ std::string SideOf(const PPDFile& ppd, const std::string& keyword, const std::st
 // Files state most constraints from both sides.
 void AddConstraints(PrinterReport& report, const PPDFile& ppd)
 {
-    std::set<std::string> known;
+    std::set<std::pair<std::string, std::string>> known;
     for (const PPDConstraint& pair : ppd.constraints()) {
         if (pair.option1 == RegionKeyword || pair.option2 == RegionKeyword) {
             continue;
         }
         const std::string first = SideOf(ppd, pair.option1, pair.choice1);
         const std::string second = SideOf(ppd, pair.option2, pair.choice2);
-        if (known.insert(std::min(first, second) + '\n' + std::max(first, second)).second) {
+        if (known.emplace(std::min(first, second), std::max(first, second)).second) {
             report.constraints.push_back(first + " excludes " + second);
         }
     }

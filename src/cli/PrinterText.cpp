@@ -67,6 +67,7 @@ template <typename Rows>
 std::vector<std::string> TextsOf(const Rows& rows)
 {
     std::vector<std::string> texts;
+    texts.reserve(rows.size());
     for (const auto& row : rows) {
         texts.push_back(row.text);
     }
