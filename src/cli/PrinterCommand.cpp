@@ -14,6 +14,9 @@ ExitStatus RunPrinter(const Arguments& arguments)
         return PrintWrongUse(files.empty() ? "no PPD file is named"
                                            : "more than one PPD file is named");
     }
+    if (files.front() == "-") {
+        return PrintWrongUse("a PPD file is read by its name, not from standard input");
+    }
     ParseError error;
     auto ppd = PPDFile::Open(files.front(), error);
     if (!ppd) {

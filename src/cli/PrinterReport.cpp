@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <unordered_map>
 
 namespace tarvo {
 namespace {
@@ -64,22 +65,36 @@ PrinterReport::Named ChoiceOf(const PPDOption& option, const std::string& keywor
     return {keyword, keyword};
 }
 
+void AddInstalledOf(PrinterReport& report, const PPDFile& ppd, const PPDOption& option)
+{
+    const std::string* marked = ppd.markedChoice(option.keyword);
+    report.installed.push_back({
+        {option.keyword, TextOr(option.text, option.keyword)},
+        marked == nullptr ? PrinterReport::Named{"",              "(unknown)"                              }
+        : ChoiceOf(option, *marked)
+    });
+}
+
+// The options of the file's own group for them, and those by whose names the features ask.
 void AddInstalled(PrinterReport& report, const PPDFile& ppd, const InstallableOptions& installed)
 {
-    for (const PPDOption* option : ppd.options()) {
-        if (const std::string* chosen = installed.value(option->keyword)) {
-            report.installed.push_back({
-                {option->keyword, TextOr(option->text, option->keyword)},
-                ChoiceOf(*option, *chosen)
-            });
+    for (const PPDGroup& group : ppd.groups()) {
+        for (const PPDOption& option : group.options) {
+            if (group.name == InstallableGroup || installed.value(option.keyword) != nullptr) {
+                AddInstalledOf(report, ppd, option);
+            }
         }
     }
 }
 
+using OptionIndex = std::unordered_map<std::string_view, const PPDOption*>;
+
 // "Fold \"Booklet\"", or "Fold" when any choice that switches it on is meant.
-std::string SideOf(const PPDFile& ppd, const std::string& keyword, const std::string& choice)
+std::string SideOf(const OptionIndex& options, const std::string& keyword,
+                   const std::string& choice)
 {
-    const PPDOption* option = ppd.option(keyword);
+    const auto found = options.find(keyword);
+    const PPDOption* option = found == options.end() ? nullptr : found->second;
     std::string text = option == nullptr ? keyword : TextOr(option->text, keyword);
     if (!choice.empty()) {
         text += " \"" + (option == nullptr ? choice : ChoiceOf(*option, choice).text) + '"';
@@ -90,15 +105,19 @@ std::string SideOf(const PPDFile& ppd, const std::string& keyword, const std::st
 // Files state most constraints from both sides.
 void AddConstraints(PrinterReport& report, const PPDFile& ppd)
 {
+    OptionIndex options;
+    for (const PPDOption* option : ppd.options()) {
+        options.emplace(option->keyword, option);
+    }
     std::set<std::pair<std::string, std::string>> known;
     for (const PPDConstraint& pair : ppd.constraints()) {
         if (pair.option1 == RegionKeyword || pair.option2 == RegionKeyword) {
             continue;
         }
-        const std::string first = SideOf(ppd, pair.option1, pair.choice1);
-        const std::string second = SideOf(ppd, pair.option2, pair.choice2);
+        const std::string first = SideOf(options, pair.option1, pair.choice1);
+        const std::string second = SideOf(options, pair.option2, pair.choice2);
         if (known.emplace(std::min(first, second), std::max(first, second)).second) {
-            report.constraints.push_back(first + " excludes " + second);
+            report.constraints.emplace_back(first).append(" excludes ").append(second);
         }
     }
 }
@@ -143,17 +162,25 @@ void AddFaults(PrinterReport& report, const PPDFile& ppd)
         report.faults.push_back("the manufacturer is \"" + ppd.manufacturer() +
                                 "\"; print dialogs won't show these features");
     }
+    std::set<std::string_view> keywords;
     for (const PPDOption* option : ppd.options()) {
+        if (!keywords.insert(option->keyword).second) {
+            report.faults.push_back("\"" + option->keyword + "\" is there twice");
+        }
         AddFaultsOf(report, *option);
     }
+    std::string missing;
     for (const auto* row = MainKeywordMap; row->keyword != nullptr; ++row) {
         const PPDOption* option = ppd.option(row->keyword);
         if (option == nullptr) {
-            report.faults.push_back("no \"" + std::string(row->keyword) + "\"");
+            missing += (missing.empty() ? "" : ", ") + std::string(row->keyword);
         } else if (option->type != PPDUIType::PickOne) {
-            report.faults.push_back("\"" + std::string(row->keyword) +
-                                    "\" is no PickOne, so it gets no menu");
+            report.faults.push_back("\"" + option->keyword +
+                                    "\" is not of type PickOne: its menu stays away");
         }
+    }
+    if (!missing.empty()) {
+        report.faults.push_back("without " + missing + ": their menus stay away");
     }
 }
 

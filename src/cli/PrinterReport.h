@@ -26,7 +26,7 @@ struct PrinterReport {
         std::vector<Option> options;
     };
     struct Installed : Named {
-        Named choice; // in force; both "" when none is
+        Named choice; // in force; "" and "(unknown)" when none is
     };
     struct Finishing : Named {
         std::int32_t option;

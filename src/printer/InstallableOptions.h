@@ -21,7 +21,7 @@ public:
     /// @param table   of features, which must outlive this
     InstallableOptions(PPDFile& ppd, const PMTicket* ticket, const InstalledFeatureMap* table);
 
-    /// @return the chosen option keyword, borrowed; null when the printer has no such main keyword
+    /// @return the chosen option keyword, borrowed; null when nothing is chosen
     const std::string* value(std::string_view mainKeyword) const
     {
         return values_.find(mainKeyword);
