@@ -16,9 +16,24 @@ class Printer(ProgramTest):
         self.assertEqual((result.returncode, self.messages(result)), (0, []))
         text = result.stdout.decode()
         for line in ("  width 152.4 to 330.2 mm (6.00 to 13.00 in)", "  Punch Unit: Not Installed", "  Secure Print",
-                     '  Booklet Maker "Not Installed" excludes Fold and Punch "Booklet Fold"', "  Multiple Finishing..."):
+                     '  Booklet Maker "Not Installed" excludes Fold and Punch "Booklet Fold"', "  Multiple Finishing…"):
             self.assertIn(line + "\n", text)
         self.assertNotIn("STRING NOT FOUND", text)
+
+    def test_its_features_in_the_users_language(self):
+        plain = {name: value for name, value in os.environ.items() if name not in ("LANGUAGE", "LANG") and not name.startswith("LC_")}
+        environments = [
+            ({"LANGUAGE": "de"}, "Geschützter Druck"),
+            ({"LANGUAGE": "fr:de"}, "Geschützter Druck"),
+            ({"LANG": "de_DE.UTF-8"}, "Geschützter Druck"),
+            ({"LANG": "de_DE.UTF-8", "LC_ALL": "C"}, "Secure Print"),
+            ({"LANG": "fr_FR.UTF-8"}, "Secure Print"),
+            ({}, "Secure Print"),
+        ]
+        for environment, text in environments:
+            with self.subTest(environment):
+                result = self.run_program("printer", str(Descriptions / "TarvoQL900.ppd"), env={**plain, **environment})
+                self.assertIn(f"  {text}\n", result.stdout.decode())
 
     def test_the_same_for_programs(self):
         result = self.run_program("printer", "--json", str(Descriptions / "TarvoQL900.ppd"))
@@ -27,7 +42,7 @@ class Printer(ProgramTest):
         self.assertEqual(printer["customSizes"]["maximumLength"], 1368)
         options = {option["keyword"]: option for group in printer["groups"] for option in group["options"]}
         self.assertEqual([choice["keyword"] for choice in options["Duplex"]["choices"] if choice["default"]], ["None"])
-        self.assertIn({"keyword": "1 Staple...", "text": "1 Staple...", "option": 4, "choices": [5, 6, 7]}, printer["finishing"])
+        self.assertIn({"keyword": "1 Staple...", "text": "1 Staple…", "option": 4, "choices": [5, 6, 7]}, printer["finishing"])
         self.assertEqual(len(printer["constraints"]), len(set(printer["constraints"])))
 
     def test_what_is_wrong_with_a_description_is_named(self):

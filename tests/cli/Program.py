@@ -37,7 +37,8 @@ class ProgramTest(unittest.TestCase):
     def run_program(self, *words, **settings):
         """What the program did, run in the test's folder."""
         source = None if "input" in settings else subprocess.DEVNULL
-        settings = {"stdin": source, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, **settings}
+        environment = {**os.environ, "LANGUAGE": "en"}
+        settings = {"stdin": source, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "env": environment, **settings}
         return subprocess.run([Program, *words], cwd=self.folder, timeout=120, **settings)
 
     def export(self, *words, **settings):

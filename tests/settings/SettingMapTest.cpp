@@ -95,13 +95,11 @@ TEST(SettingMapSearch, StopsAtTheValueOrAtZero)
     }
 }
 
-// A row after a value 0, or with a value that came before, could never be found. The English texts
-// are every other language's last resort: a key that they lack would show as "STRING NOT FOUND",
-// and two choices of one text could not be told apart.
+// A row after a value 0, or with a value that came before, could never be found. Two choices of one
+// text could not be told apart, and a key that no language has would show as "STRING NOT FOUND".
 template <typename Row>
-void ExpectOneRowAndOneTextForEachChoice(const Row* map)
+void ExpectOneRowAndOneTextForEachChoice(const Row* map, const CFBundle& bundle)
 {
-    static const CFBundle bundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {});
     std::set<std::string> texts = {"", "STRING NOT FOUND"};
     for (const Row* row = map; row->key != nullptr; ++row) {
         EXPECT_EQ(RowForTicketValue(map, row->value), row) << row->key;
@@ -110,16 +108,19 @@ void ExpectOneRowAndOneTextForEachChoice(const Row* map)
     }
 }
 
-TEST(SettingMaps, HaveOneRowAndOneTextForEachChoice)
+TEST(SettingMaps, HaveOneRowAndOneTextForEachChoiceInEveryLanguage)
 {
-    for (std::size_t index = 0; index < std::size(AllSettingMaps); ++index) {
-        SCOPED_TRACE("table " + std::to_string(index));
-        const SettingMap* map = AllSettingMaps[index];
-        ExpectOneRowAndOneTextForEachChoice(map);
-        EXPECT_TRUE(RowForTicketValue(map, 0)->key == nullptr || map == StockDescriptionMap);
+    for (const char* language : {"en", "de"}) {
+        const CFBundle bundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {language});
+        for (std::size_t index = 0; index < std::size(AllSettingMaps); ++index) {
+            SCOPED_TRACE(std::string(language) + ", table " + std::to_string(index));
+            const SettingMap* map = AllSettingMaps[index];
+            ExpectOneRowAndOneTextForEachChoice(map, bundle);
+            EXPECT_TRUE(RowForTicketValue(map, 0)->key == nullptr || map == StockDescriptionMap);
+        }
+        SCOPED_TRACE(std::string(language) + ", CompleteStockSizeMap");
+        ExpectOneRowAndOneTextForEachChoice(CompleteStockSizeMap, bundle);
     }
-    SCOPED_TRACE("CompleteStockSizeMap");
-    ExpectOneRowAndOneTextForEachChoice(CompleteStockSizeMap);
 }
 
 TEST(PaperSizeSearch, NamesTheSizesItHas)
