@@ -6,7 +6,7 @@
 namespace tarvo {
 
 // Finishing families, then their positions. A number means the same in all these tables, but for
-// the hole counts, which have numbers of their own.
+// the hole counts and the booklet's folding, which have numbers of their own.
 
 // The families that each output device offers; every next one has those before it. The default row
 // is stored as 0, for only with 0 does a booklet's own folding count.
@@ -32,6 +32,56 @@ inline constexpr SettingMap OutputStapleHCSSMap[] = {
     {"Center Staple...",      25,         0},
     {"Multiple Finishing...", 49,         0},
     {nullptr,                 0,          0},
+};
+
+// Families without a position.
+inline constexpr SettingMap PlainFinishingMap[] = {
+    {"None",             1, 0},
+    {"SignatureBooklet", 3, 0},
+    {nullptr,            0, 0},
+};
+
+inline constexpr SettingMap OneStapleMap[] = {
+    {"1StapleTLTR", 5, 0},
+    {"1StapleBLTL", 6, 0},
+    {"1StapleTRBR", 7, 0},
+    {"1StapleBRBL", 8, 0},
+    {nullptr,       0, 0},
+};
+
+// Two staples, a centre staple and holes have the same sides in the same order.
+inline constexpr SettingMap TwoStaplesMap[] = {
+    {"2StaplesLT", 10, 0},
+    {"2StaplesTR", 11, 0},
+    {"2StaplesBL", 12, 0},
+    {"2StaplesRB", 13, 0},
+    {nullptr,      0,  0},
+};
+
+inline constexpr SettingMap CenterStapleMap[] = {
+    {"CenterStapleLT", 26, 0},
+    {"CenterStapleTR", 27, 0},
+    {"CenterStapleBL", 28, 0},
+    {"CenterStapleRB", 29, 0},
+    {nullptr,          0,  0},
+};
+
+inline constexpr SettingMap BindMap[] = {
+    {"BindLT", 15, 0},
+    {"BindRB", 16, 0},
+    {nullptr,  0,  0},
+};
+
+inline constexpr SettingMap FoldMap[] = {
+    {"FoldCFold", 19, 0},
+    {"FoldZFold", 20, 0},
+    {nullptr,     0,  0},
+};
+
+inline constexpr SettingMap BookletFoldMap[] = {
+    {"Booklet Fold",       7, 0},
+    {"Booklet FoldStaple", 8, 0},
+    {nullptr,              0, 0},
 };
 
 inline constexpr SettingMap PunchMap[] = {
@@ -79,6 +129,16 @@ inline constexpr SettingMap ComplexFoldMap[] = {
     {"ZTriFoldInside",  47, 0},
     {"ZTriFoldOutside", 48, 0},
     {nullptr,           0,  0},
+};
+
+// When sets are laid down with an offset.
+inline constexpr SettingMap OffsetMap[] = {
+    {"PrinterDefault",      1, 0},
+    {"None",                2, 0},
+    {"OffsetEachSet",       3, 0},
+    {"OffsetEachSubset",    4, 0},
+    {"OffsetEachSetSubset", 5, 0},
+    {nullptr,               0, 0},
 };
 
 } // namespace tarvo

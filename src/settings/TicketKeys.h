@@ -41,6 +41,7 @@ inline constexpr std::string_view HolePunchOptionsKey = "com.tarvo.print.Finishi
 inline constexpr std::string_view ZFoldValueKey = "com.tarvo.print.FinishingZFoldValue";
 inline constexpr std::string_view CustomFinishingKey = "com.tarvo.print.FinishingCustom"; // string
 inline constexpr std::string_view BookletFoldStapleKey = "com.tarvo.print.BookletFoldStaple";
+inline constexpr std::string_view BookletLayoutKey = "com.tarvo.print.BookletLayout"; // boolean
 inline constexpr std::string_view SlipSheetKey = "com.tarvo.print.FinishingSlipSheet";
 inline constexpr std::string_view OffsetKey = "com.tarvo.print.FinishingOffset";
 inline constexpr std::string_view OffsetEnableSubsetKey =

@@ -30,9 +30,10 @@ constexpr const SettingMap* AllSettingMaps[] = {
     HighlightMismatchColorMap, HighlightMappingColorMap, ResolutionMap, HalftoneScreenMap,
     AntialiasingMap, ImageShiftOptions2SidedMap, ImageShiftOptions1SidedMap, OutputDestOCTMap,
     OutputDestLCSSMap, OutputDestHCSSMap, OutputDestHCSS_BKMap, OutputStapleOCTMap,
-    OutputStapleLCSSMap, OutputStapleHCSSMap, PunchMap, PunchNoneMap, HolePunchOptionsMap, ZFoldMap,
-    ComplexBookletFoldMap, ComplexFoldMap, JobTypeMap, JobFormatMap, DuplexMap, PlexMap,
-    WatermarkOptionsMap, WatermarkStringMap,
+    OutputStapleLCSSMap, OutputStapleHCSSMap, PlainFinishingMap, OneStapleMap, TwoStaplesMap,
+    CenterStapleMap, BindMap, FoldMap, BookletFoldMap, PunchMap, PunchNoneMap, HolePunchOptionsMap,
+    ZFoldMap, ComplexBookletFoldMap, ComplexFoldMap, OffsetMap, JobTypeMap, JobFormatMap, DuplexMap,
+    PlexMap, WatermarkOptionsMap, WatermarkStringMap,
 };
 // clang-format on
 constexpr SettingMap FirstValueZeroMap[] = {
