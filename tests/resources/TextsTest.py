@@ -19,9 +19,9 @@ Literal = re.compile(r'"((?:[^"\\]|\\.)*)"')
 # Keys that say in full what they mean in English are words: "Front Cover Only", "Width:", "PDF".
 Words = re.compile(r"[A-Z]+[a-z]*(?:[-/][A-Z][a-z]*)*|to|and|\d")
 # Texts that may be their key in every language.
-Literals = {":", ",", "-", "sRGB"}
+Literals = {",", "-", "sRGB"}
 # Texts that a value follows directly.
-Prefixes = {"CustomFinishing", "Offset"}
+Prefixes = {"CustomFinishing", "Offset", ":"}
 # German words that are the English ones.
 SameInGerman = {"Adobe RGB", "Fax", "Layout", "Name:", "Normal", "Orange", "PDF"}
 
