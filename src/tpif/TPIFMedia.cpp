@@ -83,7 +83,6 @@ constexpr TPIFWord ColorNames[] = {
     {"custom7", 21},
     {nullptr,   0 },
 };
-constexpr std::int32_t CustomColor = 10; // under a name of the user's
 
 constexpr std::int32_t Glossy = 1;
 constexpr std::int32_t CoatedNowhere = 1;
@@ -165,9 +164,9 @@ void FillMediaColor(MediaData& media, const CFDictionary& stock)
     }
     const char* keyword = WordForValue(StockColorWords, *color);
     const char* name = WordForValue(ColorNames, *color);
-    media.hasColor = keyword != nullptr || name != nullptr || *color == CustomColor;
+    media.hasColor = keyword != nullptr || name != nullptr || *color == CustomStockColor;
     media.colorIsName = keyword == nullptr;
-    if (*color == CustomColor) {
+    if (*color == CustomStockColor) {
         media.color = CustomName(TPIFText(stock, StockCustomColorKey));
     } else if (media.hasColor) {
         media.color = keyword != nullptr ? keyword : name;
