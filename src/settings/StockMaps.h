@@ -205,7 +205,8 @@ inline constexpr SettingMap StockDescriptionMap[] = {
     {nullptr,          0,          0},
 };
 
-// The submenu of named papers; the names themselves stand between the first row and the rest.
+// The submenu of named papers; the papers themselves stand between the first row and the rest, see
+// PopulateMenuFromMapAndFile.
 inline constexpr SettingMap StockLibraryMap[] = {
     {"StockLibraryOpen...",       1, FourCharCode("Slib")},
     {"-",                         2, 0                   },
