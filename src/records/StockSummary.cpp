@@ -1,0 +1,131 @@
+#include "records/StockSummary.h"
+
+#include "platform/bundle/CFBundle.h"
+#include "printer/PPDKeywordInfo.h"
+#include "records/Stock.h"
+#include "settings/StockMaps.h"
+
+#include <vector>
+
+namespace tarvo {
+namespace {
+
+// The lines of one summary, as they come about.
+class SummaryLines {
+public:
+    SummaryLines(const CFBundle& bundle, JobContext context) : bundle_(bundle), context_(context) {}
+
+    const std::string& text(const char* key) const { return bundle_.localizedString(key); }
+    bool isForJob() const { return context_ == JobContext::Job; }
+    /// A job's summary names what is left to the printer, too.
+    bool shows(std::int32_t value) const { return value != UnsetValue || isForJob(); }
+    void add(const char* label, const std::string& value)
+    {
+        lines_.push_back(text(label) + text(":") + value);
+    }
+    std::string joined(std::string_view separator) const
+    {
+        std::string all;
+        for (const std::string& line : lines_) {
+            all += all.empty() ? "" : separator;
+            all += line;
+        }
+        return all;
+    }
+
+private:
+    const CFBundle& bundle_;
+    JobContext context_;
+    std::vector<std::string> lines_;
+};
+
+std::string WithModulus(const std::string& name, const Stock& stock)
+{
+    return name + " (" + std::to_string(stock.modulus()) + ")";
+}
+
+std::string ColorText(const SummaryLines& lines, const Stock& stock)
+{
+    if (stock.color() == CustomStockColor) {
+        return stock.customColor();
+    }
+    return lines.text(LocalizedKeyForTicketValue(CompleteStockColorMap, stock.color()));
+}
+
+std::string TypeText(const SummaryLines& lines, const Stock& stock)
+{
+    switch (stock.type()) {
+    case OrderedStockType:
+        return WithModulus(stock.customType(), stock);
+    case PrecutTabStockType:
+        return WithModulus(lines.text("StockTypePrecutTab"), stock);
+    case CustomStockType:
+        return stock.customType();
+    case TabStockType:
+    case HeavyTabStockType:
+        if (stock.modulus() > 0) {
+            return WithModulus(GetPPDOptionAliasForTicketValue("MediaType", stock.type()), stock);
+        }
+        break;
+    default:
+        break;
+    }
+    return lines.text(LocalizedKeyForTicketValue(CompleteStockTypeMap, stock.type()));
+}
+
+std::string WeightText(const SummaryLines& lines, const Stock& stock)
+{
+    return stock.weight() == UnsetValue ? lines.text("PrinterDefault")
+                                        : std::to_string(stock.weight()) + " gsm";
+}
+
+void AddAttributes(SummaryLines& lines, const Stock& stock)
+{
+    if (stock.size() != UnsetValue && !lines.isForJob()) {
+        lines.add("StockSize", lines.text(LocalizedKeyForPaperSizeTicketValue(CompleteStockSizeMap,
+                                                                              stock.size())));
+    }
+    if (lines.shows(stock.color())) {
+        lines.add("StockColor", ColorText(lines, stock));
+    }
+    if (lines.shows(stock.type())) {
+        lines.add("StockType", TypeText(lines, stock));
+    }
+    if (lines.shows(stock.punched())) {
+        lines.add("StockPunched",
+                  lines.text(LocalizedKeyForTicketValue(StockPunchedMap, stock.punched())));
+    }
+    if (lines.shows(stock.weight())) {
+        lines.add("StockWeight", WeightText(lines, stock));
+    }
+    if (!stock.description().empty() || lines.isForJob()) {
+        lines.add("StockDescription",
+                  stock.description().empty() ? lines.text("PrinterDefault") : stock.description());
+    }
+}
+
+} // namespace
+
+std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, const Stock& stock,
+                                 std::string_view separator)
+{
+    SummaryLines lines(bundle, context);
+    if (!stock.customName().empty()) {
+        lines.add("StockName", stock.customName());
+    }
+    if (!stock.customNameOnly()) {
+        AddAttributes(lines, stock);
+    }
+    return lines.joined(separator);
+}
+
+std::string StockSummaryText(const CFBundle& bundle, JobContext context, const Stock* stock)
+{
+    if (stock == nullptr) {
+        return "";
+    }
+    std::string summary = GenerateStockSummary(bundle, context, *stock, "\n");
+    return summary.empty() ? bundle.localizedString(DefaultSettingKey(context)) : summary;
+}
+
+} // namespace tarvo
