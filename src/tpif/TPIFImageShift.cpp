@@ -1,6 +1,7 @@
 #include "tpif/TPIFImageShift.h"
 
 #include "records/ImageShiftKeys.h"
+#include "records/ImageShiftOptions.h"
 #include "tpif/TPIFElement.h"
 
 #include <algorithm>
@@ -10,12 +11,6 @@ namespace tarvo {
 namespace {
 
 constexpr double MillimetersPerInch = 25.4;
-
-bool HasFullPrecision(const CFDictionary& shift)
-{
-    return shift.isTrue(ShiftFullPrecisionKey) ||
-           IsNonZeroNumber(shift.find(ShiftFullPrecisionKey));
-}
 
 std::int32_t Scaled(std::int32_t offset, double factor)
 {
@@ -28,8 +23,7 @@ std::int32_t Scaled(std::int32_t offset, double factor)
 
 ImageShiftData FillImageShift(const CFDictionary& shift)
 {
-    const bool inMillimeters = shift.int32(ShiftInchesKey) == 0;
-    const double factor = HasFullPrecision(shift) ? 1 : inMillimeters ? 10 : MillimetersPerInch;
+    const double factor = HasFullPrecision(shift) ? 1 : IsInInches(shift) ? MillimetersPerInch : 10;
     const auto offset = [&shift, factor](std::string_view key) {
         return Scaled(shift.int32(key).value_or(0), factor);
     };
