@@ -18,6 +18,7 @@ inline constexpr std::string_view PageImageShiftKey =
 inline constexpr std::string_view PageLightenDarkenKey = "LightenDarken";
 inline constexpr std::string_view PageFullColorKey = "FullColorOptionsPage"; // dictionary
 inline constexpr std::string_view PageAntialiasingKey = "Antialiasing";
+inline constexpr std::string_view PageHalftoneScreenKey = "HalftoneScreen";
 inline constexpr std::string_view PageOutputColorKey = "OutputColor";
 
 } // namespace tarvo
