@@ -1,0 +1,315 @@
+#include "records/ExceptionPageList.h"
+#include "records/InsertList.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <random>
+
+namespace tarvo {
+namespace {
+
+constexpr auto Largest = std::numeric_limits<std::int32_t>::max();
+constexpr auto Smallest = std::numeric_limits<std::int32_t>::min();
+
+// An exception page; the mark, kept as its stock's weight, tells which page a part comes from.
+struct Marked {
+    std::int32_t first;
+    std::int32_t last;
+    std::int32_t mark;
+    bool operator==(const Marked&) const = default;
+};
+using MarkedPages = std::vector<Marked>;
+
+void PrintTo(const Marked& page, std::ostream* out)
+{
+    *out << page.first << '-' << page.last << " (" << page.mark << ")";
+}
+
+ExceptionPage PageOf(const Marked& marked)
+{
+    ExceptionPage page;
+    page.setStartPage(marked.first);
+    page.setEndPage(marked.last);
+    page.stock().setWeight(marked.mark);
+    return page;
+}
+
+template <typename Page>
+std::vector<const SpecialPage*> Borrowed(const std::vector<Page>& pages)
+{
+    std::vector<const SpecialPage*> borrowed;
+    for (const Page& page : pages) {
+        borrowed.push_back(&page);
+    }
+    return borrowed;
+}
+
+OSStatus Add(ExceptionPageList& list, const MarkedPages& marked)
+{
+    std::vector<ExceptionPage> pages;
+    for (const Marked& each : marked) {
+        pages.push_back(PageOf(each));
+    }
+    return list.add(Borrowed(pages));
+}
+
+MarkedPages PagesOf(const ExceptionPageList& list)
+{
+    MarkedPages pages;
+    for (std::int32_t index = 0; index < list.count(); ++index) {
+        const ExceptionPage& page = *list.pageAtIndex(index);
+        pages.push_back({page.startPage(), page.endPage(), page.stock().weight()});
+    }
+    return pages;
+}
+
+struct MergeCase {
+    const char* name;
+    MarkedPages present;
+    MarkedPages added;
+    MarkedPages result;
+};
+
+// clang-format off
+const MergeCase MergeCases[] = {
+    {"into nothing",              {},                                {{5, 10, 1}},  {{5, 10, 1}}},
+    {"splits",                    {{1, 20, 1}},                      {{5, 10, 2}},  {{1, 4, 1}, {5, 10, 2}, {11, 20, 1}}},
+    {"drops all it covers",       {{5, 10, 1}, {12, 14, 2}},         {{1, 20, 3}},  {{1, 20, 3}}},
+    {"cuts an end",               {{1, 10, 1}},                      {{8, 12, 2}},  {{1, 7, 1}, {8, 12, 2}}},
+    {"cuts a beginning",          {{5, 20, 1}},                      {{5, 10, 2}},  {{5, 10, 2}, {11, 20, 1}}},
+    {"replaces its like",         {{5, 5, 1}},                       {{5, 5, 2}},   {{5, 5, 2}}},
+    {"to the end of one",         {{5, 20, 1}},                      {{9, 20, 2}},  {{5, 8, 1}, {9, 20, 2}}},
+    {"across several",            {{1, 5, 1}, {7, 7, 2}, {9, 12, 3}, {14, 15, 4}}, {{4, 10, 5}},
+                                  {{1, 3, 1}, {4, 10, 5}, {11, 12, 3}, {14, 15, 4}}},
+    {"into a gap that it fills",  {{1, 4, 1}, {11, 20, 2}},          {{5, 10, 3}},  {{1, 4, 1}, {5, 10, 3}, {11, 20, 2}}},
+    {"before all, after all",     {{5, 5, 1}},                       {{9, 9, 2}, {1, 1, 3}}, {{1, 1, 3}, {5, 5, 1}, {9, 9, 2}}},
+    {"the later of the new wins", {},                                {{1, 10, 1}, {3, 4, 2}, {4, 12, 3}}, {{1, 2, 1}, {3, 3, 2}, {4, 12, 3}}},
+    {"ends before it starts",     {{1, 10, 1}},                      {{5, 4, 2}, {9, 3, 3}}, {{1, 10, 1}}},
+    {"all numbers there are",     {{Smallest, Largest, 1}},          {{Smallest, 0, 2}, {Largest, Largest, 3}}, {{Smallest, 0, 2}, {1, Largest - 1, 1}, {Largest, Largest, 3}}},
+};
+// clang-format on
+
+TEST(ExceptionPageLists, LetANewRangeWinOverThePagesItCovers)
+{
+    for (const auto& row : MergeCases) {
+        SCOPED_TRACE(row.name);
+        ExceptionPageList list;
+        EXPECT_EQ(Add(list, row.present), StatusOk);
+        EXPECT_EQ(Add(list, row.added), StatusOk);
+        EXPECT_EQ(PagesOf(list), row.result);
+    }
+}
+
+TEST(ExceptionPageLists, SplitAPageIntoTwoWithItsAttributes)
+{
+    ExceptionPage page = PageOf({1, 10, 7});
+    page.setPlex(2);
+    page.imageShift().twoSidedMode = 4;
+    page.setOutputColor(3);
+    ExceptionPageList list;
+    list.add(std::array<const SpecialPage*, 1>{&page});
+    Add(list, {
+                  {5, 6, 8}
+    });
+    for (const auto& [index, first, last] : {
+             std::array{0, 1, 4 },
+             {2, 7, 10}
+    }) {
+        page.setStartPage(first);
+        page.setEndPage(last);
+        EXPECT_EQ(list.pageAtIndex(index)->asTicket(), page.asTicket());
+    }
+}
+
+// Which mark each page number has, and so what the list must hold.
+class PageByPage {
+public:
+    void add(const Marked& page) { set(page, page.mark); }
+    void remove(const Marked& page) { set(page, 0); }
+    MarkedPages pages() const
+    {
+        MarkedPages pages;
+        for (std::int32_t number = 0; number < Count; ++number) {
+            const auto mark = marks_[static_cast<std::size_t>(number)];
+            if (mark != 0 && !pages.empty() && pages.back().last == number - 1 &&
+                pages.back().mark == mark) {
+                pages.back().last = number;
+            } else if (mark != 0) {
+                pages.push_back({number, number, mark});
+            }
+        }
+        return pages;
+    }
+
+    static constexpr std::int32_t Count = 60;
+
+private:
+    void set(const Marked& page, std::int32_t mark)
+    {
+        for (std::int32_t number = page.first; number <= page.last; ++number) {
+            marks_[static_cast<std::size_t>(number)] = mark;
+        }
+    }
+
+    std::array<std::int32_t, Count> marks_ = {};
+};
+
+// Few short ranges to begin with, long ones now and then, some of them backwards.
+Marked AnyRange(std::mt19937& random, std::int32_t mark)
+{
+    const auto below = [&random](std::int32_t limit) {
+        return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(limit));
+    };
+    const std::int32_t first = below(PageByPage::Count);
+    const std::int32_t length = below(below(4) == 0 ? PageByPage::Count : 6);
+    return {first, std::min(first + length - 1, PageByPage::Count - 1), mark};
+}
+
+TEST(ExceptionPageLists, AgreeWithAModelPageByPage)
+{
+    std::mt19937 random(1'500);
+    for (int round = 0; round < 1'000; ++round) {
+        ExceptionPageList list;
+        PageByPage model;
+        std::int32_t mark = 0;
+        for (int step = 0; step < 12; ++step) {
+            SCOPED_TRACE(testing::Message() << "round " << round << ", step " << step);
+            MarkedPages added(random() % 5);
+            for (Marked& page : added) {
+                page = AnyRange(random, ++mark);
+            }
+            const auto chosen = static_cast<std::int32_t>(random() % 20);
+            const ExceptionPage* page = list.pageAtIndex(chosen); // often none
+            if (page != nullptr) {
+                model.remove(PagesOf(list)[static_cast<std::size_t>(chosen)]);
+            }
+            if (page != nullptr && !added.empty()) {
+                const ExceptionPage edited = PageOf(added.front());
+                EXPECT_EQ(list.update(*page, std::array<const SpecialPage*, 1>{&edited}), StatusOk);
+            } else {
+                list.remove(page);
+            }
+            Add(list, added);
+            for (const Marked& each : added) {
+                model.add(each);
+            }
+            ASSERT_EQ(PagesOf(list), model.pages());
+        }
+    }
+}
+
+TEST(ExceptionPageLists, TakeManyRangesInAnyOrder)
+{
+    constexpr std::int32_t Count = 20'000;
+    MarkedPages backwards;
+    for (std::int32_t number = Count; number > 0; --number) {
+        backwards.push_back({10 * number, 10 * number + 4, number});
+    }
+    ExceptionPageList list;
+    Add(list, backwards);
+    for (std::int32_t number = 0; number < 1'000; ++number) {
+        Add(list, {
+                      {10 * number + 2, 10 * number + 3, -1}
+        });
+    }
+    EXPECT_EQ(list.count(), Count + 1 + 999 * 2);
+    Add(list, {
+                  {1, Largest, 1}
+    });
+    EXPECT_EQ(list.count(), 1);
+}
+
+Insert InsertAfter(std::int32_t page, std::int32_t quantity)
+{
+    Insert insert;
+    insert.setStartPage(page);
+    insert.setQuantity(quantity);
+    return insert;
+}
+
+using PlacesAndQuantities = std::vector<std::pair<std::int32_t, std::int32_t>>;
+
+PlacesAndQuantities InsertsOf(const InsertList& list)
+{
+    PlacesAndQuantities inserts;
+    for (std::int32_t index = 0; index < list.count(); ++index) {
+        inserts.emplace_back(list.pageAtIndex(index)->startPage(),
+                             list.pageAtIndex(index)->quantity());
+    }
+    return inserts;
+}
+
+TEST(InsertLists, KeepTheOrderInWhichInsertsOfAPageCame)
+{
+    InsertList list;
+    EXPECT_EQ(list.add({}), StatusOk);
+    list.add(Borrowed<Insert>({InsertAfter(3, 1), InsertAfter(9, 2), InsertAfter(3, 3)}));
+    list.add(Borrowed<Insert>({InsertAfter(3, 4), InsertAfter(0, 5), InsertAfter(12, 6)}));
+    EXPECT_EQ(InsertsOf(list), (PlacesAndQuantities{
+                                   {0,  5},
+                                   {3,  1},
+                                   {3,  3},
+                                   {3,  4},
+                                   {9,  2},
+                                   {12, 6}
+    }));
+
+    const Insert moved = InsertAfter(9, 7);
+    const std::array<const SpecialPage*, 1> edited = {&moved};
+    EXPECT_EQ(list.update(*list.pageAtIndex(1), edited), StatusOk);
+    EXPECT_EQ(list.update(moved, edited), StatusOk); // equal to one in the list, but not that one
+    list.remove(&moved);
+    list.remove(list.pageAtIndex(0));
+    EXPECT_EQ(InsertsOf(list), (PlacesAndQuantities{
+                                   {3,  3},
+                                   {3,  4},
+                                   {9,  2},
+                                   {9,  7},
+                                   {12, 6}
+    }));
+}
+
+TEST(SpecialPageLists, RefusePagesOfAnotherKindAndStayAsTheyWere)
+{
+    const Insert insert = InsertAfter(3, 1);
+    const ExceptionPage page = PageOf({1, 9, 1});
+    InsertList inserts;
+    ExceptionPageList pages;
+    inserts.add(std::array<const SpecialPage*, 1>{&insert});
+    pages.add(std::array<const SpecialPage*, 1>{&page});
+    const auto before = pages.asTicket();
+    EXPECT_EQ(inserts.add(std::array<const SpecialPage*, 2>{&insert, &page}), StatusBadArgument);
+    const std::array<const SpecialPage*, 2> withNull = {&page, nullptr};
+    EXPECT_EQ(pages.add(withNull), StatusBadArgument);
+    EXPECT_EQ(pages.update(*pages.pageAtIndex(0), withNull), StatusBadArgument);
+    EXPECT_EQ(inserts.count(), 1);
+    EXPECT_EQ(pages.asTicket(), before);
+}
+
+TEST(SpecialPageLists, OwnTheirPages)
+{
+    ExceptionPageList list;
+    EXPECT_FALSE(list.asTicket().has_value());
+    EXPECT_EQ(list.pageAtIndex(0), nullptr);
+    Add(list, {
+                  {5, 6, 1},
+                  {1, 2, 2}
+    });
+    EXPECT_EQ(list.pageAtIndex(-1), nullptr);
+    EXPECT_EQ(list.pageAtIndex(2), nullptr);
+    EXPECT_EQ(list.asTicket(),
+              (CFArray{PageOf({1, 2, 2}).asTicket(), PageOf({5, 6, 1}).asTicket()}));
+    ExceptionPageList copy;
+    copy = list;
+    list.clear();
+    EXPECT_EQ(PagesOf(copy), (MarkedPages{
+                                 {1, 2, 2},
+                                 {5, 6, 1}
+    }));
+    EXPECT_EQ(PagesOf(ExceptionPageList(copy)), PagesOf(copy));
+}
+
+} // namespace
+} // namespace tarvo
