@@ -103,22 +103,25 @@ inline constexpr SettingMap HighlightMismatchColorMap[] = {
     {nullptr,          0,          0},
 };
 
+// The mapping colour that is mixed from components.
+inline constexpr std::int32_t CustomHighlightMappingColor = 13;
+
 inline constexpr SettingMap HighlightMappingColorMap[] = {
-    {"PrinterDefault",          UnsetValue, 0},
-    {"RedHLMappingColor",       1,          0},
-    {"GreenHLMappingColor",     2,          0},
-    {"BlueHLMappingColor",      3,          0},
-    {"CyanHLMappingColor",      4,          0},
-    {"MagentaHLMappingColor",   5,          0},
-    {"YellowHLMappingColor",    6,          0},
-    {"CardinalHLMappingColor",  7,          0},
-    {"RoyalBlueHLMappingColor", 8,          0},
-    {"BlackHLMappingColor",     9,          0},
-    {"RubyHLMappingColor",      10,         0},
-    {"VioletHLMappingColor",    11,         0},
-    {"BrownHLMappingColor",     12,         0},
-    {"CustomHLMappingColor",    13,         0},
-    {nullptr,                   0,          0},
+    {"PrinterDefault",          UnsetValue,                  0},
+    {"RedHLMappingColor",       1,                           0},
+    {"GreenHLMappingColor",     2,                           0},
+    {"BlueHLMappingColor",      3,                           0},
+    {"CyanHLMappingColor",      4,                           0},
+    {"MagentaHLMappingColor",   5,                           0},
+    {"YellowHLMappingColor",    6,                           0},
+    {"CardinalHLMappingColor",  7,                           0},
+    {"RoyalBlueHLMappingColor", 8,                           0},
+    {"BlackHLMappingColor",     9,                           0},
+    {"RubyHLMappingColor",      10,                          0},
+    {"VioletHLMappingColor",    11,                          0},
+    {"BrownHLMappingColor",     12,                          0},
+    {"CustomHLMappingColor",    CustomHighlightMappingColor, 0},
+    {nullptr,                   0,                           0},
 };
 
 } // namespace tarvo

@@ -3,6 +3,8 @@
 #include "platform/text/Utf8.h"
 #include "records/FullColorKeys.h"
 #include "records/HighlightColorKeys.h"
+#include "records/HighlightColorOptions.h"
+#include "settings/ColorMaps.h"
 #include "tpif/TPIFCommands.h"
 #include "tpif/TPIFElement.h"
 #include "tpif/TPIFWords.h"
@@ -14,8 +16,6 @@ namespace {
 constexpr TPIFWord GraySourceWords[] = {
     {nullptr, 0},
 };
-
-constexpr std::int32_t CustomMappingColor = 13;
 
 std::int32_t NumberOrUnset(const CFDictionary& options, std::string_view key)
 {
@@ -118,16 +118,6 @@ void WriteHighlightWord(TPIFChannel& writeData, std::string_view element, const 
     }
 }
 
-// Given as red, green and blue unless the options say otherwise.
-bool IsRGB(const CFDictionary& options)
-{
-    const CFPropertyList* flag = options.find(HighlightColorRGBKey);
-    const bool isNumber = flag != nullptr && (flag->get<std::int64_t>() || flag->get<double>());
-    const bool isFalse =
-        flag != nullptr && flag->get<bool>() && !options.isTrue(HighlightColorRGBKey);
-    return !isFalse && (!isNumber || IsNonZeroNumber(flag));
-}
-
 void WriteCustomMappingColor(TPIFChannel& writeData, const CFDictionary& options)
 {
     struct Component {
@@ -144,7 +134,7 @@ void WriteCustomMappingColor(TPIFChannel& writeData, const CFDictionary& options
         {HighlightColorSKey, "color-hsv-saturation"},
         {HighlightColorVKey, "color-hsv-value"     },
     };
-    const bool isRGB = IsRGB(options);
+    const bool isRGB = IsHighlightColorRGB(options);
     const TPIFBlock custom(writeData, AttributeIndent, "highlight-map-color-custom-col",
                            TPIFSyntax::Collection);
     const TPIFBlock color(writeData, MemberIndent, isRGB ? "color-srgb-col" : "color-hsv-col",
@@ -218,7 +208,7 @@ void WriteTPIFHighlightColor(TPIFChannel& writeData, const CFDictionary& options
     const auto mappingColor = options.int32(HighlightMappingColorKey);
     WriteHighlightWord(writeData, "highlight-colorant", HighlightColorantWords,
                        options.int32(HighlightPrintingColorKey));
-    if (mappingColor == CustomMappingColor) {
+    if (mappingColor == CustomHighlightMappingColor) {
         WriteCustomMappingColor(writeData, options);
     }
     WriteHighlightWord(writeData, "highlight-map-color", HighlightMapColorWords, mappingColor);
