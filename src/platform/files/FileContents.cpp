@@ -1,5 +1,7 @@
 #include "platform/files/FileContents.h"
 
+#include "platform/files/Descriptor.h"
+
 #include <sys/stat.h>
 
 #include <fcntl.h>
@@ -13,6 +15,7 @@
 #include <memory>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace tarvo {
 namespace {
@@ -21,24 +24,6 @@ std::string SystemReason(int error)
 {
     return std::generic_category().message(error);
 }
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (number_ >= 0) {
-            close(number_);
-        }
-    }
-    bool valid() const { return number_ >= 0; }
-    int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 // The file that a chain of symbolic links ends at, there or not; nullopt when it has no end.
 std::optional<std::filesystem::path> BehindLinks(std::filesystem::path path)
@@ -86,6 +71,55 @@ std::string SystemReason(const GError& error)
 struct GErrorDeleter {
     void operator()(GError* error) const { g_error_free(error); }
 };
+
+// Through a file beside it, written, on the disk and renamed; the name's own link is replaced.
+bool SetContents(const std::string& path, std::string_view contents, mode_t mode,
+                 std::string& reason)
+{
+    GError* failure = nullptr;
+    const auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
+                                                          G_FILE_SET_CONTENTS_DURABLE);
+    if (g_file_set_contents_full(path.c_str(), contents.data(),
+                                 static_cast<gssize>(contents.size()), flags,
+                                 static_cast<int>(mode), &failure) == TRUE) {
+        return true;
+    }
+    const std::unique_ptr<GError, GErrorDeleter> owner(failure);
+    reason = SystemReason(*owner);
+    return false;
+}
+
+// GLib keeps the text of an errno but not its number, and its own codes lump many together.
+int ErrorWithText(const std::string& text)
+{
+    constexpr int HighestError = 133; // on Linux
+    for (int error = 1; error <= HighestError; ++error) {
+        if (text == g_strerror(error)) {
+            return error;
+        }
+    }
+    return EIO;
+}
+
+FileFailure SystemFailure(int error)
+{
+    return {error, SystemReason(error)};
+}
+
+// Why a file of that type is none of the program's own; 0 when it may be one.
+int ErrorOfType(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return 0;
+    case S_IFLNK:
+        return ELOOP;
+    case S_IFDIR:
+        return EISDIR;
+    default:
+        return EINVAL;
+    }
+}
 
 bool WriteInPlace(const std::string& path, std::string_view contents, std::string& reason)
 {
@@ -173,20 +207,54 @@ bool ReplaceFileContents(const std::string& path, std::string_view contents, std
     constexpr mode_t Permissions = 0777;
     // From the beginning: what is private must not be readable for a moment either.
     const mode_t mode = exists ? status.st_mode & Permissions : NewFileMode;
-    GError* failure = nullptr;
-    const auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
-                                                          G_FILE_SET_CONTENTS_DURABLE);
-    if (g_file_set_contents_full(target.c_str(), contents.data(),
-                                 static_cast<gssize>(contents.size()), flags,
-                                 static_cast<int>(mode), &failure) == FALSE) {
-        const std::unique_ptr<GError, GErrorDeleter> owner(failure);
-        reason = SystemReason(*owner);
+    if (!SetContents(target, contents, mode, reason)) {
         return false;
     }
     if (exists) {
         // What the mask took away. The contents are in place: a file system without permissions is
         // no failure.
         static_cast<void>(chmod(target.c_str(), mode));
+    }
+    return true;
+}
+
+std::optional<std::string> ReadOwnFile(const std::string& path, std::size_t maximumBytes,
+                                       FileFailure& failure)
+{
+    // Opening a pipe would wait for its writer.
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status = {};
+    if (!file.valid() || fstat(file.number(), &status) != 0) {
+        failure = SystemFailure(errno);
+        return std::nullopt;
+    }
+    if (const int error = ErrorOfType(status.st_mode)) {
+        failure = SystemFailure(error);
+        return std::nullopt;
+    }
+    failure = {};
+    auto contents = ReadDescriptorContents(file.number(), maximumBytes, failure.reason);
+    const bool isTooLarge = status.st_size > 0 && std::cmp_greater(status.st_size, maximumBytes);
+    if (!contents && !isTooLarge) {
+        failure.error = ErrorWithText(failure.reason);
+    }
+    return contents;
+}
+
+bool ReplaceOwnFile(const std::string& path, std::string_view contents, FileFailure& failure)
+{
+    struct stat status = {};
+    if (lstat(path.c_str(), &status) == 0) {
+        if (const int error = ErrorOfType(status.st_mode)) {
+            failure = SystemFailure(error);
+            return false;
+        }
+    }
+    constexpr mode_t OwnerOnly = 0600;
+    failure = {};
+    if (!SetContents(path, contents, OwnerOnly, failure.reason)) {
+        failure.error = ErrorWithText(failure.reason);
+        return false;
     }
     return true;
 }

@@ -29,4 +29,24 @@ ReadDescriptorContents(int descriptor, std::size_t maximumBytes, std::string& re
 [[nodiscard]] bool ReplaceFileContents(const std::string& path, std::string_view contents,
                                        std::string& reason);
 
+/// Why a file could not be read or written.
+struct FileFailure {
+    int error = 0;      // errno; 0 when it is no fault of the system
+    std::string reason; // for people
+};
+
+/// Reads a file of the program's own: a regular file under that very name, so no symbolic link, and
+/// nothing to wait for.
+/// @param maximumBytes  a larger file is refused
+/// @return nullopt with `failure` filled; its error is ENOENT when there is no file, and 0 when it
+/// is too large
+[[nodiscard]] std::optional<std::string>
+ReadOwnFile(const std::string& path, std::size_t maximumBytes, FileFailure& failure);
+
+/// Replaces a file of the program's own whole or not at all, readable for its owner alone, and on
+/// the disk when this returns. What is no regular file, a symbolic link too, is refused.
+/// @return false with `failure` filled, the former contents untouched
+[[nodiscard]] bool ReplaceOwnFile(const std::string& path, std::string_view contents,
+                                  FileFailure& failure);
+
 } // namespace tarvo

@@ -1,0 +1,65 @@
+#include "platform/files/FileLock.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <csignal>
+#include <filesystem>
+#include <optional>
+
+namespace tarvo {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+class FileLockTest : public testing::Test {
+protected:
+    FileLockTest() { EXPECT_NE(mkdtemp(folder_.data()), nullptr); }
+    ~FileLockTest() override { fs::remove_all(folder_); }
+    std::string path(const char* name) const { return folder_ + "/" + name; }
+
+    std::string folder_ = testing::TempDir() + "tarvo-lock-XXXXXX";
+};
+
+TEST_F(FileLockTest, IsHeldByOneAtATime)
+{
+    std::optional<FileLock> first(std::in_place, path("lock"), 0ms);
+    EXPECT_EQ(first->state(), FileLock::State::Held);
+    EXPECT_EQ(FileLock(path("other"), 0ms).state(), FileLock::State::Held);
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_EQ(FileLock(path("lock"), 30ms).state(), FileLock::State::TimedOut);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, 30ms);
+    first.reset();
+    EXPECT_EQ(FileLock(path("lock"), 0ms).state(), FileLock::State::Held);
+}
+
+TEST_F(FileLockTest, GoesWithItsProcess)
+{
+    const pid_t holder = fork();
+    if (holder == 0) {
+        const FileLock lock(path("lock"), 0ms);
+        raise(lock.state() == FileLock::State::Held ? SIGSTOP : SIGABRT);
+        pause();
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(holder, &status, WUNTRACED), holder);
+    ASSERT_TRUE(WIFSTOPPED(status));
+    EXPECT_EQ(FileLock(path("lock"), 0ms).state(), FileLock::State::TimedOut);
+    ASSERT_EQ(kill(holder, SIGKILL), 0);
+    ASSERT_EQ(waitpid(holder, &status, 0), holder);
+    EXPECT_EQ(FileLock(path("lock"), 0ms).state(), FileLock::State::Held);
+}
+
+TEST_F(FileLockTest, IsImpossibleWhereNoFileOfItsOwnCanBe)
+{
+    fs::create_symlink("elsewhere", path("link"));
+    fs::create_directory(path("folder"));
+    for (const char* name : {"missing/lock", "link", "folder"}) {
+        EXPECT_EQ(FileLock(path(name), 0ms).state(), FileLock::State::Impossible) << name;
+    }
+    EXPECT_FALSE(fs::exists(path("elsewhere")));
+}
+
+} // namespace
+} // namespace tarvo
