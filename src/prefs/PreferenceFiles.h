@@ -1,0 +1,85 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvo {
+
+// Settings that last are property lists whose root is a dictionary. Those of the user alone lie in
+// one folder; those that an administrator may give to everybody are looked for in several, and the
+// user's changes to them go to the first.
+
+/// Where preference files are; each an absolute path without a last slash.
+struct PreferenceFolders {
+    std::string user;
+    std::vector<std::string> site; // at least one: the first is written to, all are read in order
+};
+
+/// The folders of the process's user: "tarvo" where the desktop keeps configuration, and "Tarvo"
+/// where it keeps data, first the user's and then the machine's.
+PreferenceFolders UserPreferenceFolders();
+
+/// The defaults that an administrator may give; read among the site files, never written.
+inline constexpr std::string_view SiteDefaultsFile = "TarvoFeatures.plist";
+
+/// What could not be done with which file, and why.
+struct PreferenceFailure {
+    std::string action;   // "read", "lock", "set aside", "write"
+    std::string path;     // of the file or folder
+    int error = 0;        // errno; 0 when the file's contents are at fault
+    std::string reason;   // for people
+    std::size_t line = 0; // of the file, from 1; 0 when no line applies
+    /// "cannot write /home/me/.config/tarvo/x: No space left on device"
+    std::string message() const;
+};
+
+/// Reads a file of the user.
+/// @return nullopt when there is none or it cannot be read; why, in `failure` if that is given,
+/// with the error ENOENT when there is none
+std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders,
+                                                std::string_view fileName,
+                                                PreferenceFailure* failure = nullptr);
+
+/// Replaces a file of the user whole or not at all; makes the folder when it is absent. Prints
+/// "WriteUserPreferences() failed (errno)" to standard error when it could not.
+/// @return false with `failure` filled if that is given, the former file untouched
+bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fileName,
+                          const CFDictionary& root, PreferenceFailure* failure = nullptr);
+
+/// The path that a site file is written to; makes its folder when it is absent.
+/// @return nullopt when the folder cannot be made
+std::optional<std::string> CopyPreferenceFileURL(const PreferenceFolders& folders,
+                                                 std::string_view fileName);
+
+/// Reads a site file from the first folder that has it. Prints what is wrong with its contents to
+/// standard error.
+/// @return as CopyUserPreferences
+std::optional<CFDictionary> CopyXMLData(const PreferenceFolders& folders, std::string_view fileName,
+                                        PreferenceFailure* failure = nullptr);
+
+/// Changes the root of a preference file.
+/// @param isPresent  false when there was no file to read and the root is empty
+/// @return false to leave the file as it is
+using PreferenceChange = std::function<bool(CFDictionary& root, bool isPresent)>;
+
+/// Reads a file of the user, changes it and writes it back, with everybody else who changes it
+/// waiting, so that no change is lost. A file whose contents cannot be understood counts as absent
+/// and is kept beside it as <name>.unreadable; one that cannot be had for another reason is left
+/// alone.
+/// @return false with `failure` filled, the former file untouched; true when the change wanted
+/// nothing written
+[[nodiscard]] bool ChangeUserPreferences(const PreferenceFolders& folders,
+                                         std::string_view fileName, const PreferenceChange& change,
+                                         PreferenceFailure& failure);
+
+/// The same for a site file. It is read from the first folder that has it and always written to the
+/// first of all.
+[[nodiscard]] bool ChangeXMLData(const PreferenceFolders& folders, std::string_view fileName,
+                                 const PreferenceChange& change, PreferenceFailure& failure);
+
+} // namespace tarvo
