@@ -6,6 +6,7 @@
 #include <csignal>
 #include <filesystem>
 #include <optional>
+#include <thread>
 
 namespace tarvo {
 namespace {
@@ -30,8 +31,14 @@ TEST_F(FileLockTest, IsHeldByOneAtATime)
     const auto before = std::chrono::steady_clock::now();
     EXPECT_EQ(FileLock(path("lock"), 30ms).state(), FileLock::State::TimedOut);
     EXPECT_GE(std::chrono::steady_clock::now() - before, 30ms);
-    first.reset();
-    EXPECT_EQ(FileLock(path("lock"), 0ms).state(), FileLock::State::Held);
+    std::thread release([&first] {
+        std::this_thread::sleep_for(20ms);
+        first.reset();
+    });
+    EXPECT_EQ(FileLock(path("lock"), 60s).state(), FileLock::State::Held);
+    release.join();
+    // Nothing of the one that gave up keeps it.
+    EXPECT_EQ(FileLock(path("lock"), 60s).state(), FileLock::State::Held);
 }
 
 TEST_F(FileLockTest, GoesWithItsProcess)

@@ -6,40 +6,68 @@
 #include <fcntl.h>
 
 #include <cerrno>
+#include <future>
 #include <thread>
+#include <utility>
 
 namespace tarvo {
 namespace {
 
+using State = FileLock::State;
+
 constexpr mode_t OwnerOnly = 0600;
 
-// The system's own wait has no end: a holder that is stopped would stop the dialog with it.
-FileLock::State Take(const Descriptor& file, std::chrono::milliseconds patience)
+int Lock(const Descriptor& file, int operation)
 {
-    using Clock = std::chrono::steady_clock;
-    constexpr std::chrono::microseconds Pause(500);
-    const auto deadline = Clock::now() + patience;
-    while (file.valid()) {
-        if (flock(file.number(), LOCK_EX | LOCK_NB) == 0) {
-            return FileLock::State::Held;
-        }
-        if (errno != EWOULDBLOCK && errno != EINTR) {
-            break;
-        }
-        if (Clock::now() >= deadline) {
-            return FileLock::State::TimedOut;
-        }
-        std::this_thread::sleep_for(Pause);
+    int result = 0;
+    do {
+        result = flock(file.number(), operation);
+    } while (result != 0 && errno == EINTR);
+    return result;
+}
+
+// The system's wait has no end, so a holder that is stopped would stop the dialog with it. Asking
+// again and again instead leaves it to chance who among many is next. So a thread waits, which
+// gives back what it gets too late.
+State Wait(std::shared_ptr<const Descriptor> file, std::chrono::milliseconds patience)
+{
+    std::promise<State> answer;
+    std::future<State> future = answer.get_future();
+    std::thread([file = std::move(file), answer = std::move(answer)]() mutable {
+        const State state = Lock(*file, LOCK_EX) == 0 ? State::Held : State::Impossible;
+        file.reset(); // the last owner closes, which unlocks
+        answer.set_value(state);
+    }).detach();
+    return future.wait_for(patience) == std::future_status::ready ? future.get() : State::TimedOut;
+}
+
+State Take(const std::shared_ptr<const Descriptor>& file, std::chrono::milliseconds patience)
+{
+    if (!file->valid()) {
+        return State::Impossible;
     }
-    return FileLock::State::Impossible;
+    if (Lock(*file, LOCK_EX | LOCK_NB) == 0) {
+        return State::Held;
+    }
+    if (errno != EWOULDBLOCK) {
+        return State::Impossible;
+    }
+    return patience.count() > 0 ? Wait(file, patience) : State::TimedOut;
+}
+
+int OpenLockFile(const std::string& path)
+{
+    return open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, OwnerOnly);
 }
 
 } // namespace
 
 FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience)
-    : file_(open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, OwnerOnly)),
-      state_(Take(file_, patience))
+    : file_(std::make_shared<const Descriptor>(OpenLockFile(path))), state_(Take(file_, patience))
 {
+    if (state_ != State::Held) {
+        file_.reset();
+    }
 }
 
 } // namespace tarvo

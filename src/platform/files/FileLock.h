@@ -3,6 +3,7 @@
 #include "platform/files/Descriptor.h"
 
 #include <chrono>
+#include <memory>
 #include <string>
 
 namespace tarvo {
@@ -19,13 +20,13 @@ public:
     };
 
     /// @param path      of the lock file; a symbolic link makes locking impossible
-    /// @param patience  how long to wait for another holder
+    /// @param patience  how long to wait for other holders, who go in the order in which they came
     FileLock(const std::string& path, std::chrono::milliseconds patience);
 
     State state() const { return state_; }
 
 private:
-    Descriptor file_;
+    std::shared_ptr<const Descriptor> file_;
     State state_;
 };
 
