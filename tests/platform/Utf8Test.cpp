@@ -15,6 +15,10 @@ TEST(Utf8Prefix, SplitsNoCharacter)
         EXPECT_EQ(Utf8Prefix(Text, bytes), Text.substr(0, Lengths[bytes])) << bytes;
     }
     EXPECT_EQ(Utf8Length(Text), 4U);
+    constexpr std::size_t Bytes[] = {0, 1, 3, 6, 10, 10}; // of the first so many characters
+    for (std::size_t count = 0; count < std::size(Bytes); ++count) {
+        EXPECT_EQ(Utf8FirstCharacters(Text, count), Text.substr(0, Bytes[count])) << count;
+    }
 }
 
 TEST(ValidUtf8Prefix, EndsBeforeWhatIsNoUtf8)

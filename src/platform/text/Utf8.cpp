@@ -32,6 +32,16 @@ std::size_t Utf8Length(std::string_view text)
            static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ContinuesCharacter));
 }
 
+std::string_view Utf8FirstCharacters(std::string_view text, std::size_t count)
+{
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        if (!ContinuesCharacter(text[position]) && count-- == 0) {
+            return text.substr(0, position);
+        }
+    }
+    return text;
+}
+
 bool IsUtf8(std::string_view text)
 {
     return ValidUtf8Prefix(text).size() == text.size();

@@ -11,6 +11,9 @@ std::string_view Utf8Prefix(std::string_view text, std::size_t maximumBytes);
 /// The number of characters (Unicode scalar values) of a valid text.
 std::size_t Utf8Length(std::string_view text);
 
+/// The first `count` characters of a valid text; the whole text when it has no more.
+std::string_view Utf8FirstCharacters(std::string_view text, std::size_t count);
+
 /// Whether the bytes are UTF-8 by the letter: no surrogates, no overlong forms, up to U+10FFFF. NUL
 /// is refused too: nothing that this system reads or writes can hold it.
 bool IsUtf8(std::string_view text);
