@@ -1,0 +1,99 @@
+// Any property list as the ticket of every record and as a job ticket: what a record writes, it
+// reads back as the same record.
+#include "platform/cf/PropertyListReader.h"
+#include "platform/printing/PMTicket.h"
+#include "records/Stock.h"
+#include "records/TicketSpecialPages.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace tarvo {
+namespace {
+
+void Expect(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
+}
+
+// Not a number equals nothing, itself neither; a record may keep one as it came.
+void ExpectEqual(const CFPropertyList& value, const CFPropertyList& other)
+{
+    Expect(value == other || !(value == value));
+}
+
+// The first reading may drop what is not the record's, and what is no whole unit of a dialog.
+template <typename Record>
+void ReadAs(const CFDictionary& ticket)
+{
+    const Record record((Record(ticket).asTicket()));
+    ExpectEqual(Record(record.asTicket()).asTicket(), record.asTicket());
+}
+
+void ReadAsAny(const CFDictionary& ticket)
+{
+    ReadAs<Stock>(ticket);
+    ReadAs<Cover>(ticket);
+    ReadAs<Insert>(ticket);
+    ReadAs<ExceptionPage>(ticket);
+}
+
+// Every dictionary at any depth, so that a small input reaches the small records too.
+void ReadAll(const CFPropertyList& value)
+{
+    if (const auto* array = value.get<CFArray>()) {
+        for (const CFPropertyList& entry : *array) {
+            ReadAll(entry);
+        }
+    } else if (const auto* dictionary = value.get<CFDictionary>()) {
+        ReadAsAny(*dictionary);
+        for (const auto& entry : *dictionary) {
+            ReadAll(entry.value);
+        }
+    }
+}
+
+void ExpectInOrder(const TicketSpecialPages& pages)
+{
+    for (std::int32_t index = 1; index < pages.inserts.count(); ++index) {
+        Expect(pages.inserts.pageAtIndex(index - 1)->startPage() <=
+               pages.inserts.pageAtIndex(index)->startPage());
+    }
+    for (std::int32_t index = 0; index < pages.exceptions.count(); ++index) {
+        const auto* before = pages.exceptions.pageAtIndex(index - 1);
+        const auto* page = pages.exceptions.pageAtIndex(index);
+        Expect(page->startPage() <= page->endPage());
+        Expect(before == nullptr || before->endPage() < page->startPage());
+    }
+}
+
+void ReadAsJob(const CFDictionary& values)
+{
+    PMTicket ticket(values, SpecialPagesClient);
+    for (int round = 0; round < 2; ++round) {
+        const TicketSpecialPages pages = ReadSpecialPages(ticket);
+        ExpectInOrder(pages);
+        Expect(WriteSpecialPages(ticket, pages) == StatusOk);
+        const TicketSpecialPages again = ReadSpecialPages(ticket);
+        Expect(again.frontCover == pages.frontCover && again.backCover == pages.backCover);
+        Expect(again.inserts.count() == pages.inserts.count());
+        Expect(again.exceptions.count() == pages.exceptions.count());
+    }
+}
+
+} // namespace
+} // namespace tarvo
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    tarvo::ParseError error;
+    const auto ticket =
+        tarvo::ReadPropertyListDictionary({reinterpret_cast<const char*>(bytes), size}, error);
+    if (ticket) {
+        tarvo::ReadAll(*ticket);
+        tarvo::ReadAsJob(*ticket);
+    }
+    return 0;
+}
