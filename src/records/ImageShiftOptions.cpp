@@ -1,6 +1,8 @@
 #include "records/ImageShiftOptions.h"
 
+#include "platform/bundle/CFBundle.h"
 #include "records/ImageShiftKeys.h"
+#include "settings/ImageMaps.h"
 #include "settings/TicketAccess.h"
 
 #include <algorithm>
@@ -76,6 +78,16 @@ void ImageShiftSetOptionsFromTicket(ImageShiftOptions& options, const CFDictiona
         .x2 = ShiftOffsetFromTicket(ticket, ShiftX2Key),
         .y2 = ShiftOffsetFromTicket(ticket, ShiftY2Key),
     };
+}
+
+std::string ImageShiftDescription(const CFBundle& bundle, const ImageShiftOptions& options)
+{
+    if (options.twoSidedMode == UnsetValue) {
+        return "";
+    }
+    const char* mode = LocalizedKeyForTicketValue(ImageShiftOptions2SidedMap, options.twoSidedMode);
+    return bundle.localizedString("ImageShift") + bundle.localizedString(":") +
+           bundle.localizedString(mode);
 }
 
 } // namespace tarvo

@@ -4,6 +4,8 @@
 
 namespace tarvo {
 
+class CFBundle;
+
 /// How far the image of a job or of an exception page is moved on its sheets.
 struct ImageShiftOptions {
     bool isValid = true;                    // false: left out of tickets whatever else it holds
@@ -23,6 +25,9 @@ CFDictionary ImageShiftCreateTicketFromOptions(const ImageShiftOptions& options)
 /// Reads a dictionary of ImageShiftKeys.h; an absent entry gives its default, and the options are
 /// valid afterwards. What was inches when written comes back at most 1/100 in nearer to 0.
 void ImageShiftSetOptionsFromTicket(ImageShiftOptions& options, const CFDictionary& ticket);
+
+/// The two-sided mode in the user's words, "label:mode"; "" when it is unset.
+std::string ImageShiftDescription(const CFBundle& bundle, const ImageShiftOptions& options);
 
 /// Whether the offsets of a dictionary are in 1/100 mm. Tickets written before the key existed hold
 /// them as the dialogs show them: in 1/100 in, or in 1/10 mm when "Inches" is 0.

@@ -1,0 +1,99 @@
+#include "records/SpecialPageTexts.h"
+
+#include "records/SpecialPages.h"
+#include "support/EchoBundle.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvo {
+namespace {
+
+const CFBundle& Bundle()
+{
+    static const CFBundle bundle = EchoBundle(
+        {"SpecialPageSummaryFront", "SpecialPageSummaryBack", "SpecialPageSummaryBefore1",
+         "SpecialPageSummaryCover", "SpecialPageSummaryInsert", "SpecialPageSummaryException",
+         "CoverBlankorPreprinted", "CoverPrintSide2", "InsertSummaryQuantity", "Duplex",
+         "ImageShift", "MirrorX", "StockColor", "StockColorBlue", "StockWeight"});
+    return bundle;
+}
+
+struct TextsCase {
+    const char* name;
+    SpecialPageTexts texts;
+    const char* page;
+    const char* type;
+    const char* attributes;
+};
+
+template <typename Page>
+Page From(std::vector<CFDictionary::Entry> entries, std::vector<CFDictionary::Entry> stock = {})
+{
+    CFDictionary ticket(std::move(entries));
+    ticket.set("Stock", CFDictionary(std::move(stock)));
+    return Page(ticket);
+}
+
+CFDictionary Shift(std::int32_t mode)
+{
+    return ImageShiftCreateTicketFromOptions({.twoSidedMode = mode});
+}
+
+TEST(SpecialPageTexts, TellWhatIsSetAndNoMore)
+{
+    const char* shiftKey = "com.tarvo.print.ImageShiftOptionsPage";
+    const auto exception = [](const ExceptionPage& page) {
+        return ExceptionPageTexts(Bundle(), page);
+    };
+    // clang-format off
+    const TextsCase cases[] = {
+        {"new cover", CoverTexts(Bundle(), Cover(), CoverPlace::Front),
+            "<SpecialPageSummaryFront>", "<SpecialPageSummaryCover>", "<CoverBlankorPreprinted>"},
+        {"cover on a stock of its own",
+            CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 3}}, {{"Color", 2}, {"Weight", 90}}), CoverPlace::Back),
+            "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>",
+            "<CoverPrintSide2>;  <StockColor>:<StockColorBlue>, <StockWeight>:90 gsm"},
+        {"sides that covers do not have",
+            CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 5}}), CoverPlace::Back),
+            "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>", "STRING NOT FOUND"},
+        {"insert before page 1", InsertTexts(Bundle(), Insert()),
+            "<SpecialPageSummaryBefore1>", "<SpecialPageSummaryInsert>", "<InsertSummaryQuantity> 1"},
+        {"insert later",
+            InsertTexts(Bundle(), From<Insert>({{"StartPage", 12}, {"Quantity", 3}}, {{"Color", 2}})),
+            "12", "<SpecialPageSummaryInsert>",
+            "<InsertSummaryQuantity> 3;  <StockColor>:<StockColorBlue>"},
+        {"page with nothing set", exception(From<ExceptionPage>({{"StartPage", 4}, {"EndPage", 4}})),
+            "4", "<SpecialPageSummaryException>", ""},
+        {"pages with all",
+            exception(From<ExceptionPage>({{"StartPage", 4}, {"EndPage", 9}, {"SidesImaged", 2},
+                                           {shiftKey, Shift(3)}}, {{"Color", 2}})),
+            "4-9", "<SpecialPageSummaryException>",
+            "<Duplex>;  <StockColor>:<StockColorBlue>;  <ImageShift>:<MirrorX>"},
+        {"shift alone, unknown", exception(From<ExceptionPage>({{"EndPage", 1}, {shiftKey, Shift(2)}})),
+            "0-1", "<SpecialPageSummaryException>", "<ImageShift>:STRING NOT FOUND"},
+    };
+    // clang-format on
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(row.texts.page, row.page);
+        EXPECT_EQ(row.texts.type, row.type);
+        EXPECT_EQ(row.texts.attributes, row.attributes);
+    }
+}
+
+TEST(SpecialPageTexts, AreFoundByTheirColumns)
+{
+    const SpecialPageTexts texts = {"page", "type", "attributes"};
+    std::string text;
+    EXPECT_EQ(TextOfColumn(texts, 0x50414745, &text), StatusOk);
+    EXPECT_EQ(text, "page");
+    EXPECT_EQ(TextOfColumn(texts, FourCharCode("TYPE"), &text), StatusOk);
+    EXPECT_EQ(text, "type");
+    EXPECT_EQ(TextOfColumn(texts, FourCharCode("ATTR"), &text), StatusOk);
+    EXPECT_EQ(TextOfColumn(texts, FourCharCode("Page"), &text), -4979);
+    EXPECT_EQ(text, "attributes");
+    EXPECT_EQ(TextOfColumn(texts, FourCharCode("PAGE"), nullptr), StatusBadArgument);
+}
+
+} // namespace
+} // namespace tarvo
