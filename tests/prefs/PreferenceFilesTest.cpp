@@ -1,6 +1,7 @@
 #include "prefs/PreferenceFiles.h"
 
 #include "PreferenceFolderFixture.h"
+#include "platform/files/FileContents.h"
 
 namespace tarvo {
 namespace {

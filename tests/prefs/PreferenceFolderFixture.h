@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/cf/PropertyListReader.h"
-#include "platform/files/FileContents.h"
 #include "prefs/PreferenceFiles.h"
 
 #include <gtest/gtest.h>
