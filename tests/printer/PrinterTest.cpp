@@ -1,114 +1,20 @@
+#include "../platform/PPDTexts.h"
 #include "printer/FinishingOffers.h"
 #include "printer/JobTypeOffers.h"
 #include "printer/PPDText.h"
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <fstream>
-
 namespace tarvo {
 namespace {
 
-constexpr std::string_view Header = "*PPD-Adobe: \"4.3\"\n"
-                                    "*LanguageEncoding: None\n"
-                                    "*Manufacturer: \"Tarvo\"\n"
-                                    "*NickName: \"Tarvo Test\"\n";
-
-std::string PickOne(const std::string& keyword, const std::string& standard,
-                    std::initializer_list<std::string> choices)
-{
-    std::string text =
-        "*OpenUI *" + keyword + ": PickOne\n*Default" + keyword + ": " + standard + "\n";
-    for (const std::string& choice : choices) {
-        text += "*" + keyword + " " + choice + ": \"\"\n";
-    }
-    return text + "*CloseUI: *" + keyword + "\n";
-}
-
-std::optional<PPDFile> Open(const std::string& text, ParseError& error)
-{
-    const std::string path = testing::TempDir() + "tarvo-" + std::to_string(getpid()) + ".ppd";
-    std::ofstream(path, std::ios::binary) << text;
-    auto ppd = PPDFile::Open(path, error);
-    std::remove(path.c_str());
-    return ppd;
-}
-
-PPDFile Printer(const std::string& options)
-{
-    ParseError error;
-    auto ppd = Open(std::string(Header) + options, error);
-    EXPECT_TRUE(ppd) << error.line << ": " << error.reason;
-    return ppd.value_or(PPDFile());
-}
-
-TEST(PPDFile, RefusesWithLineAndReason)
-{
-    const auto refusal = [](const std::string& text) {
-        ParseError error;
-        EXPECT_FALSE(Open(text, error));
-        return std::to_string(error.line) + ": " + error.reason;
-    };
-    const std::string longLine = "*X: \"" + std::string(300, 'x') + "\"\n";
-    EXPECT_EQ(refusal(""), "0: missing PPD-Adobe-4.x header");
-    EXPECT_EQ(refusal("hello\n"), "1: missing asterisk in column 1");
-    EXPECT_EQ(refusal(std::string(Header) + longLine),
-              "5: line longer than the maximum allowed (255 characters)");
-    EXPECT_EQ(refusal("\x1F\x8B\x08"), "0: compressed; unpack it first");
-    EXPECT_EQ(refusal(std::string(PPDMaximumBytes + 1, '*')), "0: larger than 8 MiB");
-    EXPECT_EQ(refusal(std::string(100'001, '\n')), "0: more than 100000 lines");
-    std::string many(Header);
-    for (int number = 0; number <= 10'000; ++number) {
-        many += "*OpenUI *A: Boolean\n";
-    }
-    EXPECT_EQ(refusal(many), "0: more than 10000 options");
-    ParseError error;
-    EXPECT_FALSE(PPDFile::Open("/nonexistent.ppd", error));
-    EXPECT_EQ(error.reason, "No such file or directory");
-    PMTicket information;
-    EXPECT_FALSE(ppdOpenCompiledPPDFromTicket(&information, error));
-    EXPECT_EQ(error.reason, "the printer information names no PPD file");
-    information.setItem(PanelClient, PPDPathKey, TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd");
-    const auto ppd = ppdOpenCompiledPPDFromTicket(&information, error);
-    ASSERT_TRUE(ppd);
-    EXPECT_EQ(ppd->manufacturer(), "Tarvo");
-}
-
-TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
-{
-    PPDFile ppd = Printer(
-        "*Manufacturer: \"Tarvo\"\n" + PickOne("Jog", "none", {"EndOfSet", "None"}) +
-        PickOne("MediaType", "Bond", {"Bond", "Bond", "Other/<4142> caf\x8E"}) +
-        PickOne("PageSize", "Letter", {"Letter"}) + PickOne("PageRegion", "Letter", {"Letter"}) +
-        "*CustomPageSize True: \"pop\"\n"
-        "*ParamCustomPageSize Width: 1 points 432 936\n"
-        "*ParamCustomPageSize Height: 2 points 500 1368\n"
-        "*MaxMediaWidth: \"936\"\n*MaxMediaHeight: \"1368\"\n"
-        "*VariablePaperSize: True\n");
-    EXPECT_EQ(ppd.markedChoice("Jog"), nullptr); // "none" is not "None"
-    EXPECT_EQ(ppd.option("jog"), nullptr);
-    EXPECT_TRUE(ppd.mark("Jog", "EndOfSet"));
-    EXPECT_FALSE(ppd.mark("Jog", "endofset"));
-    EXPECT_EQ(*ppd.markedChoice("Jog"), "EndOfSet");
-    const auto& types = ppd.option("MediaType")->choices;
-    EXPECT_TRUE(types[0].isMarked && !types[1].isMarked);
-    EXPECT_EQ(types[2].text, "AB café"); // Mac Roman where it is no UTF-8
-    EXPECT_EQ(ppd.option("PageSize")->choices.size(), 1U);
-    EXPECT_EQ(ppd.option("PageRegion")->choices.size(), 1U);
-    ASSERT_TRUE(ppd.customSizes());
-    EXPECT_EQ(ppd.customSizes()->minimumWidth, 432);
-    EXPECT_EQ(ppd.customSizes()->maximumLength, 1368);
-}
-
 TEST(KeywordInfo, IsKeptForPickOneOnly)
 {
-    const PPDFile ppd = Printer("*OpenUI *JCLBanner: Boolean\n*DefaultJCLBanner: False\n"
-                                "*JCLBanner True: \"\"\n*JCLBanner False: \"\"\n"
-                                "*CloseUI: *JCLBanner\n" +
-                                PickOne("MediaColor", "Blue", {"White", "Blue", "Mauve"}) +
-                                PickOne("Unmapped", "A", {"A"}));
+    const PPDFile ppd = PrinterOf("*OpenUI *JCLBanner: Boolean\n*DefaultJCLBanner: False\n"
+                                  "*JCLBanner True: \"\"\n*JCLBanner False: \"\"\n"
+                                  "*CloseUI: *JCLBanner\n" +
+                                  PickOne("MediaColor", "Blue", {"White", "Blue", "Mauve"}) +
+                                  PickOne("Unmapped", "A", {"A"}));
     ASSERT_EQ(PPDCreateGlobalUIDictionary(ppd), StatusOk);
     EXPECT_EQ(PPDCreateGlobalUIDictionary(ppd), -1);
     const PPDUIDictionary& dictionary = *PPDGetGlobalUIDictionary();
@@ -161,8 +67,8 @@ TEST(PPDDecode, EndsARunAtTheFirstCharacterThatIsNoDigit)
 
 TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)
 {
-    PPDFile ppd = Printer(PickOne("Option1", "None", {"None", "DFA", "dfa"}) +
-                          PickOne("Option2", "True", {"True", "False"}));
+    PPDFile ppd = PrinterOf(PickOne("Option1", "None", {"None", "DFA", "dfa"}) +
+                            PickOne("Option2", "True", {"True", "False"}));
     PMTicket ticket;
     ticket.ppdDictionary().set("Option1", "DFA");
     EXPECT_EQ(LoadInstallableOptions(&ticket, ppd, InstalledFeatures), 1);
@@ -196,12 +102,12 @@ TEST(FinishingOffers, FollowFromFeaturesAndFoldOptions)
         return families;
     };
     const std::vector<std::int32_t> plain = {0, 1, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16};
-    EXPECT_EQ(options(Printer("")), plain);
+    EXPECT_EQ(options(PrinterOf("")), plain);
     std::vector<std::int32_t> full = plain;
     full.insert(full.end(), {22, 3, 30, 3, 4, 5, 36, 38, 39, 40, 47, 48, 49, 49, 50, 51, 52});
     full.insert(full.begin() + 16, {18, 20});
     EXPECT_EQ(
-        options(Printer(
+        options(PrinterOf(
             PickOne("Option1", "DFA", {"DFA"}) + PickOne("Option2", "True", {"True"}) +
             PickOne("TRFoldOptions", "None", {"None", "HolePunch", "2HolePunch", "ZTriFoldOpt"}))),
         full);

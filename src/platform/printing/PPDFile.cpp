@@ -6,6 +6,7 @@
 #include "platform/text/Utf8.h"
 
 #include <cups/ppd.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 
 #include <dlfcn.h>
@@ -14,7 +15,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <iterator>
 #include <memory>
@@ -33,7 +33,6 @@ struct Reader {
     decltype(&ppdOpenFd) openFd = nullptr;
     decltype(&ppdClose) close = nullptr;
     decltype(&ppdLastError) lastError = nullptr;
-    decltype(&ppdErrorString) errorString = nullptr;
     decltype(&ppdFindCustomOption) findCustomOption = nullptr;
     decltype(&ppdFindAttr) findAttribute = nullptr;
     decltype(&ppdLocalize) localize = nullptr;
@@ -51,11 +50,10 @@ const Reader* LoadReader()
 {
     static Reader reader;
     static const bool loaded = [] {
-        void* library = dlopen("libcups.so.2", RTLD_NOW | RTLD_LOCAL);
+        void* library = dlopen("libcups.so.2", RTLD_LAZY | RTLD_LOCAL);
         return library != nullptr && Find(library, "ppdOpenFd", reader.openFd) &&
                Find(library, "ppdClose", reader.close) &&
                Find(library, "ppdLastError", reader.lastError) &&
-               Find(library, "ppdErrorString", reader.errorString) &&
                Find(library, "ppdFindCustomOption", reader.findCustomOption) &&
                Find(library, "ppdFindAttr", reader.findAttribute) &&
                Find(library, "ppdLocalize", reader.localize);
@@ -70,39 +68,96 @@ struct PPDDeleter {
 using OpenFile = std::unique_ptr<ppd_file_t, PPDDeleter>;
 
 // The library has decoded hexadecimal parts already and passes bytes that it knows no encoding of.
-std::string Text(const char* bytes)
+// @param mostBytes  that the library keeps of such a text; 0 for any number
+std::string Text(const char* bytes, std::size_t mostBytes)
 {
-    if (bytes == nullptr) {
-        return "";
+    std::string text = bytes == nullptr ? "" : bytes;
+    char all = 0;
+    for (const char byte : text) {
+        all = static_cast<char>(all | byte);
     }
-    std::string text = bytes;
-    const bool isAscii = std::all_of(text.begin(), text.end(), [](char byte) { return byte >= 0; });
+    const bool isAscii = all >= 0;
     if (isAscii || IsUtf8(text)) {
         return text;
     }
-    // Cut by the library, maybe inside a character.
+    // Cut by the library, maybe inside a character: converting from another encoding, it leaves a
+    // byte unused.
     constexpr std::size_t LongestTail = 3;
     const std::size_t valid = ValidUtf8Prefix(text).size();
-    if (text.size() >= PPD_MAX_TEXT - 2 && text.size() - valid <= LongestTail) {
-        return text.substr(0, valid);
+    if (mostBytes != 0 && text.size() + 1 >= mostBytes && text.size() - valid <= LongestTail) {
+        text.resize(valid);
+        return text;
     }
     const std::unique_ptr<char, decltype(&g_free)> converted(
         g_convert(bytes, -1, "UTF-8", "MACINTOSH", nullptr, nullptr, nullptr), g_free);
     return converted ? converted.get() : "";
 }
 
+template <std::size_t Size>
+std::string Text(const char (&bytes)[Size])
+{
+    return Text(bytes, Size - 1);
+}
+
+struct RefusalRow {
+    ppd_status_t status;
+    const char* reason; // null ends the table
+};
+
+// Why the library refuses a file. Its own words follow the locale; messages are English.
+constexpr RefusalRow RefusalMap[] = {
+    {PPD_NULL_FILE,              "nothing to read"                                           },
+    {PPD_ALLOC_ERROR,            "out of memory"                                             },
+    {PPD_MISSING_PPDADOBE4,      "missing PPD-Adobe-4.x header"                              },
+    {PPD_MISSING_VALUE,          "missing value"                                             },
+    {PPD_INTERNAL_ERROR,         "not understood by the printing system"                     },
+    {PPD_BAD_OPEN_GROUP,         "bad OpenGroup"                                             },
+    {PPD_NESTED_OPEN_GROUP,      "OpenGroup without a CloseGroup before it"                  },
+    {PPD_BAD_OPEN_UI,            "bad OpenUI or JCLOpenUI"                                   },
+    {PPD_NESTED_OPEN_UI,         "OpenUI or JCLOpenUI without a CloseUI or JCLCloseUI before"},
+    {PPD_BAD_ORDER_DEPENDENCY,   "bad OrderDependency"                                       },
+    {PPD_BAD_UI_CONSTRAINTS,     "bad UIConstraints"                                         },
+    {PPD_MISSING_ASTERISK,       "missing asterisk in column 1"                              },
+    {PPD_LINE_TOO_LONG,          "line longer than the maximum allowed (255 characters)"     },
+    {PPD_ILLEGAL_CHARACTER,      "illegal control character"                                 },
+    {PPD_ILLEGAL_MAIN_KEYWORD,   "illegal main keyword"                                      },
+    {PPD_ILLEGAL_OPTION_KEYWORD, "illegal option keyword"                                    },
+    {PPD_ILLEGAL_TRANSLATION,    "illegal translation"                                       },
+    {PPD_ILLEGAL_WHITESPACE,     "illegal white space"                                       },
+    {PPD_BAD_CUSTOM_PARAM,       "bad custom parameter"                                      },
+    {PPD_MISSING_OPTION_KEYWORD, "missing option keyword"                                    },
+    {PPD_BAD_VALUE,              "bad value"                                                 },
+    {PPD_MISSING_CLOSE_GROUP,    "missing CloseGroup"                                        },
+    {PPD_BAD_CLOSE_UI,           "bad CloseUI or JCLCloseUI"                                 },
+    {PPD_MISSING_CLOSE_UI,       "missing CloseUI or JCLCloseUI"                             },
+    {PPD_OK,                     nullptr                                                     },
+};
+
 ParseError RefusalOf(const Reader& reader)
 {
     int line = 0;
     const ppd_status_t status = reader.lastError(&line);
-    std::string reason = reader.errorString(status);
-    reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
-    return {static_cast<std::size_t>(std::max(line, 0)), std::move(reason)};
+    const auto* row = RefusalMap;
+    while (row->reason != nullptr && row->status != status) {
+        ++row;
+    }
+    return {static_cast<std::size_t>(std::max(line, 0)),
+            row->reason == nullptr ? "refused by the printing system" : row->reason};
 }
 
 // The library's time grows with the square of the options, and of the lines.
 constexpr std::size_t MostOptions = 10'000;
 constexpr std::size_t MostLines = 100'000;
+
+// How often the word is in the text; none of it overlaps itself.
+std::size_t Count(std::string_view text, std::string_view word)
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(word, at)) != std::string_view::npos; ++at) {
+        ++count;
+    }
+    return count;
+}
 
 // Why the library had better not read the contents; empty when it may.
 std::string RefusalOfContents(std::string_view contents)
@@ -110,47 +165,57 @@ std::string RefusalOfContents(std::string_view contents)
     if (contents.starts_with("\x1F\x8B")) { // no limit would hold for what it unpacks to
         return "compressed; unpack it first";
     }
-    const auto isLineEnd = [](char letter) { return letter == '\n' || letter == '\r'; };
-    const auto lines = std::count_if(contents.begin(), contents.end(), isLineEnd);
-    if (static_cast<std::size_t>(lines) > MostLines) {
+    if (Count(contents, "\n") + Count(contents, "\r") > MostLines) {
         return "more than " + std::to_string(MostLines) + " lines";
     }
-    std::size_t options = 0;
-    for (std::size_t at = 0; (at = contents.find("OpenUI", at)) != std::string_view::npos; ++at) {
-        ++options;
-    }
-    return options > MostOptions ? "more than " + std::to_string(MostOptions) + " options" : "";
+    return Count(contents, "OpenUI") > MostOptions
+               ? "more than " + std::to_string(MostOptions) + " options"
+               : "";
 }
 
-// An open file that is regular, small enough and not packed, which the library will close; -1 with
-// the reason when there is none.
-int OpenChecked(const std::string& path, std::string& reason)
+// The bytes of a regular file that is small enough; nullopt with the reason when there are none.
+std::optional<std::string> ContentsOf(const std::string& path, std::string& reason)
 {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    struct stat status = {};
-    if (file < 0 || fstat(file, &status) != 0) {
+    if (file < 0) {
         reason = std::generic_category().message(errno);
-    } else if (!S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    struct stat status = {};
+    std::optional<std::string> contents;
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
         reason = "not a regular file";
-    } else if (const auto contents = ReadDescriptorContents(file, PPDMaximumBytes, reason)) {
-        reason = RefusalOfContents(*contents);
-        if (reason.empty() && lseek(file, 0, SEEK_SET) == 0) {
-            return file;
-        }
+    } else {
+        contents = ReadDescriptorContents(file, PPDMaximumBytes, reason);
     }
-    if (file >= 0) {
-        close(file);
+    close(file);
+    return contents;
+}
+
+// The contents as an open file without a name; -1 with the reason when there is no memory for it.
+int FileInMemory(std::string_view contents, std::string& reason)
+{
+    const int file = memfd_create("ppd", MFD_CLOEXEC);
+    if (file < 0) {
+        reason = std::generic_category().message(errno);
+        return -1;
     }
+    if (WriteDescriptorContents(file, contents, reason) && lseek(file, 0, SEEK_SET) == 0) {
+        return file;
+    }
+    close(file);
     return -1;
 }
 
-OpenFile OpenWithReader(const std::string& path, const Reader& reader, ParseError& error)
+// The library reads what was looked at before, whatever has become of the file since.
+OpenFile OpenWithReader(std::string_view contents, const Reader& reader, ParseError& error)
 {
-    const int file = OpenChecked(path, error.reason);
+    error.reason = RefusalOfContents(contents);
+    const int file = error.reason.empty() ? FileInMemory(contents, error.reason) : -1;
     if (file < 0) {
         return {nullptr, PPDDeleter{&reader}};
     }
-    OpenFile opened(reader.openFd(file), PPDDeleter{&reader});
+    OpenFile opened(reader.openFd(file), PPDDeleter{&reader}); // closes the file in any case
     if (!opened) {
         error = RefusalOf(reader);
     }
@@ -264,19 +329,26 @@ auto* FindOption(Groups& groups, std::string_view keyword)
 std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
 {
     error = ParseError();
+    const auto contents = ContentsOf(path, error.reason);
+    return contents ? Read(*contents, error) : std::nullopt;
+}
+
+std::optional<PPDFile> PPDFile::Read(std::string_view contents, ParseError& error)
+{
+    error = ParseError();
     const Reader* reader = LoadReader();
     if (reader == nullptr) {
         error.reason = "the printing system's library, libcups.so.2, is missing";
         return std::nullopt;
     }
-    const OpenFile opened = OpenWithReader(path, *reader, error);
+    const OpenFile opened = OpenWithReader(contents, *reader, error);
     if (!opened) {
         return std::nullopt;
     }
     Translate(opened.get(), *reader);
     PPDFile file;
-    file.manufacturer_ = Text(opened->manufacturer);
-    file.nickName_ = Text(opened->nickname);
+    file.manufacturer_ = Text(opened->manufacturer, 0);
+    file.nickName_ = Text(opened->nickname, 0);
     for (int index = 0; index < opened->num_groups; ++index) {
         file.groups_.push_back(GroupOf(opened.get(), opened->groups[index], *reader));
     }

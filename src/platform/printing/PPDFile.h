@@ -58,9 +58,12 @@ class PPDFile {
 public:
     /// Reads a file, with each option's default marked. A choice "Custom" that stands for a custom
     /// value is left out; the limits of custom sizes are kept.
-    /// @param path   of an uncompressed file of at most PPDMaximumBytes
+    /// @param path   of an uncompressed regular file of at most PPDMaximumBytes
     /// @return nullopt with `error` filled: the line that is refused (0: none) and why
     [[nodiscard]] static std::optional<PPDFile> Open(const std::string& path, ParseError& error);
+
+    /// The same from the bytes of such a file.
+    [[nodiscard]] static std::optional<PPDFile> Read(std::string_view contents, ParseError& error);
 
     const std::string& manufacturer() const { return manufacturer_; } // "" when the file has none
     const std::string& nickName() const { return nickName_; }         // make and model for people
