@@ -35,6 +35,15 @@ class Printer(ProgramTest):
                 result = self.run_program("printer", str(Descriptions / "TarvoQL900.ppd"), env={**plain, **environment})
                 self.assertIn(f"  {text}\n", result.stdout.decode())
 
+    def test_the_texts_are_in_the_language_of_the_user(self):
+        words = ("printer", str(Descriptions / "TarvoQL900.ppd"))
+        for variables in ({"LANGUAGE": "de"}, {"LC_ALL": "de_AT.UTF-8"}, {"LC_MESSAGES": "de"}, {"LANG": "de_DE"}):
+            with self.subTest(variables):
+                text = self.run_program(*words, env=variables).stdout.decode()
+                self.assertIn("A4-Umschlagblatt, übergroß (223 × 297 mm)", text)
+                self.assertIn("  Locheinheit: Nicht installiert\n", text)
+        self.assertIn("  Punch Unit: ", self.run_program(*words, env={"LANGUAGE": "en:de"}).stdout.decode())
+
     def test_the_same_for_programs(self):
         result = self.run_program("printer", "--json", str(Descriptions / "TarvoQL900.ppd"))
         printer = json.loads(result.stdout)

@@ -10,7 +10,7 @@ TEST(PPDFile, RefusesWithLineAndReason)
 {
     const auto refusal = [](const std::string& text) {
         ParseError error;
-        EXPECT_FALSE(PPDFile::Read(text, error));
+        EXPECT_FALSE(PPDFile::Read(text, {}, error));
         return std::to_string(error.line) + ": " + error.reason;
     };
     const std::string longLine = "*X: \"" + std::string(300, 'x') + "\"\n";
@@ -92,6 +92,57 @@ TEST(PPDFile, EndsTextsThatTheLibraryCutsAtAWholeCharacter)
     const PPDFile ppd = PrinterOf("*OpenGroup: Paper/" + bytes38 + "é\n" +
                                   PickOne("Jog", "A", {"A"}) + "*CloseGroup: Paper\n");
     EXPECT_EQ(ppd.groups()[0].text, bytes38);
+}
+
+// "Group/Option: choice, choice" of the description's first group.
+std::string TextsOf(const PPDFile& ppd)
+{
+    const PPDGroup& group = ppd.groups().front();
+    std::string texts = group.text + "/" + group.options.front().text + ":";
+    for (const PPDChoice& choice : group.options.front().choices) {
+        texts += " " + choice.text;
+    }
+    return texts;
+}
+
+struct LanguageCase {
+    const char* name;
+    std::vector<std::string> languages;
+    const char* texts;
+};
+
+TEST(PPDFile, HasTheTextsOfTheUsersLanguage)
+{
+    const std::string contents = PPDHeader +
+                                 "*LanguageVersion: English\n"
+                                 "*cupsLanguages: \"de de_AT fr\"\n"
+                                 "*OpenGroup: Sheets/Paper\n" +
+                                 PickOne("Bin", "A", {"A/Top", "B/Side"}) +
+                                 "*CloseGroup: Sheets\n"
+                                 "*de.Translation Sheets/Papier: \"\"\n"
+                                 "*de.Translation Bin/Fach: \"\"\n"
+                                 "*de.Bin A/Oben: \"\"\n"
+                                 "*de.Bin A/Zweites: \"\"\n"
+                                 "*de.Bin B/<53C3A974650A>: \"\"\n"
+                                 "*de.Other B/Anderes: \"\"\n"
+                                 "*de_AT.Bin A/Heroben: \"\"\n"
+                                 "*fr.Bin B/C\x99t\x8E: \"\"\n"
+                                 "*nl.Bin B/Zijde: \"\"\n";
+    const LanguageCase cases[] = {
+        {"none",                      {},                    "Paper/Bin: Top Side"         },
+        {"the file's own",            {"en_US", "en", "de"}, "Paper/Bin: Top Side"         },
+        {"not offered",               {"nl", "C"},           "Paper/Bin: Top Side"         },
+        {"another",                   {"de"},                "Papier/Fach: Oben Séte\n"   },
+        {"a country's, then general", {"de_AT", "de", "C"},  "Papier/Fach: Heroben Séte\n"},
+        {"Mac Roman, half of it",     {"fr", "en", "de"},    "Paper/Bin: Top Côté"       },
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        ParseError error;
+        const auto ppd = PPDFile::Read(contents, row.languages, error);
+        ASSERT_TRUE(ppd) << error.reason;
+        EXPECT_EQ(TextsOf(*ppd), row.texts);
+    }
 }
 
 } // namespace

@@ -31,7 +31,7 @@ inline std::string PickOne(const std::string& keyword, const std::string& standa
 inline PPDFile PrinterOf(const std::string& options)
 {
     ParseError error;
-    auto ppd = PPDFile::Read(PPDHeader + options, error);
+    auto ppd = PPDFile::Read(PPDHeader + options, {}, error);
     EXPECT_TRUE(ppd) << error.line << ": " << error.reason;
     return ppd.value_or(PPDFile());
 }

@@ -1,7 +1,6 @@
 #include "../platform/PPDTexts.h"
 #include "printer/FinishingOffers.h"
 #include "printer/JobTypeOffers.h"
-#include "printer/PPDText.h"
 
 #include <gtest/gtest.h>
 
@@ -49,20 +48,6 @@ TEST(KeywordInfo, IsKeptForPickOneOnly)
     EXPECT_EQ(PPDSetMainKeyword(nullptr, "Duplex", "None"), StatusBadArgument);
     PPDReleaseGlobalUIDictionary();
     EXPECT_EQ(PPDGetGlobalUIDictionary(), nullptr);
-}
-
-TEST(PPDDecode, EndsARunAtTheFirstCharacterThatIsNoDigit)
-{
-    EXPECT_EQ(ppd_decode("a<4142>b"), "aABb");
-    EXPECT_EQ(ppd_decode("a<b"), "a<b");
-    EXPECT_EQ(ppd_decode("a<x>"), "a<x>");
-    EXPECT_EQ(ppd_decode("<4142"), "AB");
-    EXPECT_EQ(ppd_decode("a<41 42>b"), "aAb");
-    EXPECT_EQ(ppd_decode("<4>"), "");
-    EXPECT_EQ(ppd_decode("<41>>b"), "Ab");
-    EXPECT_EQ(ppd_decode("<4g41>b"), "b");
-    EXPECT_EQ(ppd_decode("<00>a"), std::string_view("\0a", 2));
-    EXPECT_EQ(ppd_decode(std::string(600, 'x')).size(), 511U);
 }
 
 TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)

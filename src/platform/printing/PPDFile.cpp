@@ -3,6 +3,8 @@
 #include "platform/bundle/CFBundle.h"
 #include "platform/files/FileContents.h"
 #include "platform/printing/PMPrintSession.h"
+#include "platform/printing/PPDText.h"
+#include "platform/printing/PPDTranslations.h"
 #include "platform/text/Utf8.h"
 
 #include <cups/ppd.h>
@@ -11,7 +13,6 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <glib.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -35,7 +36,6 @@ struct Reader {
     decltype(&ppdLastError) lastError = nullptr;
     decltype(&ppdFindCustomOption) findCustomOption = nullptr;
     decltype(&ppdFindAttr) findAttribute = nullptr;
-    decltype(&ppdLocalize) localize = nullptr;
 };
 
 template <typename Function>
@@ -55,8 +55,7 @@ const Reader* LoadReader()
                Find(library, "ppdClose", reader.close) &&
                Find(library, "ppdLastError", reader.lastError) &&
                Find(library, "ppdFindCustomOption", reader.findCustomOption) &&
-               Find(library, "ppdFindAttr", reader.findAttribute) &&
-               Find(library, "ppdLocalize", reader.localize);
+               Find(library, "ppdFindAttr", reader.findAttribute);
     }();
     return loaded ? &reader : nullptr;
 }
@@ -86,11 +85,8 @@ std::string Text(const char* bytes, std::size_t mostBytes)
     const std::size_t valid = ValidUtf8Prefix(text).size();
     if (mostBytes != 0 && text.size() + 1 >= mostBytes && text.size() - valid <= LongestTail) {
         text.resize(valid);
-        return text;
     }
-    const std::unique_ptr<char, decltype(&g_free)> converted(
-        g_convert(bytes, -1, "UTF-8", "MACINTOSH", nullptr, nullptr, nullptr), g_free);
-    return converted ? converted.get() : "";
+    return Utf8OfPPDText(std::move(text));
 }
 
 template <std::size_t Size>
@@ -222,21 +218,48 @@ OpenFile OpenWithReader(std::string_view contents, const Reader& reader, ParseEr
     return opened;
 }
 
-// Puts the texts into the user's language if the file has it. Asked in vain, the library would look
-// for a translation of every choice.
-void Translate(ppd_file_t* file, const Reader& reader)
+// Those of the user's languages that the file has translations for, up to its own.
+std::vector<std::string> TranslatedLanguages(ppd_file_t* file, const Reader& reader,
+                                             const std::vector<std::string>& wanted)
 {
     const ppd_attr_t* languages = reader.findAttribute(file, "cupsLanguages", nullptr);
     if (languages == nullptr || languages->value == nullptr) {
-        return;
+        return {};
     }
     std::istringstream list(languages->value);
     const std::vector<std::string> offered(std::istream_iterator<std::string>(list), {});
-    for (const std::string& language : UserLanguages()) {
-        if (std::find(offered.begin(), offered.end(), language) != offered.end()) {
-            reader.localize(file);
-            return;
+    const bool isEnglish =
+        file->lang_version == nullptr || std::string_view(file->lang_version) == "English";
+    std::vector<std::string> translated;
+    for (const std::string& language : wanted) {
+        if (isEnglish && language == "en") {
+            break;
         }
+        if (std::find(offered.begin(), offered.end(), language) != offered.end()) {
+            translated.push_back(language);
+        }
+    }
+    return translated;
+}
+
+void Translate(std::string& text, const std::string* translation)
+{
+    if (translation != nullptr) {
+        text = *translation;
+    }
+}
+
+void Translate(std::vector<PPDGroup>& groups, const PPDTranslations& translations)
+{
+    for (PPDGroup& group : groups) {
+        Translate(group.text, translations.text(group.name));
+        for (PPDOption& option : group.options) {
+            Translate(option.text, translations.text(option.keyword));
+            for (PPDChoice& choice : option.choices) {
+                Translate(choice.text, translations.choiceText(option.keyword, choice.keyword));
+            }
+        }
+        Translate(group.subgroups, translations);
     }
 }
 
@@ -330,10 +353,11 @@ std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
 {
     error = ParseError();
     const auto contents = ContentsOf(path, error.reason);
-    return contents ? Read(*contents, error) : std::nullopt;
+    return contents ? Read(*contents, UserLanguages(), error) : std::nullopt;
 }
 
-std::optional<PPDFile> PPDFile::Read(std::string_view contents, ParseError& error)
+std::optional<PPDFile> PPDFile::Read(std::string_view contents,
+                                     const std::vector<std::string>& languages, ParseError& error)
 {
     error = ParseError();
     const Reader* reader = LoadReader();
@@ -345,12 +369,15 @@ std::optional<PPDFile> PPDFile::Read(std::string_view contents, ParseError& erro
     if (!opened) {
         return std::nullopt;
     }
-    Translate(opened.get(), *reader);
     PPDFile file;
     file.manufacturer_ = Text(opened->manufacturer, 0);
     file.nickName_ = Text(opened->nickname, 0);
     for (int index = 0; index < opened->num_groups; ++index) {
         file.groups_.push_back(GroupOf(opened.get(), opened->groups[index], *reader));
+    }
+    const auto translated = TranslatedLanguages(opened.get(), *reader, languages);
+    if (!translated.empty()) {
+        Translate(file.groups_, PPDTranslations(contents, translated));
     }
     for (int index = 0; index < opened->num_consts; ++index) {
         const ppd_const_t& pair = opened->consts[index];

@@ -56,14 +56,18 @@ inline constexpr std::size_t PPDMaximumBytes = std::size_t{8} * 1024 * 1024;
 /// A printer's description: what its PPD file holds, as values. Texts are UTF-8.
 class PPDFile {
 public:
-    /// Reads a file, with each option's default marked. A choice "Custom" that stands for a custom
-    /// value is left out; the limits of custom sizes are kept.
+    /// Reads a file, with each option's default marked and its texts in the user's language. A
+    /// choice "Custom" that stands for a custom value is left out; the limits of custom sizes are
+    /// kept.
     /// @param path   of an uncompressed regular file of at most PPDMaximumBytes
     /// @return nullopt with `error` filled: the line that is refused (0: none) and why
     [[nodiscard]] static std::optional<PPDFile> Open(const std::string& path, ParseError& error);
 
     /// The same from the bytes of such a file.
-    [[nodiscard]] static std::optional<PPDFile> Read(std::string_view contents, ParseError& error);
+    /// @param languages  of the user, most wanted first, such as {"de_AT", "de"}; texts are in the
+    ///                   first that has them, else in the file's own
+    [[nodiscard]] static std::optional<PPDFile>
+    Read(std::string_view contents, const std::vector<std::string>& languages, ParseError& error);
 
     const std::string& manufacturer() const { return manufacturer_; } // "" when the file has none
     const std::string& nickName() const { return nickName_; }         // make and model for people

@@ -12,4 +12,7 @@ namespace tarvo {
 /// @return the bytes, at most 511; NUL may be among them
 std::string ppd_decode(std::string_view text);
 
+/// A decoded text as UTF-8: what is not UTF-8 already is taken for Mac Roman. A NUL ends it.
+std::string Utf8OfPPDText(std::string bytes);
+
 } // namespace tarvo

@@ -1,7 +1,12 @@
-#include "printer/PPDText.h"
+#include "platform/printing/PPDText.h"
+
+#include "platform/text/Utf8.h"
+
+#include <glib.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 
 namespace tarvo {
 namespace {
@@ -59,6 +64,19 @@ std::string ppd_decode(std::string_view text)
         }
     }
     return bytes;
+}
+
+std::string Utf8OfPPDText(std::string bytes)
+{
+    bytes.resize(std::min(bytes.find('\0'), bytes.size()));
+    if (IsUtf8(bytes)) {
+        return bytes;
+    }
+    const std::unique_ptr<char, decltype(&g_free)> converted(
+        g_convert(bytes.data(), static_cast<gssize>(bytes.size()), "UTF-8", "MACINTOSH", nullptr,
+                  nullptr, nullptr),
+        g_free);
+    return converted ? converted.get() : "";
 }
 
 } // namespace tarvo
