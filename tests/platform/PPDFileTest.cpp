@@ -94,6 +94,25 @@ TEST(PPDFile, EndsTextsThatTheLibraryCutsAtAWholeCharacter)
     EXPECT_EQ(ppd.groups()[0].text, bytes38);
 }
 
+TEST(PPDFile, HasConstraintsOfBothKinds)
+{
+    const PPDFile ppd =
+        PrinterOf(PickOne("A", "On", {"On", "Off"}) + PickOne("B", "On", {"On", "Off"}) +
+                  "*UIConstraints: *A On *B Off\n"
+                  "*NonUIConstraints: *B *A Off\n"
+                  "*cupsUIResolver r: \"*A Off\"\n"
+                  "*cupsUIConstraints r: \"*B  On *A\"\n"
+                  "*cupsUIConstraints: \"*A *B *C On\"\n"
+                  "*cupsUIConstraints: \"*A On Off *B\"\n"
+                  "*cupsUIConstraints: \"On *B\"\n");
+    std::string constraints;
+    for (const PPDConstraint& pair : ppd.constraints()) {
+        constraints += pair.option1 + "." + pair.choice1 + " " + pair.option2 + "." + pair.choice2;
+        constraints += "; ";
+    }
+    EXPECT_EQ(constraints, "A.On B.Off; B. A.Off; B.On A.; ");
+}
+
 // "Group/Option: choice, choice" of the description's first group.
 std::string TextsOf(const PPDFile& ppd)
 {

@@ -36,6 +36,7 @@ struct Reader {
     decltype(&ppdLastError) lastError = nullptr;
     decltype(&ppdFindCustomOption) findCustomOption = nullptr;
     decltype(&ppdFindAttr) findAttribute = nullptr;
+    decltype(&ppdFindNextAttr) findNextAttribute = nullptr;
 };
 
 template <typename Function>
@@ -55,7 +56,8 @@ const Reader* LoadReader()
                Find(library, "ppdClose", reader.close) &&
                Find(library, "ppdLastError", reader.lastError) &&
                Find(library, "ppdFindCustomOption", reader.findCustomOption) &&
-               Find(library, "ppdFindAttr", reader.findAttribute);
+               Find(library, "ppdFindAttr", reader.findAttribute) &&
+               Find(library, "ppdFindNextAttr", reader.findNextAttribute);
     }();
     return loaded ? &reader : nullptr;
 }
@@ -319,6 +321,24 @@ std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
                          file.custom_max[1]};
 }
 
+std::vector<PPDConstraint> ConstraintsOf(ppd_file_t* file, const Reader& reader)
+{
+    std::vector<PPDConstraint> constraints;
+    for (int index = 0; index < file->num_consts; ++index) {
+        const ppd_const_t& pair = file->consts[index];
+        constraints.push_back(
+            {Text(pair.option1), Text(pair.choice1), Text(pair.option2), Text(pair.choice2)});
+    }
+    constexpr const char* Keyword = "cupsUIConstraints"; // the library leaves these as they are
+    for (const ppd_attr_t* found = reader.findAttribute(file, Keyword, nullptr); found != nullptr;
+         found = reader.findNextAttribute(file, Keyword, nullptr)) {
+        if (auto pair = PPDConstraintOf(Text(found->value, 0))) {
+            constraints.push_back(std::move(*pair));
+        }
+    }
+    return constraints;
+}
+
 void Collect(const PPDGroup& group, std::vector<const PPDOption*>& options)
 {
     for (const PPDOption& option : group.options) {
@@ -348,6 +368,25 @@ auto* FindOption(Groups& groups, std::string_view keyword)
 }
 
 } // namespace
+
+std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
+{
+    std::istringstream words{std::string(value)};
+    std::vector<std::pair<std::string, std::string>> sides; // option and choice
+    for (std::string word; words >> word;) {
+        if (word.starts_with('*')) {
+            sides.emplace_back(word.substr(1), "");
+        } else if (!sides.empty() && sides.back().second.empty()) {
+            sides.back().second = word;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (sides.size() != 2) {
+        return std::nullopt;
+    }
+    return PPDConstraint{sides[0].first, sides[0].second, sides[1].first, sides[1].second};
+}
 
 std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
 {
@@ -379,11 +418,7 @@ std::optional<PPDFile> PPDFile::Read(std::string_view contents,
     if (!translated.empty()) {
         Translate(file.groups_, PPDTranslations(contents, translated));
     }
-    for (int index = 0; index < opened->num_consts; ++index) {
-        const ppd_const_t& pair = opened->consts[index];
-        file.constraints_.push_back(
-            {Text(pair.option1), Text(pair.choice1), Text(pair.option2), Text(pair.choice2)});
-    }
+    file.constraints_ = ConstraintsOf(opened.get(), *reader);
     file.customSizes_ = CustomSizesOf(*opened);
     return file;
 }

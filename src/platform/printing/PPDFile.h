@@ -43,6 +43,10 @@ struct PPDConstraint {
     std::string choice2;
 };
 
+/// The value of a cupsUIConstraints statement, such as "*Duplex *MediaType Labels".
+/// @return nullopt unless exactly two options are in it
+std::optional<PPDConstraint> PPDConstraintOf(std::string_view value);
+
 /// Custom paper sizes that a printer takes, in points (1/72 in).
 struct PPDSizeLimits {
     float minimumWidth = 0;
@@ -72,6 +76,7 @@ public:
     const std::string& manufacturer() const { return manufacturer_; } // "" when the file has none
     const std::string& nickName() const { return nickName_; }         // make and model for people
     const std::vector<PPDGroup>& groups() const { return groups_; }   // in the file's order
+    /// Those that name two options, in either way that a file may state them.
     const std::vector<PPDConstraint>& constraints() const { return constraints_; }
     /// nullopt when the printer takes no custom sizes.
     const std::optional<PPDSizeLimits>& customSizes() const { return customSizes_; }
