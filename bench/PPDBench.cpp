@@ -1,5 +1,6 @@
 #include "platform/printing/PPDFile.h"
-#include "printer/FinishingOffers.h"
+#include "printer/PPDKeywordMaps.h"
+#include "printer/PrinterDescription.h"
 
 #include <benchmark/benchmark.h>
 #include <cups/ppd.h>
@@ -24,16 +25,18 @@ void OpenWithLibrary(benchmark::State& state, const char* path)
 
 void OpenAndDescribe(benchmark::State& state, const char* path)
 {
+    const CFBundle bundle("", {}); // without a device profile: it does not depend on the printer
     for (auto step : state) {
         ParseError error;
         auto ppd = PPDFile::Open(path, error);
-        if (!ppd || PPDCreateGlobalUIDictionary(*ppd) != StatusOk) {
+        if (!ppd) {
             state.SkipWithError("the file is refused");
             return;
         }
-        LoadInstallableOptions(nullptr, *ppd, InstalledFeatures);
-        UnloadInstallableOptions();
-        PPDReleaseGlobalUIDictionary();
+        const PrinterDescription printer(std::move(ppd), nullptr, InstalledFeatures, bundle);
+        for (const auto* main = MainKeywordMap; main->keyword != nullptr; ++main) {
+            benchmark::DoNotOptimize(printer.uiDictionary()->copyOptions(main->keyword));
+        }
     }
 }
 

@@ -1,8 +1,6 @@
 #include "printer/FeatureDatabase.h"
 
-#include "platform/bundle/CFBundle.h"
-
-#include <memory>
+#include "printer/PrinterDescription.h"
 
 namespace tarvo {
 namespace {
@@ -60,17 +58,11 @@ std::optional<FeatureDefault> DefaultKeyword(const CFDictionary* keywords)
     return std::nullopt;
 }
 
-std::unique_ptr<const FeatureDatabase>& LoadedDatabase()
-{
-    static std::unique_ptr<const FeatureDatabase> database;
-    return database;
-}
-
 const FeatureDatabase& CurrentDatabase()
 {
     static const FeatureDatabase Empty;
-    const auto& loaded = LoadedDatabase();
-    return loaded ? *loaded : Empty;
+    const auto* current = PrinterDescription::Current();
+    return current == nullptr ? Empty : current->features();
 }
 
 } // namespace
@@ -91,22 +83,6 @@ FeatureDictionaries FeatureDatabase::featuresWithPropertyAndValue(std::string_vi
                                                                   const CFPropertyList& value) const
 {
     return EntriesWithPropertyAndValue(profile_.get<CFDictionary>(FeaturesKey), property, value);
-}
-
-void TDPInitialize(const CFBundle& bundle)
-{
-    auto& database = LoadedDatabase();
-    if (database) {
-        return;
-    }
-    if (auto profile = bundle.propertyList(DeviceProfileName)) {
-        database = std::make_unique<const FeatureDatabase>(std::move(*profile));
-    }
-}
-
-void TDPFinalize()
-{
-    LoadedDatabase().reset();
 }
 
 const CFDictionary* TDPGetFeature(std::string_view name)

@@ -10,8 +10,6 @@
 
 namespace tarvo {
 
-class CFBundle;
-
 /// The bundle's resource that holds the features.
 inline constexpr const char* DeviceProfileName = "Device Profile";
 
@@ -64,13 +62,8 @@ private:
     CFDictionary profile_;
 };
 
-// The database of the process. Loading and dropping it is for start and end, when no other thread
-// asks. What the functions return is borrowed and good until TDPFinalize.
-
-/// Loads the device profile; does nothing when one is loaded, or when the bundle has none that can
-/// be read: all queries are empty then.
-void TDPInitialize(const CFBundle& bundle);
-void TDPFinalize();
+// The same of the process's printer, see PrinterDescription. What the functions return is borrowed
+// from it.
 
 const CFDictionary* TDPGetFeature(std::string_view name);
 FeatureDictionaries TDPGetFeaturesWithProperty(std::string_view property);

@@ -1,21 +1,22 @@
 #include "printer/InstallableOptions.h"
 
+#include "printer/PrinterDescription.h"
+
 namespace tarvo {
 namespace {
 
 constexpr int LastOptionNumber = 25;
-constexpr OSStatus Loaded = 1;
-constexpr OSStatus NothingLoaded = 0;
 
-std::optional<InstallableOptions>& Current()
+const InstallableOptions* Current()
 {
-    static std::optional<InstallableOptions> options;
-    return options;
+    const auto* printer = PrinterDescription::Current();
+    return printer == nullptr ? nullptr : printer->installable();
 }
 
 const InstalledFeatureMap* CurrentRow(std::string_view feature)
 {
-    return Current() ? Current()->qualifyingRow(feature) : nullptr;
+    const auto* options = Current();
+    return options == nullptr ? nullptr : options->qualifyingRow(feature);
 }
 
 } // namespace
@@ -66,24 +67,10 @@ const InstalledFeatureMap* InstallableOptions::qualifyingRowWithText(std::string
     return nullptr;
 }
 
-OSStatus LoadInstallableOptions(const PMTicket* ticket, PPDFile& ppd,
-                                const InstalledFeatureMap* table)
-{
-    if (Current()) {
-        return NothingLoaded;
-    }
-    Current().emplace(ppd, ticket, table);
-    return Loaded;
-}
-
-void UnloadInstallableOptions()
-{
-    Current().reset();
-}
-
 bool getInstallableOptionValue(std::string_view mainKeyword, std::string* option)
 {
-    const std::string* value = Current() ? Current()->value(mainKeyword) : nullptr;
+    const auto* options = Current();
+    const std::string* value = options == nullptr ? nullptr : options->value(mainKeyword);
     if (value == nullptr || option == nullptr) {
         return false;
     }
@@ -109,7 +96,8 @@ bool getInstallableOptionTicketValue(std::string_view feature, std::int32_t* val
 std::optional<std::string>
 CopyLocalizedStringForInstalledFeatureFromPlugin(std::string_view feature, const CFBundle& bundle)
 {
-    const auto* row = Current() ? Current()->qualifyingRowWithText(feature) : nullptr;
+    const auto* options = Current();
+    const auto* row = options == nullptr ? nullptr : options->qualifyingRowWithText(feature);
     return row == nullptr ? std::nullopt : std::optional(bundle.localizedString(row->key));
 }
 

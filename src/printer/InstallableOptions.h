@@ -41,14 +41,9 @@ private:
     const InstalledFeatureMap* table_;
 };
 
-// The same for the process, from the opening of the print dialog to its end.
+// The same of the process's printer, see PrinterDescription.
 
-/// @return 1 when loaded; 0, with nothing changed, when there is something loaded
-OSStatus LoadInstallableOptions(const PMTicket* ticket, PPDFile& ppd,
-                                const InstalledFeatureMap* table);
-void UnloadInstallableOptions();
-
-/// The chosen option keyword of a main keyword; false when absent or nothing is loaded.
+/// The chosen option keyword of a main keyword; false when absent.
 bool getInstallableOptionValue(std::string_view mainKeyword, std::string* option);
 
 /// Whether the feature is installed; a feature that the table lacks is not.

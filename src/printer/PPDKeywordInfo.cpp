@@ -1,27 +1,25 @@
 #include "printer/PPDKeywordInfo.h"
 
 #include "printer/PPDKeywordMaps.h"
+#include "printer/PrinterDescription.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tarvo {
 namespace {
 
-constexpr OSStatus NothingStored = -1;
 constexpr std::int32_t NoTicketValue = -1;
+constexpr std::size_t MostCounted = std::numeric_limits<std::int16_t>::max();
 constexpr PPDSizeLimits UsualLimits = {432, 432, 864, 864};
 
-std::optional<PPDUIDictionary>& GlobalUIDictionary()
+bool IsPicked(const PPDOption& option)
 {
-    static std::optional<PPDUIDictionary> dictionary;
-    return dictionary;
+    return option.type == PPDUIType::PickOne && !option.choices.empty();
 }
 
-std::optional<PPDKeywordInfos> ChoicesOf(const PPDOption& option)
+PPDKeywordInfos ChoicesOf(const PPDOption& option)
 {
-    if (option.type != PPDUIType::PickOne || option.choices.empty()) {
-        return std::nullopt;
-    }
     PPDKeywordInfos infos;
     infos.reserve(option.choices.size());
     for (const PPDChoice& choice : option.choices) {
@@ -37,33 +35,29 @@ std::optional<PPDKeywordInfos> PPDCopyOptionsForMainKeyword(const PPDFile& ppd,
                                                             std::string_view mainKeyword)
 {
     const PPDOption* option = ppd.option(mainKeyword);
-    return option == nullptr ? std::nullopt : ChoicesOf(*option);
+    return option == nullptr || !IsPicked(*option) ? std::nullopt
+                                                   : std::optional(ChoicesOf(*option));
 }
 
-OSStatus PPDCreateGlobalUIDictionary(const PPDFile& ppd)
+PPDUIDictionary::PPDUIDictionary(const PPDFile& ppd)
 {
-    auto& dictionary = GlobalUIDictionary();
-    if (dictionary) {
-        return NothingStored;
-    }
-    dictionary.emplace();
     for (const PPDOption* option : ppd.options()) {
-        if (auto infos = ChoicesOf(*option)) {
-            dictionary->insert(option->keyword, std::move(*infos));
+        if (IsPicked(*option)) {
+            options_.insert(option->keyword, option);
         }
     }
-    return dictionary->empty() ? NothingStored : StatusOk;
+}
+
+std::optional<PPDKeywordInfos> PPDUIDictionary::copyOptions(std::string_view mainKeyword) const
+{
+    const auto* option = options_.find(mainKeyword);
+    return option == nullptr ? std::nullopt : std::optional(ChoicesOf(**option));
 }
 
 const PPDUIDictionary* PPDGetGlobalUIDictionary()
 {
-    const auto& dictionary = GlobalUIDictionary();
-    return dictionary ? &*dictionary : nullptr;
-}
-
-void PPDReleaseGlobalUIDictionary()
-{
-    GlobalUIDictionary().reset();
+    const auto* printer = PrinterDescription::Current();
+    return printer == nullptr ? nullptr : printer->uiDictionary();
 }
 
 std::string GetPPDOptionAliasForTicketValue(std::string_view mainKeyword, std::int32_t value)
@@ -71,9 +65,11 @@ std::string GetPPDOptionAliasForTicketValue(std::string_view mainKeyword, std::i
     const char* keyword =
         GetPPDOptionKeywordForTicketValue(GetPPDOptionMapForMainKeyword(mainKeyword), value);
     const PPDUIDictionary* dictionary = PPDGetGlobalUIDictionary();
-    const PPDKeywordInfos* options =
-        dictionary == nullptr ? nullptr : dictionary->find(mainKeyword);
-    if (keyword == nullptr || options == nullptr) {
+    if (keyword == nullptr || dictionary == nullptr) {
+        return "";
+    }
+    const auto options = dictionary->copyOptions(mainKeyword);
+    if (!options) {
         return "";
     }
     const std::int32_t index = FindPPDKeyPairsMatch(*options, mainKeyword, keyword);
@@ -148,7 +144,7 @@ std::int16_t PopulateMenuFromPPDOptions(Menu& menu, const PPDKeywordInfos& optio
                                        : GetTicketValueForPPDOptionKeyword(map, info.optionKeyword);
         menu.push_back({info.text, value, 0, true, {}});
     }
-    return static_cast<std::int16_t>(menu.size());
+    return static_cast<std::int16_t>(std::min(menu.size(), MostCounted));
 }
 
 bool GetMediaLimits(const PMPrintSession* session, PPDSizeLimits& limits)

@@ -24,24 +24,32 @@ struct PPDKeywordInfo {
 };
 using PPDKeywordInfos = std::vector<PPDKeywordInfo>;
 
-/// Main keyword to its choices, both in the file's order.
-using PPDUIDictionary = OrderedMap<PPDKeywordInfos>;
-
 /// The choices of a main keyword that is picked from a list.
 /// @return nullopt unless the main keyword exists, is PickOne and has a choice
 std::optional<PPDKeywordInfos> PPDCopyOptionsForMainKeyword(const PPDFile& ppd,
                                                             std::string_view mainKeyword);
 
-// One dictionary for the process, from the opening of the print dialog to its end.
+/// The main keywords of a description that PPDCopyOptionsForMainKeyword finds, for who asks for
+/// many of them. Choices are copied when they are asked for: menus need a few of maybe a thousand.
+class PPDUIDictionary {
+public:
+    /// @param ppd  must outlive this and stay in its place
+    explicit PPDUIDictionary(const PPDFile& ppd);
 
-/// Fills it from the printer's description.
-/// @return 0 when a main keyword was stored; -1 when none was, or when the dictionary is there
-OSStatus PPDCreateGlobalUIDictionary(const PPDFile& ppd);
-/// @return null when there is none
+    bool empty() const { return options_.empty(); }
+    bool contains(std::string_view mainKeyword) const { return options_.contains(mainKeyword); }
+    /// @return nullopt unless the main keyword is contained
+    std::optional<PPDKeywordInfos> copyOptions(std::string_view mainKeyword) const;
+
+private:
+    OrderedMap<const PPDOption*> options_;
+};
+
+/// That of the process's printer, see PrinterDescription.
+/// @return null when there is no printer, or no description of it
 const PPDUIDictionary* PPDGetGlobalUIDictionary();
-void PPDReleaseGlobalUIDictionary();
 
-/// The text of the choice that stands for a ticket value, from the process's dictionary; "" when
+/// The text of the choice that stands for a ticket value, at the process's printer; "" when
 /// any step finds nothing.
 std::string GetPPDOptionAliasForTicketValue(std::string_view mainKeyword, std::int32_t value);
 
@@ -64,7 +72,7 @@ OSStatus PPDSetMainKeywordIndex(PMTicket* ticket, const PPDKeywordInfos& options
 
 /// Replaces the menu's items by one for each choice, whose value is the ticket's number for it; -1
 /// where the main keyword has no table or the table lacks the choice.
-/// @return the number of items
+/// @return the number of items, at most 32,767
 std::int16_t PopulateMenuFromPPDOptions(Menu& menu, const PPDKeywordInfos& options);
 
 /// The custom paper sizes of the session's printer, in points; 432 to 864 in both directions when

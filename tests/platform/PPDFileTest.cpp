@@ -62,6 +62,8 @@ TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
     EXPECT_EQ(ppd.option("PageRegion")->choices.size(), 1U);
     ASSERT_TRUE(ppd.customSizes());
     EXPECT_EQ(ppd.customSizes()->minimumWidth, 432);
+    EXPECT_EQ(ppd.customSizes()->minimumLength, 500);
+    EXPECT_EQ(ppd.customSizes()->maximumWidth, 936);
     EXPECT_EQ(ppd.customSizes()->maximumLength, 1368);
 }
 

@@ -1,13 +1,6 @@
 #include "printer/FeatureDatabase.h"
 
-#include "platform/bundle/CFBundle.h"
-#include "platform/cf/PropertyListWriter.h"
-
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 namespace tarvo {
 namespace {
@@ -79,36 +72,6 @@ TEST(FeatureDatabase, WithoutFeaturesIsEmpty)
         EXPECT_TRUE(database.featuresWithProperty("TPIF").empty());
         EXPECT_TRUE(database.featuresWithPropertyAndValue("TPIF", true).empty());
     }
-}
-
-// The database of the process comes from the bundle, once, and goes at the end.
-TEST(FeatureDatabase, OfTheProcessIsTheBundlesUntilTheEnd)
-{
-    std::string root = ::testing::TempDir() + "tarvo-profile-XXXXXX";
-    ASSERT_NE(mkdtemp(root.data()), nullptr);
-    const CFBundle bundle(root, {});
-    const CFBundle elsewhere(root + "/absent", {});
-    const std::string resources = root + "/Contents/Resources/";
-    std::filesystem::create_directories(resources);
-    std::ofstream(resources + "Device Profile.plist") << "<plist><dict><key>Features</key>";
-    TDPInitialize(bundle);
-    EXPECT_EQ(TDPGetFeature("Band"), nullptr) << "from a broken file";
-
-    ParseError error;
-    std::ofstream(resources + "Device Profile.plist")
-        << WritePropertyList(BandProfile(), error).value_or("");
-    TDPInitialize(bundle);
-    TDPInitialize(elsewhere);
-    const CFDictionary* band = TDPGetFeature("Band");
-    ASSERT_NE(band, nullptr);
-    EXPECT_EQ(TDPGetFeaturesWithPropertyAndValue("TPIF", true).front(), band);
-    EXPECT_EQ(TDPGetFeaturesWithProperty("TPIF").size(), 3U);
-
-    TDPFinalize();
-    TDPInitialize(elsewhere);
-    EXPECT_EQ(TDPGetFeature("Band"), nullptr);
-    EXPECT_TRUE(TDPGetFeaturesWithProperty("TPIF").empty());
-    std::filesystem::remove_all(root);
 }
 
 TEST(Feature, GivesItsPartsAndKeywords)

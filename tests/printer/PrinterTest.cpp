@@ -1,6 +1,7 @@
 #include "../platform/PPDTexts.h"
 #include "printer/FinishingOffers.h"
 #include "printer/JobTypeOffers.h"
+#include "printer/PrinterDescription.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +10,16 @@ namespace {
 
 TEST(KeywordInfo, IsKeptForPickOneOnly)
 {
-    const PPDFile ppd = PrinterOf("*OpenUI *JCLBanner: Boolean\n*DefaultJCLBanner: False\n"
-                                  "*JCLBanner True: \"\"\n*JCLBanner False: \"\"\n"
-                                  "*CloseUI: *JCLBanner\n" +
-                                  PickOne("MediaColor", "Blue", {"White", "Blue", "Mauve"}) +
-                                  PickOne("Unmapped", "A", {"A"}));
-    ASSERT_EQ(PPDCreateGlobalUIDictionary(ppd), StatusOk);
-    EXPECT_EQ(PPDCreateGlobalUIDictionary(ppd), -1);
+    PPDFile ppd = PrinterOf("*OpenUI *JCLBanner: Boolean\n*DefaultJCLBanner: False\n"
+                            "*JCLBanner True: \"\"\n*JCLBanner False: \"\"\n"
+                            "*CloseUI: *JCLBanner\n" +
+                            PickOne("MediaColor", "Blue", {"White", "Blue", "Mauve"}) +
+                            PickOne("Unmapped", "A", {"A"}));
+    const PrinterDescription printer(std::move(ppd), nullptr, InstalledFeatures, CFBundle("", {}));
     const PPDUIDictionary& dictionary = *PPDGetGlobalUIDictionary();
     EXPECT_FALSE(dictionary.contains("JCLBanner"));
-    const PPDKeywordInfos& colors = *dictionary.find("MediaColor");
+    EXPECT_EQ(dictionary.copyOptions("JCLBanner"), std::nullopt);
+    const PPDKeywordInfos colors = dictionary.copyOptions("MediaColor").value();
     EXPECT_TRUE(colors[1].isDefault && colors[1].isMarked && !colors[0].isDefault);
     EXPECT_EQ(GetPPDOptionAliasForTicketValue("MediaColor", 2), "Blue");
     EXPECT_EQ(GetPPDOptionAliasForTicketValue("MediaColor", 7), "");
@@ -31,8 +32,11 @@ TEST(KeywordInfo, IsKeptForPickOneOnly)
     EXPECT_EQ(menu[1].text, "Blue");
     EXPECT_EQ(menu[1].value, 2);
     EXPECT_EQ(menu[2].value, -1);
-    EXPECT_EQ(PopulateMenuFromPPDOptions(menu, *dictionary.find("Unmapped")), 1);
+    EXPECT_EQ(PopulateMenuFromPPDOptions(menu, dictionary.copyOptions("Unmapped").value()), 1);
     EXPECT_EQ(menu[0].value, -1);
+    const PPDKeywordInfos many(40'000, colors[0]);
+    EXPECT_EQ(PopulateMenuFromPPDOptions(menu, many), 32'767);
+    EXPECT_EQ(menu.size(), many.size());
 
     PMTicket ticket;
     std::int32_t index = 7;
@@ -46,8 +50,6 @@ TEST(KeywordInfo, IsKeptForPickOneOnly)
     EXPECT_EQ(PPDGetMainKeywordValue(&ticket, "Duplex", &value), StatusBadArgument);
     EXPECT_EQ(value, "");
     EXPECT_EQ(PPDSetMainKeyword(nullptr, "Duplex", "None"), StatusBadArgument);
-    PPDReleaseGlobalUIDictionary();
-    EXPECT_EQ(PPDGetGlobalUIDictionary(), nullptr);
 }
 
 TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)
@@ -56,8 +58,8 @@ TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)
                             PickOne("Option2", "True", {"True", "False"}));
     PMTicket ticket;
     ticket.ppdDictionary().set("Option1", "DFA");
-    EXPECT_EQ(LoadInstallableOptions(&ticket, ppd, InstalledFeatures), 1);
-    EXPECT_EQ(LoadInstallableOptions(&ticket, ppd, InstalledFeatures), 0);
+    const CFBundle bundle("", {});
+    const PrinterDescription printer(ppd, &ticket, InstalledFeatures, bundle);
     EXPECT_TRUE(getInstalledFeature("Custom"));
     EXPECT_TRUE(getInstalledFeature("SBM"));
     EXPECT_TRUE(getInstalledFeature("Offset"));
@@ -65,10 +67,7 @@ TEST(InstalledFeatures, FollowFromTheTicketBeforeTheDefaults)
     std::int32_t value = 0;
     EXPECT_TRUE(getInstallableOptionTicketValue("StackerTray1Key", &value));
     EXPECT_EQ(value, 4);
-    const CFBundle bundle("", {});
     EXPECT_EQ(CopyLocalizedStringForInstalledFeatureFromPlugin("Offset", bundle), std::nullopt);
-    UnloadInstallableOptions();
-    EXPECT_FALSE(getInstalledFeature("Offset"));
 
     ticket.ppdDictionary().set("Option1", "dfa");
     EXPECT_EQ(InstallableOptions(ppd, &ticket, InstalledFeatures).qualifyingRow("Custom"), nullptr);
@@ -113,7 +112,7 @@ TEST(JobTypeOffers, AreThePrintersAndTheProfilesByNumber)
     EXPECT_EQ(types(shipped), (std::vector<std::int32_t>{1, 2, 3, 4, 6, 7, 8, 9}));
 }
 
-TEST(MediaLimits, AreTheUsualOnesWithoutAPrinter)
+TEST(MediaLimits, AreThePrintersOrTheUsualOnes)
 {
     PMPrintSession session;
     PPDSizeLimits limits;
@@ -123,6 +122,14 @@ TEST(MediaLimits, AreTheUsualOnesWithoutAPrinter)
     EXPECT_FALSE(GetMediaLimits(&session, limits));
     EXPECT_EQ(limits.minimumWidth, 432);
     EXPECT_EQ(limits.maximumLength, 864);
+
+    session.currentPrinter->ppdPath = TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd";
+    EXPECT_TRUE(GetMediaLimits(&session, limits));
+    EXPECT_EQ(limits.maximumWidth, 936);
+    EXPECT_EQ(limits.maximumLength, 1368);
+    session.currentPrinter->ppdPath = TARVO_SOURCE_DIR "/resources/ppd/TarvoDesk210.ppd";
+    EXPECT_FALSE(GetMediaLimits(&session, limits)) << "takes no custom sizes";
+    EXPECT_EQ(limits.maximumWidth, 864);
 }
 
 } // namespace

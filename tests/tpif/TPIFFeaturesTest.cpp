@@ -4,7 +4,7 @@
 #include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
-#include "printer/FeatureDatabase.h"
+#include "printer/PrinterDescription.h"
 #include "records/FullColorKeys.h"
 #include "records/HighlightColorKeys.h"
 #include "records/JobTypeKeys.h"
@@ -49,9 +49,6 @@ TEST(DeviceProfile, InTheResourcesIsThatOfTheTable)
 
 class BundledProfile : public ::testing::Test {
 protected:
-    BundledProfile() { TDPInitialize(CFBundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {})); }
-    ~BundledProfile() override { TDPFinalize(); }
-
     static std::string Keywords(const char* feature, std::string_view property, bool value)
     {
         std::string ids;
@@ -61,6 +58,10 @@ protected:
         }
         return ids;
     }
+
+private:
+    PrinterDescription printer_{std::nullopt, nullptr, featureMap,
+                                CFBundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {})};
 };
 
 TEST_F(BundledProfile, SaysWhatTheFeaturesTake)
