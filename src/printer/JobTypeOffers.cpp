@@ -9,17 +9,6 @@ namespace {
 
 constexpr std::string_view JobTypeFeature = "JobType";
 
-// Offered where the feature says so; texts have the keywords' names.
-constexpr SettingMap OptionalJobTypeMap[] = {
-    {"Hold",         2, 0},
-    {"SaveAndPrint", 4, 0},
-    {"Fax",          5, 0},
-    {"SecurePrint",  6, 0},
-    {"DelayedPrint", 7, 0},
-    {"SampleSet",    8, 0},
-    {nullptr,        0, 0},
-};
-
 bool IsOffered(const CFDictionary* keywords, const char* keyword)
 {
     const auto* entry = keywords == nullptr ? nullptr : keywords->get<CFDictionary>(keyword);

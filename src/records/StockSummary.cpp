@@ -3,8 +3,11 @@
 #include "platform/bundle/CFBundle.h"
 #include "printer/PPDKeywordInfo.h"
 #include "records/Stock.h"
+#include "records/StockSizes.h"
+#include "settings/NumberText.h"
 #include "settings/StockMaps.h"
 
+#include <utility>
 #include <vector>
 
 namespace tarvo {
@@ -19,24 +22,33 @@ public:
     bool isForJob() const { return context_ == JobContext::Job; }
     /// A job's summary names what is left to the printer, too.
     bool shows(std::int32_t value) const { return value != UnsetValue || isForJob(); }
-    void add(const char* label, const std::string& value)
-    {
-        lines_.push_back(text(label) + text(":") + value);
-    }
+    void add(const char* label, std::string value) { lines_.push_back({label, std::move(value)}); }
     std::string joined(std::string_view separator) const
     {
         std::string all;
-        for (const std::string& line : lines_) {
+        for (const Line& line : lines_) {
             all += all.empty() ? "" : separator;
-            all += line;
+            all += text(line.label) + text(":") + line.value;
+        }
+        return all;
+    }
+    std::string values(std::string_view separator) const
+    {
+        std::string all;
+        for (const Line& line : lines_) {
+            (all += all.empty() ? "" : separator) += line.value;
         }
         return all;
     }
 
 private:
+    struct Line {
+        const char* label; // key
+        std::string value;
+    };
     const CFBundle& bundle_;
     JobContext context_;
-    std::vector<std::string> lines_;
+    std::vector<Line> lines_;
 };
 
 std::string WithModulus(const std::string& name, const Stock& stock)
@@ -104,10 +116,7 @@ void AddAttributes(SummaryLines& lines, const Stock& stock)
     }
 }
 
-} // namespace
-
-std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, const Stock& stock,
-                                 std::string_view separator)
+SummaryLines LinesOf(const CFBundle& bundle, JobContext context, const Stock& stock)
 {
     SummaryLines lines(bundle, context);
     if (!stock.customName().empty()) {
@@ -116,7 +125,43 @@ std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, con
     if (!stock.customNameOnly()) {
         AddAttributes(lines, stock);
     }
-    return lines.joined(separator);
+    return lines;
+}
+
+} // namespace
+
+std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, const Stock& stock,
+                                 std::string_view separator)
+{
+    return LinesOf(bundle, context, stock).joined(separator);
+}
+
+std::string StockSizeText(const CFBundle& bundle, const Stock& stock)
+{
+    if (stock.size() == UnsetValue) {
+        return "";
+    }
+    std::string text = bundle.localizedString(
+        LocalizedKeyForPaperSizeTicketValue(CompleteStockSizeMap, stock.size()));
+    const auto measures = GetStockDimensions(stock);
+    if (stock.size() == CustomStockSize && measures) {
+        text += ", " + CreateLocalizedCFStringFromNumberWithDecimals(measures->width / 10, 1) +
+                " × " + CreateLocalizedCFStringFromNumberWithDecimals(measures->length / 10, 1) +
+                " mm";
+    }
+    return text;
+}
+
+std::string StockWords(const CFBundle& bundle, const Stock& stock)
+{
+    Stock told(stock);
+    if (stock.punched() == NotPunchedStock) {
+        told.setPunched(UnsetValue);
+    }
+    told.setSize(UnsetValue);
+    const std::string size = stock.customNameOnly() ? "" : StockSizeText(bundle, stock);
+    const std::string rest = LinesOf(bundle, JobContext::ExceptionPage, told).values(", ");
+    return size.empty() || rest.empty() ? size + rest : size + ", " + rest;
 }
 
 std::string StockSummaryText(const CFBundle& bundle, JobContext context, const Stock* stock)

@@ -19,6 +19,15 @@ class Stock;
 std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, const Stock& stock,
                                  std::string_view separator);
 
+/// The size, a custom one with its measures in millimetres: "Custom, 210 × 594 mm".
+/// @return "" when it is unset
+std::string StockSizeText(const CFBundle& bundle, const Stock& stock);
+
+/// What the stock is in one phrase, "Letter (8.5 x 11 in), Blue, 90 gsm": the values of the summary
+/// of a page's stock without their labels. That a stock is not punched goes without saying.
+/// @return "" when nothing else is set
+std::string StockWords(const CFBundle& bundle, const Stock& stock);
+
 /// The summary as a panel shows it, a line of text for each line; what stands for "nothing chosen"
 /// when there is none.
 /// @param stock  null shows ""

@@ -13,6 +13,17 @@ inline constexpr SettingMap JobTypeMap[] = {
     {nullptr,           0, 0},
 };
 
+// Offered where the feature "JobType" says so; texts have the keywords' names.
+inline constexpr SettingMap OptionalJobTypeMap[] = {
+    {"Hold",         2, 0},
+    {"SaveAndPrint", 4, 0},
+    {"Fax",          5, 0},
+    {"SecurePrint",  6, 0},
+    {"DelayedPrint", 7, 0},
+    {"SampleSet",    8, 0},
+    {nullptr,        0, 0},
+};
+
 // The format in which a job is saved.
 inline constexpr SettingMap JobFormatMap[] = {
     {"SinglePageTIFF", 1, 0},
@@ -21,6 +32,9 @@ inline constexpr SettingMap JobFormatMap[] = {
 };
 
 // How a job uses the sides of its sheets.
+inline constexpr std::int32_t OneSided = 1;
+inline constexpr std::int32_t TwoSidedLongEdge = 2;
+inline constexpr std::int32_t TwoSidedShortEdge = 3;
 inline constexpr SettingMap DuplexMap[] = {
     {"Simplex",     1, 0},
     {"Duplex",      2, 0},

@@ -1,6 +1,8 @@
 #include "records/StockSummary.h"
 
+#include "printer/FeatureMap.h"
 #include "printer/PPDKeywordInfo.h"
+#include "printer/PrinterDescription.h"
 #include "records/Stock.h"
 #include "support/EchoBundle.h"
 
@@ -78,13 +80,14 @@ TEST(StockSummary, NamesThePrintersTabsByItsDescription)
     stock.setModulus(3);
     EXPECT_EQ(GenerateStockSummary(Bundle(), Page, stock, ""), "<StockType>: (3)");
     ParseError error;
-    const auto ppd = PPDFile::Open(TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd", error);
+    auto ppd = PPDFile::Open(TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd", error);
     ASSERT_TRUE(ppd) << error.reason;
-    ASSERT_EQ(PPDCreateGlobalUIDictionary(*ppd), StatusOk);
-    const std::string name = GetPPDOptionAliasForTicketValue("MediaType", 24);
-    EXPECT_EQ(GenerateStockSummary(Bundle(), Page, stock, ""), "<StockType>:" + name + " (3)");
-    PPDReleaseGlobalUIDictionary();
-    EXPECT_NE(name, "");
+    {
+        const PrinterDescription printer(std::move(ppd), nullptr, featureMap, Bundle());
+        const std::string name = GetPPDOptionAliasForTicketValue("MediaType", 24);
+        EXPECT_NE(name, "");
+        EXPECT_EQ(GenerateStockSummary(Bundle(), Page, stock, ""), "<StockType>:" + name + " (3)");
+    }
     stock.setModulus(0);
     EXPECT_EQ(GenerateStockSummary(Bundle(), Page, stock, ""), "<StockType>:STRING NOT FOUND");
 }
