@@ -4,13 +4,11 @@
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/PageFormatArgument.h"
-#include "platform/cf/PropertyListReader.h"
+#include "cli/TicketFile.h"
 #include "platform/files/FileContents.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFChannel.h"
 #include "tpif/TPIFWriter.h"
-
-#include <unistd.h>
 
 #include <filesystem>
 #include <system_error>
@@ -70,19 +68,6 @@ std::optional<ExportRequest> RequestOf(const Arguments& arguments, std::string& 
     }
     request.whole = arguments.has(WholeOption);
     return request;
-}
-
-std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& error)
-{
-    std::string reason;
-    const auto contents =
-        input == "-" ? ReadDescriptorContents(STDIN_FILENO, PropertyListLimits.bytes, reason)
-                     : ReadFileContents(input, PropertyListLimits.bytes, reason);
-    if (!contents) {
-        error = ParseError{0, "cannot read: " + reason};
-        return std::nullopt;
-    }
-    return ReadPropertyListDictionary(*contents, error);
 }
 
 std::string DocumentOf(CFDictionary settings, const ExportRequest& request)

@@ -4,6 +4,7 @@
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/PrinterCommand.h"
+#include "cli/ShowCommand.h"
 
 #include <csignal>
 #include <exception>
@@ -20,6 +21,7 @@ struct CommandRow {
 // What each row of VerbMap does.
 constexpr CommandRow CommandMap[] = {
     {ExportVerb,  RunExport },
+    {ShowVerb,    RunShow   },
     {PrinterVerb, RunPrinter},
     {nullptr,     nullptr   },
 };

@@ -9,6 +9,7 @@ namespace tarvo {
 inline constexpr const char* ProgramName = "tarvo-ticket";
 
 inline constexpr const char* ExportVerb = "export";
+inline constexpr const char* ShowVerb = "show";
 inline constexpr const char* PrinterVerb = "printer";
 
 inline constexpr const char* HelpOption = "--help";
@@ -21,6 +22,7 @@ inline constexpr const char* InsertsOption = "--inserts";
 inline constexpr const char* ExceptionsOption = "--exceptions";
 inline constexpr const char* WholeOption = "--whole";
 inline constexpr const char* PageFormatOption = "--page-format";
+inline constexpr const char* PagesOption = "--pages";
 inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
 inline constexpr const char* PPDArgument = "PPD";
@@ -73,6 +75,13 @@ inline constexpr OptionRow OptionMap[] = {
      "The page that the job is laid out for: width and length in points, as the page lies, and "
      "0 portrait, 1 landscape, 2 reverse portrait or 3 reverse landscape. A4 is 595,842,0. Only "
      "a stock without a size asks for it."},
+    {ShowVerb,   "",   TicketArguments,       "",      OptionKind::Tickets,
+     "The ticket to show; - is standard input."},
+    {ShowVerb,   "",   PagesOption,           "N",     OptionKind::Text,
+     "Add the sheet plan of a job of N pages: which sheet carries which pages on which stock, and "
+     "where covers and inserts go. Pages printed on covers are not counted."},
+    {ShowVerb,   "",   JsonOption,            "",      OptionKind::Flag,
+     "Print JSON for programs instead of words."},
     {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
      "The description of the printer, an uncompressed PPD file."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
@@ -106,6 +115,13 @@ inline constexpr VerbRow VerbMap[] = {
      "A file is replaced whole or not at all. A ticket that cannot be exported is named with the "
      "line and the reason; the others are exported all the same. Lines on standard error that "
      "begin with \"DEBUG: \" tell how the ticket was read and are no errors."},
+    {ShowVerb, "TICKET.plist [--pages N] [--json]",
+     "tell what a job ticket says",
+     "Tells what a job ticket says, in the user's language: job type, paper, two-sided printing, "
+     "finishing, covers, inserts, exception pages, image, colour, notes and forms. What the ticket "
+     "leaves to the printer is not named. With --pages follows the plan of one set, sheet by "
+     "sheet.\n\n"
+     "Passcodes and the names of accounting are never shown."},
     {PrinterVerb, "PPD [--json]",
      "tell what a printer offers",
      "Tells what the printer of a PPD file offers: its options by group with their choices, what "
@@ -125,6 +141,8 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Export the whole job of one ticket."},
     {ExportVerb, "tarvo-ticket export --out-dir documents tickets/*.plist",
      "Export every ticket of a folder with the options that each one holds."},
+    {ShowVerb, "tarvo-ticket show --pages 12 brochure.plist",
+     "Tell what a ticket says, and plan the sheets of a job of 12 pages."},
     {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
      "Tell what the QL900 offers."},
     {nullptr, "", ""},

@@ -7,8 +7,10 @@ namespace tarvo {
 
 // Entries of the job type's dictionary.
 inline constexpr std::string_view JobTypeNumberKey = "JobType";
-inline constexpr std::string_view SavedJobNameKey = "SavedJobName";         // string
-inline constexpr std::string_view SavedJobLocationKey = "SavedJobLocation"; // string, a URI
+inline constexpr std::string_view SavedJobNameKey = "SavedJobName";               // string
+inline constexpr std::string_view SavedJobLocationKey = "SavedJobLocation";       // string, a URI
+inline constexpr std::string_view SecurePrintPasswordKey = "SecurePrintPassword"; // string
+inline constexpr std::string_view DelayedPrintTimeKey = "DelayedPrintTime";       // date
 inline constexpr std::string_view SaveFormatKey = "MediaType"; // of a saved job; no paper type
 
 /// Where a job is saved that names no place.

@@ -74,6 +74,13 @@ inline constexpr std::string_view JobNotesSenderNameKey = "com.tarvo.print.JobNo
 inline constexpr std::string_view JobNotesRecipientKey = "com.tarvo.print.JobNotesRecipient";
 inline constexpr std::string_view JobNotesMessageKey = "com.tarvo.print.JobNotesMessage";
 inline constexpr std::string_view JobNotesSheetMessageKey = "com.tarvo.print.JobNotesSheetMessage";
+inline constexpr std::string_view JobNotesAdditionalInfoKey =
+    "com.tarvo.print.JobNotesAdditionalInfo";
+
+// Layout.
+inline constexpr std::string_view BookletDrawOutlinesKey = "com.tarvo.print.BookletDrawOutlines";
+inline constexpr std::string_view BookletForceNewSizeKey =
+    "com.tarvo.print.BookletForceNewSize"; // boolean
 
 // Advanced. The missing "t" of the first is the ticket's own.
 inline constexpr std::string_view OPISubstitutionKey = "com.tarvo.print.OPISubsitution";

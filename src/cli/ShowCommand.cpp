@@ -1,0 +1,58 @@
+#include "cli/ShowCommand.h"
+
+#include "cli/BundleLocation.h"
+#include "cli/Messages.h"
+#include "cli/OptionTable.h"
+#include "cli/TicketFile.h"
+#include "cli/TicketReport.h"
+#include "platform/bundle/CFBundle.h"
+
+#include <charconv>
+#include <system_error>
+
+namespace tarvo {
+namespace {
+
+constexpr std::int32_t HighestPageNumber = 9999999; // of the system
+
+std::optional<std::int32_t> PagesFromText(const std::string& text)
+{
+    std::int32_t pages = 0;
+    const char* end = text.data() + text.size();
+    const auto [behind, error] = std::from_chars(text.data(), end, pages);
+    if (error != std::errc() || behind != end || pages < 1 || pages > HighestPageNumber) {
+        return std::nullopt;
+    }
+    return pages;
+}
+
+} // namespace
+
+ExitStatus RunShow(const Arguments& arguments)
+{
+    const auto& files = arguments.values(TicketArguments);
+    if (files.size() != 1) {
+        return PrintWrongUse(files.empty() ? "no ticket is named"
+                                           : "more than one ticket is named");
+    }
+    std::optional<std::int32_t> pages;
+    if (arguments.has(PagesOption)) {
+        const std::string& text = arguments.values(PagesOption).front();
+        pages = PagesFromText(text);
+        if (!pages) {
+            return PrintWrongUse(std::string(PagesOption) + " \"" + text +
+                                 "\" is no number of pages from 1 to 9999999");
+        }
+    }
+    ParseError error;
+    const auto ticket = ReadTicket(files.front(), error);
+    if (!ticket) {
+        PrintFileMessage(InputName(files.front()), error.line, error.reason);
+        return ExitStatus::Failed;
+    }
+    const CFBundle bundle(BundleLocation(), UserLanguages());
+    const TicketReport report = DescribeTicket(*ticket, bundle, pages);
+    return PrintResult(arguments.has(JsonOption) ? TicketJson(report) : TicketText(report, bundle));
+}
+
+} // namespace tarvo
