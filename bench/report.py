@@ -8,7 +8,7 @@ import sys
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
-def medians(path):
+def results(path, aggregate):
     """name -> (nanoseconds, bytes per second or None); of the processor, but of the clock where
     another program is run"""
     with open(path, encoding="utf-8") as file:
@@ -17,7 +17,7 @@ def medians(path):
     for row in rows:
         if row.get("error_occurred"):
             sys.exit(f"{row['run_name']}: {row['error_message']}")
-        if row.get("aggregate_name") == "median":
+        if row.get("aggregate_name") == aggregate:
             is_process = row["run_name"].endswith("/real_time")
             name = row["run_name"].removesuffix("/real_time")
             result[name] = (
@@ -47,7 +47,8 @@ def processor():
 
 
 def main():
-    rows = medians(sys.argv[1])
+    rows = results(sys.argv[1], "median")
+    least = results(sys.argv[1], "least")
     print("# Performance\n")
     print("Made by `bench/run`: medians of five runs of the release build. Machines differ; the")
     print("ratios, taken in one run, are what to look at.\n")
@@ -71,6 +72,21 @@ def main():
               f"| {ours[0] / theirs[0]:.2f} | {wanted.get(name, '')} |")
     growth = rows["export/exceptions/15000"][0] / rows["export/exceptions/1500"][0]
     print(f"\nTen times the exception pages take {growth:.1f} times the time (wanted: at most 11).")
+
+    print("\n## Special pages\n")
+    print("The least of five runs. Ranges anywhere, half of them over others; the second size is ten")
+    print("times the first.\n")
+    print("| | first size | time | second size | time | growth | wanted |")
+    print("|---|---|---|---|---|---|---|")
+    for name, first, second, wanted in (
+            ("merge ranges at once", 1_000, 10_000, "well within 1 s"),
+            ("merge ranges one by one", 1_000, 10_000, "well within 1 s"),
+            ("add inserts", 10_000, 100_000, "well within 1 s"),
+            ("describe exception pages", 1_000, 10_000, ""),
+            ("page list as single pages", 1_000_000, 9_999_999, "")):
+        small, large = least[f"{name}/{first}"][0], least[f"{name}/{second}"][0]
+        print(f"| {name} | {first:,} | {time(small)} | {second:,} | {time(large)} "
+              f"| {large / small:.1f} | {wanted} |")
 
     print("\n## Descriptions of printers\n")
     print("Opening and describing, beside the library's reader alone; and the whole program beside")
