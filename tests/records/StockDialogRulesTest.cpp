@@ -1,9 +1,9 @@
 #include "records/StockDialogRules.h"
 
 #include "records/AdvancedStock.h"
-#include "records/Stock.h"
 #include "settings/StockMaps.h"
 #include "support/EchoBundle.h"
+#include "support/StockText.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ TEST(StockNames, AreCutToCharactersAndNeverEmpty)
     EXPECT_FALSE(EnterCustomColor(stock, ""));
     EXPECT_FALSE(EnterCustomType(stock, ""));
     EXPECT_FALSE(EnterOrderedStock(stock, "", 3));
-    EXPECT_EQ(stock.asTicket(), before.asTicket());
+    EXPECT_EQ(StockText(stock), StockText(before));
     EnterDescription(stock, Repeated(256, "x"));
     EXPECT_EQ(stock.description(), Repeated(255, "x"));
     EnterPaperName(stock, Repeated(256, "ü"));
@@ -116,11 +116,7 @@ std::int32_t CheckedPosition(const Menu& menu)
 TEST(AdvancedStock, ShowsWhatTheStockIs)
 {
     const CFBundle bundle = EchoBundle({"PrinterDefault", "UseJobSetting"});
-    Stock stock;
-    stock.setSize(4);
-    stock.setType(2);
-    stock.setPunched(2);
-    stock.setDescription("d");
+    Stock stock = StockOf("Size=4 Type=2 Color=6 Punched=2 Description=d");
     AdvancedStockMenus menus = MakeAdvancedStockMenus(bundle, JobContext::Cover, stock);
     EXPECT_TRUE(menus.isSizeEnabled);
     EXPECT_EQ(CheckedPosition(menus.size), 7);
@@ -141,26 +137,13 @@ TEST(AdvancedStock, ShowsWhatTheStockIs)
 
 TEST(AdvancedStock, RevertsWhatItShowsButAJobsSize)
 {
-    CFDictionary ticket;
-    for (const char* key : {"Size", "Color", "Type", "Weight", "Finish", "Modulus"}) {
-        ticket.set(key, 4);
-    }
-    for (const char* key : {"CustomColor", "Description", "CustomName", "CustomComment"}) {
-        ticket.set(key, "x");
-    }
-    Stock stock(ticket);
+    Stock stock = StockOf("Size=4 Type=4 Modulus=4 Color=10 CustomColor=x Weight=90 Description=x "
+                          "Finish=1 CustomName=x CustomComment=x");
+    const std::string left = "Modulus=4 CustomColor=x Punched=1 Finish=1 CustomName=x";
     RevertAdvancedStock(stock, JobContext::Job);
-    CFDictionary left;
-    left.set("Size", 4);
-    left.set("Modulus", 4);
-    left.set("CustomColor", "x");
-    left.set("Punched", 1);
-    left.set("Finish", 4);
-    left.set("CustomName", "x");
-    EXPECT_EQ(stock.asTicket(), left);
+    EXPECT_EQ(StockText(stock), "Size=4 " + left);
     RevertAdvancedStock(stock, JobContext::Insert);
-    left.remove("Size");
-    EXPECT_EQ(stock.asTicket(), left);
+    EXPECT_EQ(StockText(stock), left);
 }
 
 } // namespace

@@ -1,9 +1,8 @@
 #include "records/StockMenu.h"
 
-#include "records/Stock.h"
 #include "records/StockDialogs.h"
-#include "settings/StockMaps.h"
 #include "support/EchoBundle.h"
+#include "support/StockText.h"
 
 #include <gmock/gmock.h>
 
@@ -17,17 +16,17 @@ using ::testing::ElementsAre;
 constexpr auto Job = JobContext::Job;
 constexpr auto Page = JobContext::Insert;
 
-// What was asked, in order; each question gets the answer and, before it, the edit.
+// Gives every question the edit and then the answer.
 class ScriptedDialogs : public StockDialogs {
 public:
     bool answer = true;
     std::function<void(Stock&)> edit = [](Stock&) {};
     std::string name = "Typed";
-    std::vector<std::string> asked;
+    std::string asked; // the last question
 
     bool askCustomSize(std::int32_t& width, std::int32_t& length) override
     {
-        asked.push_back("size " + std::to_string(width) + "x" + std::to_string(length));
+        asked = "size " + std::to_string(width) + "x" + std::to_string(length);
         width = 30000;
         length = 20000;
         return answer;
@@ -40,7 +39,7 @@ public:
     bool askAdvancedSelection(JobContext, Stock& stock) override { return ask("advanced", stock); }
     bool askPaperName(std::string& proposed) override
     {
-        asked.push_back("name " + proposed);
+        asked = "name " + proposed;
         proposed = name;
         return answer;
     }
@@ -49,7 +48,7 @@ public:
 private:
     bool ask(const char* question, Stock& stock)
     {
-        asked.emplace_back(question);
+        asked = question;
         edit(stock);
         return answer;
     }
@@ -64,13 +63,22 @@ public:
     bool haveMatch(const Stock&) override { return isMatching; }
     std::optional<Stock> use(std::string_view uuid) override
     {
-        CFDictionary ticket;
-        ticket.set("Type", 2);
-        ticket.set("Color", 2);
-        ticket.set("CustomName", "Foil");
-        return uuid == "A" ? std::optional<Stock>(Stock(ticket)) : std::nullopt;
+        if (uuid != "A") {
+            return std::nullopt;
+        }
+        return StockOf("Type=2 Color=2 CustomName=Foil");
     }
     void clearRecentlyUsed() override { isCleared = true; }
+};
+
+// One stock menu of a job with all that it may ask.
+struct Desk {
+    ScriptedDialogs dialogs;
+    OnePaper papers;
+    StockMenuEffect choose(const MenuItem& item, Stock& stock)
+    {
+        return StockMenuCommandEventHandler(item, Job, stock, dialogs, papers);
+    }
 };
 
 MenuItem Choice(std::uint32_t command, std::int32_t value = 0, const char* reference = "")
@@ -80,11 +88,6 @@ MenuItem Choice(std::uint32_t command, std::int32_t value = 0, const char* refer
     item.value = value;
     item.reference = reference;
     return item;
-}
-
-CFDictionary TicketOf(std::vector<CFDictionary::Entry> entries)
-{
-    return CFDictionary(std::move(entries));
 }
 
 // Keys of the items, "*" behind those that are checked.
@@ -99,11 +102,11 @@ std::vector<std::string> Texts(const Menu& menu)
 
 std::string CheckedText(const MenuItem& item)
 {
-    std::string texts;
+    std::string checked;
     for (const MenuItem& each : item.submenu) {
-        texts += each.isChecked ? each.text : "";
+        checked += each.isChecked ? each.text : "";
     }
-    return texts;
+    return checked;
 }
 
 const CFBundle& Bundle()
@@ -129,28 +132,21 @@ TEST(StockMenu, OffersTheSizeToPagesOnly)
     EXPECT_TRUE(PopulateStockMenu(Bundle(), Job, stock, {})[0].isChecked);
 }
 
-TEST(StockMenu, EveryItemHasTheCommandThatTheHandlerKnows)
+TEST(StockMenu, HasItsCommandsAndThoseOfItsSubmenus)
 {
-    const NamedPaper papers[] = {
-        {"A", "Foil"}
+    const Menu menu = PopulateStockMenu(Bundle(), Page, Stock(), {});
+    const std::pair<std::size_t, std::uint32_t> commands[] = {
+        {0, FourCharCode("Sdef")},
+        {3, FourCharCode("Ssiz")},
+        {4, FourCharCode("Sclr")},
+        {5, FourCharCode("Styp")},
+        {6, FourCharCode("Spun")},
+        {8, FourCharCode("Sadv")},
     };
-    std::size_t items = 0;
-    const std::function<void(const Menu&)> choose = [&](const Menu& menu) {
-        for (const MenuItem& item : menu) {
-            choose(item.submenu);
-            if (item.submenu.empty() && !item.isSeparator()) {
-                Stock stock;
-                ScriptedDialogs dialogs;
-                OnePaper library;
-                const auto effect =
-                    StockMenuCommandEventHandler(item, Page, stock, dialogs, library);
-                EXPECT_EQ(effect.status, StatusOk) << item.text << item.command;
-                ++items;
-            }
-        }
-    };
-    choose(PopulateStockMenu(Bundle(), Page, Stock(), papers));
-    EXPECT_EQ(items, 2U + 4 + 12 + 14 + 9 + 3);
+    for (const auto& [position, command] : commands) {
+        const MenuItem& item = menu[position];
+        EXPECT_EQ(item.submenu.empty() ? item.command : item.submenu.back().command, command);
+    }
 }
 
 TEST(StockMenu, ChecksWhatTheStockHas)
@@ -159,13 +155,7 @@ TEST(StockMenu, ChecksWhatTheStockHas)
         {"A", "Foil"},
         {"B", "FOIL"}
     };
-    Stock stock(TicketOf({
-        {"Size",    4},
-        {"Color",   2},
-        {"Type",    9},
-        {"Punched", 2}
-    }));
-    stock.setCustomName("foil");
+    Stock stock = StockOf("Size=4 Color=2 Type=9 Punched=2 CustomName=foil");
     Menu menu = PopulateStockMenu(Bundle(), Page, stock, papers);
     EXPECT_FALSE(menu[0].isChecked);
     EXPECT_EQ(CheckedText(menu[1]), "Foil"); // the first of the name
@@ -184,197 +174,130 @@ struct CommandCase {
     const char* name;
     MenuItem item;
     const char* asked; // the question; "" for none
-    std::vector<CFDictionary::Entry> after;
+    const char* after;
 };
 
-// What a command makes of a blue stock that came from a library, with the dialog naming things X.
+// What a command makes of a blue stock that came from a library, dialogs setting the finish.
 // clang-format off
 const CommandCase CommandCases[] = {
-    {"size", Choice(StockCommand::Size, 4), "", {{"Size", 4}, {"Color", 2}}},
+    {"size", Choice(StockCommand::Size, 4), "", "Size=4 Color=2"},
     {"custom size, width first", Choice(StockCommand::Size, 75), "size -2147483648x-2147483648",
-        {{"Size", 75}, {"Width", 30000}, {"Length", 20000}, {"Color", 2}}},
-    {"color", Choice(StockCommand::Color, 3), "", {{"Color", 3}}},
-    {"custom color", Choice(StockCommand::Color, 10), "color", {{"Color", 10}, {"Description", "X"}}},
-    {"type", Choice(StockCommand::Type, 2), "", {{"Type", 2}, {"Color", 6}}},
-    {"custom type", Choice(StockCommand::Type, 7), "type",
-        {{"Type", 7}, {"Color", 2}, {"Description", "X"}}},
-    {"ordered", Choice(StockCommand::Type, 6), "ordered",
-        {{"Type", 6}, {"Color", 2}, {"Description", "X"}}},
-    {"tabs", Choice(StockCommand::Type, 4), "tabs",
-        {{"Type", 4}, {"Color", 2}, {"Description", "X"}}},
-    {"punched", Choice(StockCommand::Punched, 2), "", {{"Color", 2}, {"Punched", 2}}},
-    {"sides", Choice(StockCommand::SidesCoated, 3), "",
-        {{"Color", 2}, {"SidesCoated", 3}, {"kCoatingType", 1}}},
-    {"coating of no side", Choice(StockCommand::CoatingType, 3), "", {{"Color", 2}}},
-    {"finish", Choice(StockCommand::Finish, 3), "", {{"Color", 2}, {"Finish", 3}}},
-    {"grain", Choice(StockCommand::Grain, 2), "", {{"Color", 2}, {"kGrain", 2}}},
-    {"description", Choice(StockCommand::Description, 0), "description",
-        {{"Color", 2}, {"Description", "X"}}},
-    {"advanced", Choice(StockCommand::Advanced), "advanced", {{"Color", 2}, {"Description", "X"}}},
+        "Size=75 Width=30000 Length=20000 Color=2"},
+    {"colour", Choice(StockCommand::Color, 3), "", "Color=3"},
+    {"custom colour", Choice(StockCommand::Color, 10), "color", "Color=10 Finish=1"},
+    {"type", Choice(StockCommand::Type, 2), "", "Type=2 Color=6"},
+    {"custom type", Choice(StockCommand::Type, 7), "type", "Type=7 Color=2 Finish=1"},
+    {"ordered", Choice(StockCommand::Type, 6), "ordered", "Type=6 Color=2 Finish=1"},
+    {"tabs", Choice(StockCommand::Type, 4), "tabs", "Type=4 Color=2 Finish=1"},
+    {"punched", Choice(StockCommand::Punched, 2), "", "Color=2 Punched=2"},
+    {"sides", Choice(StockCommand::SidesCoated, 3), "", "Color=2 SidesCoated=3 kCoatingType=1"},
+    {"coating of no side", Choice(StockCommand::CoatingType, 3), "", "Color=2"},
+    {"finish", Choice(StockCommand::Finish, 3), "", "Color=2 Finish=3"},
+    {"grain", Choice(StockCommand::Grain, 2), "", "Color=2 kGrain=2"},
+    {"description", Choice(StockCommand::Description, 0), "description", "Color=2 Finish=1"},
+    {"advanced", Choice(StockCommand::Advanced), "advanced", "Color=2 Finish=1"},
 };
 // clang-format on
 
 TEST(StockCommands, ChangeTheStockAndForgetItsName)
 {
-    OnePaper library;
+    const Stock before = StockOf("Color=2 CustomName=N CustomNameOnly=true");
     for (const auto& row : CommandCases) {
         SCOPED_TRACE(row.name);
-        ScriptedDialogs dialogs;
-        dialogs.edit = [](Stock& stock) { stock.setDescription("X"); };
-        const Stock before(TicketOf({
-            {"Color",          2   },
-            {"CustomName",     "N" },
-            {"CustomNameOnly", true}
-        }));
+        Desk desk;
+        desk.dialogs.edit = [](Stock& stock) { stock.setFinish(1); };
         Stock stock(before);
         const StockMenuEffect changed = {StatusOk, true, false};
-        EXPECT_EQ(StockMenuCommandEventHandler(row.item, Page, stock, dialogs, library), changed);
-        EXPECT_EQ(stock.asTicket(), TicketOf(row.after));
-        ASSERT_EQ(dialogs.asked.size(), *row.asked == '\0' ? 0U : 1U);
-        if (dialogs.asked.empty()) {
-            continue;
+        EXPECT_EQ(desk.choose(row.item, stock), changed);
+        EXPECT_EQ(StockText(stock), row.after);
+        EXPECT_EQ(desk.dialogs.asked, row.asked);
+        if (!desk.dialogs.asked.empty()) { // Cancel keeps even the name
+            desk.dialogs.answer = false;
+            stock = Stock(before);
+            EXPECT_EQ(desk.choose(row.item, stock), StockMenuEffect());
+            EXPECT_EQ(StockText(stock), StockText(before));
         }
-        EXPECT_EQ(dialogs.asked.front(), row.asked);
-        // Cancel keeps everything, even the name and what the dialog had tried.
-        dialogs.answer = false;
-        stock = Stock(before);
-        EXPECT_EQ(StockMenuCommandEventHandler(row.item, Page, stock, dialogs, library),
-                  StockMenuEffect());
-        EXPECT_EQ(stock.asTicket(), before.asTicket());
     }
 }
 
 TEST(StockCommands, KeepOrClearWhatBelongsToAnotherChoice)
 {
-    OnePaper library;
-    ScriptedDialogs dialogs;
-    const auto choose = [&](Stock& stock, const MenuItem& item) {
-        return StockMenuCommandEventHandler(item, Job, stock, dialogs, library).status;
-    };
-    Stock stock(TicketOf({
-        {"Type",        6     },
-        {"CustomType",  "NCR" },
-        {"Modulus",     3     },
-        {"Color",       10    },
-        {"CustomColor", "Teal"},
-        {"Description", "d"   }
-    }));
-    choose(stock, Choice(StockCommand::Type, 1));
-    choose(stock, Choice(StockCommand::Color, 2));
-    choose(stock, Choice(StockCommand::Description, UnsetValue));
-    EXPECT_EQ(stock.asTicket(),
-              TicketOf({
-                  {"Type",       1    },
-                  {"CustomType", "NCR"},
-                  {"Modulus",    3    },
-                  {"Color",      2    }
-    }));
-    choose(stock, Choice(StockCommand::Default));
-    EXPECT_EQ(stock.asTicket(), TicketOf({
-                                    {"Punched", 1}
-    }));
-    EXPECT_EQ(choose(stock, Choice(FourCharCode("Eplx"), 2)), -9874);
-    EXPECT_TRUE(dialogs.asked.empty());
+    Desk desk;
+    Stock stock =
+        StockOf("Type=6 CustomType=NCR Modulus=3 Color=10 CustomColor=Teal Description=d");
+    desk.choose(Choice(StockCommand::Type, 1), stock);
+    desk.choose(Choice(StockCommand::Color, 2), stock);
+    desk.choose(Choice(StockCommand::Description, UnsetValue), stock);
+    EXPECT_EQ(StockText(stock), "Type=1 CustomType=NCR Modulus=3 Color=2");
+    desk.choose(Choice(StockCommand::Default), stock);
+    EXPECT_EQ(StockText(stock), "Punched=1");
+    EXPECT_EQ(desk.choose(Choice(FourCharCode("Eplx"), 2), stock).status, -9874);
+    EXPECT_EQ(desk.dialogs.asked, "");
 }
 
 TEST(StockCommands, TakeANameThatNoLibraryHas)
 {
-    OnePaper library;
-    ScriptedDialogs dialogs;
-    Stock stock(TicketOf({
-        {"Color",      2    },
-        {"CustomName", "Old"}
-    }));
+    Desk desk;
+    Stock stock = StockOf("Color=2 CustomName=Old");
     const MenuItem item = Choice(StockCommand::PaperName);
     for (const bool isCancelled : {true, false}) { // an empty name is as good as Cancel
-        dialogs.answer = !isCancelled;
-        dialogs.name = isCancelled ? "Typed" : "";
-        EXPECT_EQ(StockMenuCommandEventHandler(item, Job, stock, dialogs, library),
-                  StockMenuEffect());
-        EXPECT_EQ(stock.asTicket(), TicketOf({
-                                        {"Color",      2    },
-                                        {"CustomName", "Old"}
-        }));
+        desk.dialogs.answer = !isCancelled;
+        desk.dialogs.name = isCancelled ? "Typed" : "";
+        EXPECT_EQ(desk.choose(item, stock), StockMenuEffect());
+        EXPECT_EQ(StockText(stock), "Color=2 CustomName=Old");
     }
-    dialogs.name = "Typed";
-    EXPECT_TRUE(StockMenuCommandEventHandler(item, Job, stock, dialogs, library).changesStock);
-    EXPECT_EQ(stock.asTicket(),
-              TicketOf({
-                  {"Color",          2      },
-                  {"CustomName",     "Typed"},
-                  {"CustomNameOnly", true   }
-    }));
-    EXPECT_EQ(dialogs.asked.back(), "name Old");
+    EXPECT_EQ(desk.dialogs.asked, "name Old");
+    desk.dialogs.name = "Typed";
+    EXPECT_TRUE(desk.choose(item, stock).changesStock);
+    EXPECT_EQ(StockText(stock), "Color=2 CustomName=Typed CustomNameOnly=true");
 }
 
 TEST(StockCommands, TakeAPaperThroughTheSetters)
 {
-    OnePaper library;
-    ScriptedDialogs dialogs;
+    Desk desk;
     Stock stock;
     const StockMenuEffect both = {StatusOk, true, true};
     const StockMenuEffect papersOnly = {StatusOk, false, true};
-    EXPECT_EQ(StockMenuCommandEventHandler(Choice(NamedPaperCommand, 0, "gone"), Job, stock,
-                                           dialogs, library),
-              papersOnly);
+    EXPECT_EQ(desk.choose(Choice(NamedPaperCommand, 0, "gone"), stock), papersOnly);
     EXPECT_EQ(stock, Stock());
-    EXPECT_EQ(StockMenuCommandEventHandler(Choice(NamedPaperCommand, 0, "A"), Job, stock, dialogs,
-                                           library),
-              both);
-    EXPECT_EQ(stock.asTicket(), TicketOf({
-                                    {"Type",       2     },
-                                    {"Color",      6     },
-                                    {"CustomName", "Foil"}
-    }));
-    EXPECT_EQ(StockMenuCommandEventHandler(Choice(StockCommand::ClearRecentlyUsed), Job, stock,
-                                           dialogs, library),
-              papersOnly);
-    EXPECT_TRUE(library.isCleared);
+    EXPECT_EQ(desk.choose(Choice(NamedPaperCommand, 0, "A"), stock), both);
+    EXPECT_EQ(StockText(stock), "Type=2 Color=6 CustomName=Foil");
+    EXPECT_EQ(desk.choose(Choice(StockCommand::ClearRecentlyUsed), stock), papersOnly);
+    EXPECT_TRUE(desk.papers.isCleared);
 }
 
 struct LibraryCase {
     const char* name;
     bool isOk;
     bool isMatching;
-    const char* formerName;
-    const char* chosenName;
-    std::vector<CFDictionary::Entry> after;
+    const char* former;
+    const char* chosen;
+    const char* after;
 };
 
-// clang-format off
-const LibraryCase LibraryCases[] = {
-    {"a paper of the library",        true,  true,  "",    "New", {{"Type", 2}, {"Color", 6}, {"CustomName", "New"}}},
-    {"a paper that has just gone",    true,  false, "",    "New", {{"Punched", 1}}},
-    {"never a paper, none chosen",    false, false, "",    "New", {{"Color", 2}}},
-    {"never a paper, a nameless one", true,  false, "",    "",    {{"Type", 2}, {"Color", 6}}},
-    {"cancelled, its paper deleted",  false, false, "Old", "New", {{"Punched", 1}}},
-    {"cancelled, its paper there",    false, true,  "Old", "New", {{"Color", 2}, {"CustomName", "Old"}}},
+constexpr LibraryCase LibraryCases[] = {
+    {"a paper of the library",        true,  true,  "Color=2",                "Type=2 Color=2 CustomName=New",
+     "Type=2 Color=6 CustomName=New"                                                                                      },
+    {"a paper that has just gone",    true,  false, "Color=2",                "CustomName=New",                "Punched=1"},
+    {"never a paper, none chosen",    false, false, "Color=2",                "CustomName=New",                "Color=2"  },
+    {"never a paper, a nameless one", true,  false, "Color=2",                "Color=3",                       "Color=3"  },
+    {"cancelled, its paper deleted",  false, false, "Color=2 CustomName=Old", "CustomName=New",
+     "Punched=1"                                                                                                          },
+    {"cancelled, its paper there",    false, true,  "Color=2 CustomName=Old", "CustomName=New",
+     "Color=2 CustomName=Old"                                                                                             },
 };
-// clang-format on
 
 TEST(StockCommands, OpenTheLibraryAndKeepWhatNeverCameFromIt)
 {
     for (const auto& row : LibraryCases) {
         SCOPED_TRACE(row.name);
-        OnePaper library;
-        library.isMatching = row.isMatching;
-        ScriptedDialogs dialogs;
-        dialogs.answer = row.isOk;
-        dialogs.edit = [&row](Stock& stock) {
-            stock = Stock(TicketOf({
-                {"Type",  2},
-                {"Color", 2}
-            }));
-            stock.setCustomName(row.chosenName);
-        };
-        Stock stock(TicketOf({
-            {"Color",      2             },
-            {"CustomName", row.formerName}
-        }));
-        const auto effect = StockMenuCommandEventHandler(Choice(StockCommand::OpenLibrary), Job,
-                                                         stock, dialogs, library);
-        EXPECT_TRUE(effect.changesPapers);
-        EXPECT_EQ(stock.asTicket(), TicketOf(row.after));
+        Desk desk;
+        desk.papers.isMatching = row.isMatching;
+        desk.dialogs.answer = row.isOk;
+        desk.dialogs.edit = [&row](Stock& stock) { stock = StockOf(row.chosen); };
+        Stock stock = StockOf(row.former);
+        EXPECT_TRUE(desk.choose(Choice(StockCommand::OpenLibrary), stock).changesPapers);
+        EXPECT_EQ(StockText(stock), row.after);
     }
 }
 

@@ -3,8 +3,8 @@
 #include "printer/FeatureMap.h"
 #include "printer/PPDKeywordInfo.h"
 #include "printer/PrinterDescription.h"
-#include "records/Stock.h"
 #include "support/EchoBundle.h"
+#include "support/StockText.h"
 
 #include <gtest/gtest.h>
 
@@ -20,56 +20,51 @@ const CFBundle& Bundle()
     return bundle;
 }
 
-struct SummaryCase {
-    const char* name;
-    JobContext context;
-    std::vector<CFDictionary::Entry> stock;
-    const char* summary;
-};
-
 constexpr auto Job = JobContext::Job;
 constexpr auto Page = JobContext::ExceptionPage;
 
+struct SummaryCase {
+    const char* name;
+    JobContext context;
+    const char* stock;
+    const char* summary;
+};
+
 // clang-format off
-const SummaryCase SummaryCases[] = {
-    {"a page's empty stock", Page, {}, ""},
-    {"a job's names all defaults but the size", Job, {{"Size", 4}},
+constexpr SummaryCase SummaryCases[] = {
+    {"a page's empty stock", Page, "", ""},
+    {"a job's names all defaults but the size", Job, "Size=4",
         "<StockColor>:<PrinterDefault>; <StockType>:<PrinterDefault>; "
         "<StockPunched>:<PrinterDefault>; <StockWeight>:<PrinterDefault>; "
         "<StockDescription>:<PrinterDefault>"},
     {"all of a page's, in order", Page,
-        {{"Description", "thick"}, {"Weight", 75}, {"Punched", 2}, {"Type", 1}, {"Color", 2},
-         {"Size", 75}, {"CustomName", "Mine"}, {"SidesCoated", 2}, {"Finish", 1}, {"kGrain", 1},
-         {"CustomComment", "never shown"}},
+        "Description=thick Weight=75 Punched=2 Type=1 Color=2 Size=75 CustomName=Mine "
+        "SidesCoated=2 Finish=1 kGrain=1 CustomComment=never",
         "<StockName>:Mine; <StockSize>:<Custom>; <StockColor>:<StockColorBlue>; "
         "<StockType>:<StockTypePlain>; <StockPunched>:<StockPunchedYes>; <StockWeight>:75 gsm; "
         "<StockDescription>:thick"},
-    {"the name alone", Job, {{"CustomName", "Mine"}, {"CustomNameOnly", true}, {"Color", 2}},
-        "<StockName>:Mine"},
-    {"not even a name", Job, {{"CustomNameOnly", true}, {"Color", 2}}, ""},
-    {"size by its long name", Page, {{"Size", 7}}, "<StockSize>:<StockSize223x297>"},
-    {"size that only printers have", Page, {{"Size", 6}}, "<StockSize>:STRING NOT FOUND"},
-    {"colour under a name", Page, {{"Color", 10}, {"CustomColor", "Teal"}}, "<StockColor>:Teal"},
-    {"name of another colour", Page, {{"Color", 2}, {"CustomColor", "Teal"}},
-        "<StockColor>:<StockColorBlue>"},
-    {"colour that only printers have", Page, {{"Color", 14}}, "<StockColor>:STRING NOT FOUND"},
-    {"ordered", Page, {{"Type", 6}, {"CustomType", "NCR"}, {"Modulus", 3}}, "<StockType>:NCR (3)"},
-    {"ordered without a number", Page, {{"Type", 6}}, "<StockType>: (-2147483648)"},
-    {"pre-cut tabs", Page, {{"Type", 4}, {"Modulus", 5}}, "<StockType>:<StockTypePrecutTab> (5)"},
-    {"type under a name", Page, {{"Type", 7}, {"CustomType", "Vellum"}}, "<StockType>:Vellum"},
-    {"type that is stored but not offered", Page, {{"Type", 9}}, "<StockType>:<Labels>"},
-    {"the printer's tabs lack a number", Page, {{"Type", 24}, {"Modulus", 3}},
-        "<StockType>:STRING NOT FOUND"},
-    {"type that only printers have", Page, {{"Type", 13}}, "<StockType>:STRING NOT FOUND"},
+    {"the name alone", Job, "CustomName=Mine CustomNameOnly=true Color=2", "<StockName>:Mine"},
+    {"not even a name", Job, "CustomNameOnly=true Color=2", ""},
+    {"size by its long name", Page, "Size=7", "<StockSize>:<StockSize223x297>"},
+    {"size that only printers have", Page, "Size=6", "<StockSize>:STRING NOT FOUND"},
+    {"colour under a name", Page, "Color=10 CustomColor=Teal", "<StockColor>:Teal"},
+    {"name of another colour", Page, "Color=2 CustomColor=Teal", "<StockColor>:<StockColorBlue>"},
+    {"colour that only printers have", Page, "Color=14", "<StockColor>:STRING NOT FOUND"},
+    {"ordered", Page, "Type=6 CustomType=NCR Modulus=3", "<StockType>:NCR (3)"},
+    {"ordered without a number", Page, "Type=6", "<StockType>: (-2147483648)"},
+    {"pre-cut tabs", Page, "Type=4 Modulus=5", "<StockType>:<StockTypePrecutTab> (5)"},
+    {"type under a name", Page, "Type=7 CustomType=Vellum", "<StockType>:Vellum"},
+    {"type that is stored, not offered", Page, "Type=9", "<StockType>:<Labels>"},
+    {"the printer's tabs lack a number", Page, "Type=24 Modulus=3", "<StockType>:STRING NOT FOUND"},
 };
 // clang-format on
 
 TEST(StockSummary, HasALineForWhatIsSet)
 {
     for (const auto& row : SummaryCases) {
-        SCOPED_TRACE(row.name);
-        const Stock stock{CFDictionary(row.stock)};
-        EXPECT_EQ(GenerateStockSummary(Bundle(), row.context, stock, "; "), row.summary);
+        const Stock stock = StockOf(row.stock);
+        EXPECT_EQ(GenerateStockSummary(Bundle(), row.context, stock, "; "), row.summary)
+            << row.name;
     }
 }
 
