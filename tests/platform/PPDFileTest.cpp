@@ -19,6 +19,7 @@ TEST(PPDFile, RefusesWithLineAndReason)
     EXPECT_EQ(refusal(PPDHeader + longLine),
               "5: line longer than the maximum allowed (255 characters)");
     EXPECT_EQ(refusal("\x1F\x8B\x08"), "0: compressed; unpack it first");
+    EXPECT_EQ(refusal(std::string(PPDMaximumBytes + 1, '*')), "0: larger than 8 MiB");
     EXPECT_EQ(refusal(std::string(100'001, '\n')), "0: more than 100000 lines");
     std::string many = PPDHeader;
     for (int number = 0; number <= 10'000; ++number) {

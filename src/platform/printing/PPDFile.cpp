@@ -1,15 +1,15 @@
 #include "platform/printing/PPDFile.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "platform/files/Descriptor.h"
 #include "platform/files/FileContents.h"
 #include "platform/printing/PMPrintSession.h"
+#include "platform/printing/PPDInput.h"
 #include "platform/printing/PPDText.h"
 #include "platform/printing/PPDTranslations.h"
 #include "platform/text/Utf8.h"
 
 #include <cups/ppd.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -143,77 +143,20 @@ ParseError RefusalOf(const Reader& reader)
             row->reason == nullptr ? "refused by the printing system" : row->reason};
 }
 
-// The library's time grows with the square of the options, and of the lines.
-constexpr std::size_t MostOptions = 10'000;
-constexpr std::size_t MostLines = 100'000;
-
-// How often the word is in the text; none of it overlaps itself.
-std::size_t Count(std::string_view text, std::string_view word)
+// The file is at its beginning before, and somewhere after.
+OpenFile OpenWithReader(const Descriptor& file, const Reader& reader, ParseError& error)
 {
-    std::size_t count = 0;
-    for (std::size_t at = 0; (at = text.find(word, at)) != std::string_view::npos; ++at) {
-        ++count;
+    OpenFile opened(nullptr, PPDDeleter{&reader});
+    error.reason = RefusalOfPPD(file);
+    if (!error.reason.empty()) {
+        return opened;
     }
-    return count;
-}
-
-// Why the library had better not read the contents; empty when it may.
-std::string RefusalOfContents(std::string_view contents)
-{
-    if (contents.starts_with("\x1F\x8B")) { // no limit would hold for what it unpacks to
-        return "compressed; unpack it first";
+    const int own = fcntl(file.number(), F_DUPFD_CLOEXEC, 0);
+    if (own < 0) {
+        error.reason = std::generic_category().message(errno);
+        return opened;
     }
-    if (Count(contents, "\n") + Count(contents, "\r") > MostLines) {
-        return "more than " + std::to_string(MostLines) + " lines";
-    }
-    return Count(contents, "OpenUI") > MostOptions
-               ? "more than " + std::to_string(MostOptions) + " options"
-               : "";
-}
-
-// The bytes of a regular file that is small enough; nullopt with the reason when there are none.
-std::optional<std::string> ContentsOf(const std::string& path, std::string& reason)
-{
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (file < 0) {
-        reason = std::generic_category().message(errno);
-        return std::nullopt;
-    }
-    struct stat status = {};
-    std::optional<std::string> contents;
-    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
-        reason = "not a regular file";
-    } else {
-        contents = ReadDescriptorContents(file, PPDMaximumBytes, reason);
-    }
-    close(file);
-    return contents;
-}
-
-// The contents as an open file without a name; -1 with the reason when there is no memory for it.
-int FileInMemory(std::string_view contents, std::string& reason)
-{
-    const int file = memfd_create("ppd", MFD_CLOEXEC);
-    if (file < 0) {
-        reason = std::generic_category().message(errno);
-        return -1;
-    }
-    if (WriteDescriptorContents(file, contents, reason) && lseek(file, 0, SEEK_SET) == 0) {
-        return file;
-    }
-    close(file);
-    return -1;
-}
-
-// The library reads what was looked at before, whatever has become of the file since.
-OpenFile OpenWithReader(std::string_view contents, const Reader& reader, ParseError& error)
-{
-    error.reason = RefusalOfContents(contents);
-    const int file = error.reason.empty() ? FileInMemory(contents, error.reason) : -1;
-    if (file < 0) {
-        return {nullptr, PPDDeleter{&reader}};
-    }
-    OpenFile opened(reader.openFd(file), PPDDeleter{&reader}); // closes the file in any case
+    opened.reset(reader.openFd(own)); // which closes it
     if (!opened) {
         error = RefusalOf(reader);
     }
@@ -242,6 +185,15 @@ std::vector<std::string> TranslatedLanguages(ppd_file_t* file, const Reader& rea
         }
     }
     return translated;
+}
+
+// The whole file, wherever it is read at; what cannot be read again has no translations.
+std::string ContentsOf(const Descriptor& file)
+{
+    std::string unread;
+    return lseek(file.number(), 0, SEEK_SET) == 0
+               ? ReadDescriptorContents(file.number(), PPDMaximumBytes, unread).value_or("")
+               : "";
 }
 
 void Translate(std::string& text, const std::string* translation)
@@ -324,6 +276,7 @@ std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
 std::vector<PPDConstraint> ConstraintsOf(ppd_file_t* file, const Reader& reader)
 {
     std::vector<PPDConstraint> constraints;
+    constraints.reserve(static_cast<std::size_t>(file->num_consts));
     for (int index = 0; index < file->num_consts; ++index) {
         const ppd_const_t& pair = file->consts[index];
         constraints.push_back(
@@ -391,20 +344,28 @@ std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
 std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
 {
     error = ParseError();
-    const auto contents = ContentsOf(path, error.reason);
-    return contents ? Read(*contents, UserLanguages(), error) : std::nullopt;
+    const Descriptor file = OpenPPD(path, error.reason);
+    return file.valid() ? ReadFrom(file, UserLanguages(), error) : std::nullopt;
 }
 
 std::optional<PPDFile> PPDFile::Read(std::string_view contents,
                                      const std::vector<std::string>& languages, ParseError& error)
 {
     error = ParseError();
+    const Descriptor file = PPDInMemory(contents, error.reason);
+    return file.valid() ? ReadFrom(file, languages, error) : std::nullopt;
+}
+
+std::optional<PPDFile> PPDFile::ReadFrom(const Descriptor& descriptor,
+                                         const std::vector<std::string>& languages,
+                                         ParseError& error)
+{
     const Reader* reader = LoadReader();
     if (reader == nullptr) {
         error.reason = "the printing system's library, libcups.so.2, is missing";
         return std::nullopt;
     }
-    const OpenFile opened = OpenWithReader(contents, *reader, error);
+    const OpenFile opened = OpenWithReader(descriptor, *reader, error);
     if (!opened) {
         return std::nullopt;
     }
@@ -416,7 +377,7 @@ std::optional<PPDFile> PPDFile::Read(std::string_view contents,
     }
     const auto translated = TranslatedLanguages(opened.get(), *reader, languages);
     if (!translated.empty()) {
-        Translate(file.groups_, PPDTranslations(contents, translated));
+        Translate(file.groups_, PPDTranslations(ContentsOf(descriptor), translated));
     }
     file.constraints_ = ConstraintsOf(opened.get(), *reader);
     file.customSizes_ = CustomSizesOf(*opened);

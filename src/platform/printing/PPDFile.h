@@ -9,6 +9,8 @@
 
 namespace tarvo {
 
+class Descriptor;
+
 /// How a main keyword is chosen.
 enum class PPDUIType { Boolean, PickOne, PickMany };
 
@@ -95,6 +97,10 @@ public:
     const std::string* markedChoice(std::string_view optionKeyword) const;
 
 private:
+    static std::optional<PPDFile> ReadFrom(const Descriptor& descriptor,
+                                           const std::vector<std::string>& languages,
+                                           ParseError& error);
+
     std::string manufacturer_;
     std::string nickName_;
     std::vector<PPDGroup> groups_;
