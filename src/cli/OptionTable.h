@@ -83,7 +83,7 @@ inline constexpr OptionRow OptionMap[] = {
     {ShowVerb,   "",   JsonOption,            "",      OptionKind::Flag,
      "Print JSON for programs instead of words."},
     {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
-     "The description of the printer, an uncompressed PPD file."},
+     "The description of the printer, an uncompressed PPD file; - is standard input."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
      "Print JSON for programs instead of words."},
     {"",         "-h", HelpOption,            "",      OptionKind::Flag,
@@ -126,7 +126,10 @@ inline constexpr VerbRow VerbMap[] = {
      "tell what a printer offers",
      "Tells what the printer of a PPD file offers: its options by group with their choices, what "
      "is installed, the custom paper sizes it takes, what excludes what, and the job types and "
-     "finishing that follow. What is wrong with the file is named on standard error."},
+     "finishing that follow. Its texts are in the user's language where the file has them.\n\n"
+     "What is wrong with the file is named on standard error with its line, such as an option that "
+     "is never closed or a choice that comes again; the exit status is 3 then. What the printer "
+     "merely lacks is named there too."},
     {nullptr, "", "", ""},
 };
 

@@ -1,7 +1,7 @@
 #include "cli/PrinterReport.h"
 
 #include "printer/JobTypeOffers.h"
-#include "printer/PPDKeywordMaps.h"
+#include "tpif/DeviceProfile.h"
 
 #include <algorithm>
 #include <set>
@@ -10,47 +10,16 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view MakerOfFamily = "Tarvo";
 constexpr const char* FoldKeyword = "TRFoldOptions";
 constexpr std::string_view InstallableGroup = "InstallableOptions";
-constexpr std::string_view RegionKeyword = "PageRegion"; // PageSize once more, for manual feeding
 
-std::string TextOr(const std::string& text, const std::string& keyword)
+void AddGroup(PrinterReport& report, const PPDGroup& group)
 {
-    return text.empty() ? keyword : text;
-}
-
-PrinterReport::Option OptionOf(const PPDOption& from)
-{
-    PrinterReport::Option option = {
-        {from.keyword,   TextOr(from.text, from.keyword)},
-        {             }
-    };
-    for (const PPDChoice& choice : from.choices) {
-        option.choices.push_back({
-            {choice.keyword, TextOr(choice.text, choice.keyword)},
-            choice.keyword == from.defaultChoice
-        });
-    }
-    return option;
-}
-
-void AddGroup(PrinterReport& report, const PPDGroup& from)
-{
-    if (from.name == InstallableGroup) {
+    if (group.name == InstallableGroup) {
         return;
     }
-    PrinterReport::Group group = {
-        {from.name,   TextOr(from.text, from.name)},
-        {          }
-    };
-    for (const PPDOption& option : from.options) {
-        if (option.keyword != RegionKeyword) {
-            group.options.push_back(OptionOf(option));
-        }
-    }
-    report.groups.push_back(std::move(group));
-    for (const PPDGroup& subgroup : from.subgroups) {
+    report.groups.push_back(&group);
+    for (const PPDGroup& subgroup : group.subgroups) {
         AddGroup(report, subgroup);
     }
 }
@@ -111,7 +80,7 @@ void AddConstraints(PrinterReport& report, const PPDFile& ppd)
     }
     std::set<std::pair<std::string, std::string>> known;
     for (const PPDConstraint& pair : ppd.constraints()) {
-        if (pair.option1 == RegionKeyword || pair.option2 == RegionKeyword) {
+        if (pair.option1 == PageRegionKeyword || pair.option2 == PageRegionKeyword) {
             continue;
         }
         const std::string first = SideOf(options, pair.option1, pair.choice1);
@@ -135,75 +104,28 @@ void AddFinishing(PrinterReport& report, const PPDFile& ppd, const InstallableOp
     }
 }
 
-void AddFaultsOf(PrinterReport& report, const PPDOption& option)
-{
-    std::vector<std::string_view> keywords(option.choices.size());
-    std::transform(option.choices.begin(), option.choices.end(), keywords.begin(),
-                   [](const PPDChoice& choice) -> std::string_view { return choice.keyword; });
-    std::sort(keywords.begin(), keywords.end());
-    const auto twice = std::adjacent_find(keywords.begin(), keywords.end());
-    if (twice != keywords.end()) {
-        report.faults.push_back("\"" + option.keyword + "\" has the choice \"" +
-                                std::string(*twice) + "\" twice");
-    }
-    if (option.defaultChoice.empty()) {
-        report.faults.push_back("\"" + option.keyword + "\" has no default");
-    } else if (!std::binary_search(keywords.begin(), keywords.end(), option.defaultChoice)) {
-        report.faults.push_back("the default \"" + option.defaultChoice + "\" of \"" +
-                                option.keyword + "\" is none of its choices");
-    }
-}
-
-void AddFaults(PrinterReport& report, const PPDFile& ppd)
-{
-    if (ppd.manufacturer().empty()) {
-        report.faults.emplace_back("no manufacturer; print dialogs won't show these features");
-    } else if (ppd.manufacturer() != MakerOfFamily) {
-        report.faults.push_back("the manufacturer is \"" + ppd.manufacturer() +
-                                "\"; print dialogs won't show these features");
-    }
-    std::set<std::string_view> keywords;
-    for (const PPDOption* option : ppd.options()) {
-        if (!keywords.insert(option->keyword).second) {
-            report.faults.push_back("\"" + option->keyword + "\" is there twice");
-        }
-        AddFaultsOf(report, *option);
-    }
-    std::string missing;
-    for (const auto* row = MainKeywordMap; row->keyword != nullptr; ++row) {
-        const PPDOption* option = ppd.option(row->keyword);
-        if (option == nullptr) {
-            missing += (missing.empty() ? "" : ", ") + std::string(row->keyword);
-        } else if (option->type != PPDUIType::PickOne) {
-            report.faults.push_back("\"" + option->keyword +
-                                    "\" is not of type PickOne: its menu stays away");
-        }
-    }
-    if (!missing.empty()) {
-        report.faults.push_back("without " + missing + ": their menus stay away");
-    }
-}
-
 } // namespace
 
-PrinterReport DescribePrinter(PPDFile ppd, const CFBundle& bundle)
+const std::string& TextOr(const std::string& text, const std::string& keyword)
+{
+    return text.empty() ? keyword : text;
+}
+
+PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle)
 {
     const InstallableOptions installed(ppd, nullptr, InstalledFeatures);
-    PrinterReport report;
-    report.name = ppd.nickName();
-    report.maker = ppd.manufacturer();
+    PrinterReport report = {ppd, {}, {}, {}, {}, {}, RemarksOn(ppd, outline)};
     for (const PPDGroup& group : ppd.groups()) {
         AddGroup(report, group);
     }
     AddInstalled(report, ppd, installed);
-    report.customSizes = ppd.customSizes();
     AddConstraints(report, ppd);
-    const FeatureDatabase features(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
+    // The table that the bundle's profile is made from; reading that takes longer than the PPD.
+    const FeatureDatabase features(DeviceProfile());
     for (const JobTypeOffer& offer : JobTypeOffers(features)) {
         report.jobTypes.push_back({offer.key, bundle.localizedString(offer.key)});
     }
     AddFinishing(report, ppd, installed, bundle);
-    AddFaults(report, ppd);
     return report;
 }
 

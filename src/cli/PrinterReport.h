@@ -1,29 +1,24 @@
 #pragma once
 
+#include "cli/PPDRemarks.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/printing/PPDFile.h"
 #include "printer/FinishingOffers.h"
 
-#include <optional>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvo {
 
-/// What a printer offers, in words.
+inline constexpr std::string_view PageRegionKeyword = "PageRegion"; // PageSize for manual feeding
+
+/// What a printer offers, in words; borrows from its description.
 struct PrinterReport {
     struct Named {
         std::string keyword; // of the PPD; of the ticket's table for job types and finishing
         std::string text;
-    };
-    struct Choice : Named {
-        bool isDefault = false;
-    };
-    struct Option : Named {
-        std::vector<Choice> choices;
-    };
-    struct Group : Named {
-        std::vector<Option> options;
     };
     struct Installed : Named {
         Named choice; // in force; "" and "(unknown)" when none is
@@ -33,23 +28,26 @@ struct PrinterReport {
         std::vector<std::int32_t> choices;
     };
 
-    std::string name;
-    std::string maker;
-    std::vector<Group> groups; // with the installable options' group left out
+    const PPDFile& ppd;
+    std::vector<const PPDGroup*> groups; // flat, that of the installable options left out
     std::vector<Installed> installed;
-    std::optional<PPDSizeLimits> customSizes;
     std::vector<std::string> constraints; // each pair once
     std::vector<Named> jobTypes;
     std::vector<Finishing> finishing;
-    std::vector<std::string> faults; // of the description, for who mends it
+    std::vector<PPDRemark> remarks;
 };
 
-PrinterReport DescribePrinter(PPDFile ppd, const CFBundle& bundle);
+/// The text of a keyword; the keyword itself where the description has no text.
+const std::string& TextOr(const std::string& text, const std::string& keyword);
+
+/// @param ppd      must outlive the report
+/// @param outline  of the contents that it was read from
+PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle);
 
 /// For a person at a terminal.
 std::string PrinterText(const PrinterReport& report);
 
-/// For a program: an object with the members of PrinterReport.
+/// For a program: an object with the members of PrinterReport, the remarks as faults and notes.
 std::string PrinterJson(const PrinterReport& report);
 
 } // namespace tarvo

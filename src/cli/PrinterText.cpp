@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -35,19 +36,41 @@ void AddHeading(std::string& text, const char* heading)
     (((text += '\n') += heading) += '\n');
 }
 
+void AddShown(std::string& text, const std::string& shown)
+{
+    const auto isPlain = [](char byte) { return byte >= ' ' && byte <= '~'; };
+    if (std::all_of(shown.begin(), shown.end(), isPlain)) {
+        text += shown; // most are
+    } else {
+        text += WithoutControls(shown);
+    }
+}
+
+void AddOption(std::string& text, const PPDOption& option)
+{
+    text += "    ";
+    AddShown(text, TextOr(option.text, option.keyword));
+    const char* separator = ": ";
+    for (const PPDChoice& choice : option.choices) {
+        text += separator;
+        AddShown(text, TextOr(choice.text, choice.keyword));
+        text += choice.isMarked ? " *" : "";
+        separator = "; "; // texts hold commas
+    }
+    text += option.choices.empty() ? ":\n" : "\n";
+}
+
 void AddOptions(std::string& text, const PrinterReport& report)
 {
     AddHeading(text, "Options (* by default)");
-    for (const auto& group : report.groups) {
-        text += "  " + WithoutControls(group.text) + '\n';
-        for (const auto& option : group.options) {
-            text += "    " + WithoutControls(option.text) + ':';
-            const char* separator = " ";
-            for (const auto& choice : option.choices) {
-                text += separator + WithoutControls(choice.text) + (choice.isDefault ? " *" : "");
-                separator = "; "; // texts hold commas
+    for (const PPDGroup* group : report.groups) {
+        text += "  ";
+        AddShown(text, TextOr(group->text, group->name));
+        text += '\n';
+        for (const PPDOption& option : group->options) {
+            if (option.keyword != PageRegionKeyword) {
+                AddOption(text, option);
             }
-            text += '\n';
         }
     }
 }
@@ -74,31 +97,60 @@ std::vector<std::string> TextsOf(const Rows& rows)
     return texts;
 }
 
-nlohmann::ordered_json JsonOf(const PrinterReport::Named& named)
+nlohmann::ordered_json JsonOf(const std::string& keyword, const std::string& text)
 {
     return {
-        {"keyword", named.keyword},
-        {"text",    named.text   }
+        {"keyword",    keyword },
+        { "text", TextOr(text, keyword)}
     };
 }
 
-nlohmann::ordered_json JsonOf(const PrinterReport::Group& group)
+nlohmann::ordered_json JsonOf(const PrinterReport::Named& named)
+{
+    return JsonOf(named.keyword, named.text);
+}
+
+nlohmann::ordered_json JsonOf(const PPDOption& option)
+{
+    auto choices = nlohmann::ordered_json::array();
+    for (const PPDChoice& choice : option.choices) {
+        choices.push_back(JsonOf(choice.keyword, choice.text));
+        choices.back()["default"] = choice.isMarked;
+    }
+    auto row = JsonOf(option.keyword, option.text);
+    row["choices"] = std::move(choices);
+    return row;
+}
+
+nlohmann::ordered_json JsonOf(const PPDGroup& group)
 {
     auto options = nlohmann::ordered_json::array();
-    for (const auto& option : group.options) {
-        auto choices = nlohmann::ordered_json::array();
-        for (const auto& choice : option.choices) {
-            auto row = JsonOf(static_cast<const PrinterReport::Named&>(choice));
-            row["default"] = choice.isDefault;
-            choices.push_back(std::move(row));
+    for (const PPDOption& option : group.options) {
+        if (option.keyword != PageRegionKeyword) {
+            options.push_back(JsonOf(option));
         }
-        auto row = JsonOf(static_cast<const PrinterReport::Named&>(option));
-        row["choices"] = std::move(choices);
-        options.push_back(std::move(row));
     }
-    auto row = JsonOf(static_cast<const PrinterReport::Named&>(group));
+    auto row = JsonOf(group.name, group.text);
     row["options"] = std::move(options);
     return row;
+}
+
+// Those that are faults, or the others.
+nlohmann::ordered_json JsonOf(const std::vector<PPDRemark>& remarks, bool faults)
+{
+    auto rows = nlohmann::ordered_json::array();
+    for (const PPDRemark& remark : remarks) {
+        if (remark.isFault == faults) {
+            rows.push_back({
+                {"line", nullptr    },
+                {"text", remark.text}
+            });
+            if (remark.line != 0) {
+                rows.back()["line"] = remark.line;
+            }
+        }
+    }
+    return rows;
 }
 
 nlohmann::ordered_json JsonOf(const std::optional<PPDSizeLimits>& limits)
@@ -119,10 +171,9 @@ nlohmann::ordered_json JsonOf(const std::optional<PPDSizeLimits>& limits)
 
 std::string PrinterText(const PrinterReport& report)
 {
-    std::string text =
-        WithoutControls((report.name.empty() ? "(no name)" : report.name) + ", made by " +
-                        (report.maker.empty() ? "(unknown)" : report.maker)) +
-        '\n';
+    std::string text = WithoutControls(TextOr(report.ppd.nickName(), "(no name)") + ", made by " +
+                                       TextOr(report.ppd.manufacturer(), "(unknown)")) +
+                       '\n';
     AddOptions(text, report);
     std::vector<std::string> installed;
     for (const auto& option : report.installed) {
@@ -130,7 +181,7 @@ std::string PrinterText(const PrinterReport& report)
     }
     AddLines(text, "Installed", installed);
     std::vector<std::string> sizes;
-    if (const auto& limits = report.customSizes) {
+    if (const auto& limits = report.ppd.customSizes()) {
         sizes = {LimitText("width", limits->minimumWidth, limits->maximumWidth),
                  LimitText("length", limits->minimumLength, limits->maximumLength)};
     }
@@ -144,12 +195,12 @@ std::string PrinterText(const PrinterReport& report)
 std::string PrinterJson(const PrinterReport& report)
 {
     nlohmann::ordered_json json = {
-        {"name",  report.name },
-        {"maker", report.maker}
+        {"name",  report.ppd.nickName()    },
+        {"maker", report.ppd.manufacturer()}
     };
     json["groups"] = nlohmann::ordered_json::array();
-    for (const auto& group : report.groups) {
-        json["groups"].push_back(JsonOf(group));
+    for (const PPDGroup* group : report.groups) {
+        json["groups"].push_back(JsonOf(*group));
     }
     json["installed"] = nlohmann::ordered_json::array();
     for (const auto& option : report.installed) {
@@ -157,7 +208,7 @@ std::string PrinterJson(const PrinterReport& report)
         row["choice"] = JsonOf(option.choice);
         json["installed"].push_back(std::move(row));
     }
-    json["customSizes"] = JsonOf(report.customSizes);
+    json["customSizes"] = JsonOf(report.ppd.customSizes());
     json["constraints"] = report.constraints;
     json["jobTypes"] = nlohmann::ordered_json::array();
     for (const auto& type : report.jobTypes) {
@@ -170,7 +221,8 @@ std::string PrinterJson(const PrinterReport& report)
         row["choices"] = offer.choices;
         json["finishing"].push_back(std::move(row));
     }
-    json["faults"] = report.faults;
+    json["faults"] = JsonOf(report.remarks, true);
+    json["notes"] = JsonOf(report.remarks, false);
     return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
 }
 

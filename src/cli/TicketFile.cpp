@@ -1,19 +1,14 @@
 #include "cli/TicketFile.h"
 
-#include "platform/files/FileContents.h"
-
-#include <unistd.h>
+#include "cli/Input.h"
 
 namespace tarvo {
 
 std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& error)
 {
-    std::string reason;
-    const auto contents =
-        input == "-" ? ReadDescriptorContents(STDIN_FILENO, PropertyListLimits.bytes, reason)
-                     : ReadFileContents(input, PropertyListLimits.bytes, reason);
+    error = ParseError();
+    const auto contents = ReadInput(input, PropertyListLimits.bytes, error.reason);
     if (!contents) {
-        error = ParseError{0, "cannot read: " + reason};
         return std::nullopt;
     }
     return ReadPropertyListDictionary(*contents, error);

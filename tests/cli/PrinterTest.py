@@ -62,13 +62,48 @@ class Printer(ProgramTest):
         result = self.run_program("printer", str(broken))
         self.assertEqual(result.returncode, 1)
         self.assertEqual(self.messages(result), [f"{broken}:3: missing asterisk in column 1"])
-        nameless = self.write("nameless.ppd", b'*PPD-Adobe: "4.3"\n*OpenUI *Jog: PickOne\n*DefaultJog: Up\n*Jog A: ""\n*Jog A: ""\n*CloseUI: *Jog\n')
-        text = self.run_program("printer", str(nameless)).stderr.decode()
-        for fault in ("no manufacturer", '"Jog" has the choice "A" twice', 'the default "Up" of "Jog"', "without MediaColor, MediaType, PageSize, Duplex"):
-            self.assertIn(fault, text)
+        missing = self.run_program("printer", "missing.ppd")
+        self.assertEqual((missing.returncode, self.messages(missing)), (1, ["missing.ppd: cannot read: No such file or directory"]))
+
+    # Description after its header of three lines, messages on it.
+    Faults = {
+        "complete": (b"", []),
+        "no default": (b'*OpenUI *X: PickOne\n*X A: ""\n*CloseUI: *X\n', ['4: "X" has no default']),
+        "default unknown": (b'*OpenUI *X: PickOne\n*DefaultX: Up\n*X A: ""\n*CloseUI: *X\n',
+                            ['5: the default "Up" of "X" is none of its choices']),
+        "choices again, each named once": (b'*OpenUI *X: PickOne\n*DefaultX: A\n*X A: ""\n*X A: ""\n*X B: ""\n*X A: ""\n*X B: ""\n*CloseUI: *X\n',
+                                           ['7: "X" has the choice "A" again', '10: "X" has the choice "B" again']),
+        "option again": (b'*OpenUI *X: Boolean\n*DefaultX: A\n*X A: ""\n*CloseUI: *X\n' * 2, ['8: "X" is there again']),
+        "cut in an option": (b'*OpenGroup: G/Group\n*OpenUI *X: PickOne\n*DefaultX: A\n*X A: ""\n',
+                             ['4: the *OpenGroup of "G" has no *CloseGroup', '5: the *OpenUI of "X" has no *CloseUI']),
+        "next option in one": (b'*JCLOpenUI *X: PickOne\n*DefaultX: A\n*X A: ""\n*OpenUI *Y: PickOne\n*DefaultY: A\n*Y A: ""\n*CloseUI: *Y\n',
+                               ['4: the *JCLOpenUI of "X" has no *JCLCloseUI']),
+        "cut in a subgroup": (b"*OpenGroup: G/Group\n*OpenSubGroup: S/Sub\n*CloseGroup: G\n", ['5: the *OpenSubGroup of "S" has no *CloseSubGroup']),
+        "cut in a quote": (b'*Product: "(x)\n*OpenUI *X: PickOne\n', ['4: the quote of "Product" is never closed']),
+        "three in a constraint": (b'*cupsUIConstraints: "*X *Y *Z"\n', ["4: a constraint that does not name two options is left out"]),
+    }
+
+    def test_faults_are_named_with_their_lines(self):
+        header = b'*PPD-Adobe: "4.3"\n*Manufacturer: "Tarvo"\n*NickName: "x"\n'
+        for name, (text, faults) in self.Faults.items():
+            with self.subTest(name):
+                result = self.run_program("printer", "--json", "-", input=header + text)
+                self.assertEqual(result.returncode, 3 if faults else 0)
+                *found, keywords = self.messages(result)[1:] + self.messages(result)[:1]
+                self.assertEqual(found, ["standard input:" + fault for fault in faults])
+                self.assertIn("without MediaColor, MediaType, PageSize, Duplex", keywords)
+                printer = json.loads(result.stdout)
+                self.assertEqual([f"{fault['line']}: {fault['text']}" for fault in printer["faults"]], faults)
+                self.assertIsNone(printer["notes"][0]["line"])
+
+    def test_of_equal_choices_the_first_is_the_default(self):
+        text = b'*PPD-Adobe: "4.3"\n*NickName: "x"\n*OpenUI *X: PickOne\n*DefaultX: A\n*X A: ""\n*X A: ""\n*CloseUI: *X\n'
+        result = self.run_program("printer", "-", input=text)
+        self.assertIn(b"    X: A *; A\n", result.stdout)
+        self.assertIn("standard input: no manufacturer", result.stderr.decode())
 
     def test_wrong_use(self):
-        for words in ((), ("-",), ("a.ppd", "b.ppd"), ("--all", "a.ppd")):
+        for words in ((), ("a.ppd", "b.ppd"), ("--all", "a.ppd")):
             with self.subTest(words):
                 self.assertEqual(self.run_program("printer", *words).returncode, 2)
 

@@ -282,9 +282,9 @@ std::vector<PPDConstraint> ConstraintsOf(ppd_file_t* file, const Reader& reader)
         constraints.push_back(
             {Text(pair.option1), Text(pair.choice1), Text(pair.option2), Text(pair.choice2)});
     }
-    constexpr const char* Keyword = "cupsUIConstraints"; // the library leaves these as they are
-    for (const ppd_attr_t* found = reader.findAttribute(file, Keyword, nullptr); found != nullptr;
-         found = reader.findNextAttribute(file, Keyword, nullptr)) {
+    // The library leaves these as they are.
+    for (const ppd_attr_t* found = reader.findAttribute(file, PPDConstraintKeyword, nullptr);
+         found != nullptr; found = reader.findNextAttribute(file, PPDConstraintKeyword, nullptr)) {
         if (auto pair = PPDConstraintOf(Text(found->value, 0))) {
             constraints.push_back(std::move(*pair));
         }

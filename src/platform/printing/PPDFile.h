@@ -45,7 +45,9 @@ struct PPDConstraint {
     std::string choice2;
 };
 
-/// The value of a cupsUIConstraints statement, such as "*Duplex *MediaType Labels".
+inline constexpr const char* PPDConstraintKeyword = "cupsUIConstraints";
+
+/// The value of such a statement, such as "*Duplex *MediaType Labels".
 /// @return nullopt unless exactly two options are in it
 std::optional<PPDConstraint> PPDConstraintOf(std::string_view value);
 

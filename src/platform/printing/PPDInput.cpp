@@ -77,7 +77,7 @@ private:
 
 std::string RefusalOfPPD(const Descriptor& file)
 {
-    constexpr std::size_t PieceBytes = 65536;
+    constexpr std::size_t PieceBytes = 16384;
     std::string piece(PieceBytes, '\0');
     PieceCheck check;
     for (;;) {

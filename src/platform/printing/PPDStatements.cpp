@@ -5,12 +5,29 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view Blanks = " \t";
+constexpr bool IsBlank(char letter)
+{
+    return letter == ' ' || letter == '\t';
+}
 
 std::string_view WithoutBlanksAround(std::string_view text)
 {
-    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
-    return text.substr(0, text.find_last_not_of(Blanks) + 1);
+    while (!text.empty() && IsBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && IsBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+// Splits off what stands before the first blank.
+std::string_view TakeWord(std::string_view& text)
+{
+    const auto length = std::find_if(text.begin(), text.end(), IsBlank) - text.begin();
+    const std::string_view word = text.substr(0, static_cast<std::size_t>(length));
+    text.remove_prefix(word.size());
+    return word;
 }
 
 } // namespace
@@ -52,10 +69,8 @@ PPDStatement PPDStatements::statementHere()
     const std::size_t end = endOfLine();
     const std::string_view line = contents_.substr(start, end - start);
     const std::size_t colon = std::min(line.find(':'), line.size());
-    const std::string_view head = line.substr(0, colon);
-    const std::size_t keyword = std::min(head.find_first_of(Blanks), head.size());
-    statement.keyword = head.substr(0, keyword);
-    const std::string_view option = head.substr(keyword);
+    std::string_view option = line.substr(0, colon);
+    statement.keyword = TakeWord(option);
     const std::size_t slash = std::min(option.find('/'), option.size());
     statement.option = WithoutBlanksAround(option.substr(0, slash));
     statement.text = option.substr(std::min(slash + 1, option.size()));
