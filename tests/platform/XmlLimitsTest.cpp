@@ -5,6 +5,16 @@
 namespace tarvo {
 namespace {
 
+std::optional<ParseError> InPieces(std::string_view xml, std::size_t size, const XmlLimits& limits)
+{
+    XmlLimitsWalk walk(limits);
+    for (; !xml.empty(); xml.remove_prefix(std::min(size, xml.size()))) {
+        walk.take(xml.substr(0, size));
+    }
+    walk.end();
+    return walk.error();
+}
+
 // Three elements deep, two attributes.
 TEST(XmlLimits, CountWhatIsMarkupAndNothingElse)
 {
@@ -45,12 +55,40 @@ TEST(XmlLimits, CountWhatIsMarkupAndNothingElse)
         {"encoding without its end",      "<?xml encoding='UTF-8",                       0, ""   },
     };
     for (const auto& [name, xml, line, reason] : Cases) {
-        const ParseError error = CheckXmlLimits(xml, Narrow).value_or(ParseError{});
-        EXPECT_EQ(error.line, line) << name;
-        EXPECT_EQ(error.reason, reason) << name;
+        for (const std::size_t size : {1U, 2U, 3U, 7U, 1000U}) {
+            const ParseError error = InPieces(xml, size, Narrow).value_or(ParseError{});
+            EXPECT_EQ(error.line, line) << name << " in pieces of " << size;
+            EXPECT_EQ(error.reason, reason) << name << " in pieces of " << size;
+        }
     }
     EXPECT_EQ(CheckXmlLimits("<a>" + std::string(197, ' '), Narrow), std::nullopt);
     EXPECT_NE(CheckXmlLimits("<a>" + std::string(198, ' '), Narrow), std::nullopt);
+}
+
+TEST(XmlLimits, TakeWholeCharactersWhereverPiecesEnd)
+{
+    constexpr const char* Coded = "the encoding is not UTF-8";
+    // xml, line (0 when it passes), reason
+    constexpr std::tuple<std::string_view, std::size_t, const char*> Cases[] = {
+        {"\xEF\xBB\xBF \n<a>\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80</a>", 0,  ""              },
+        {"<a>\n\xC3",                                                  2,  "not UTF-8"     },
+        {"<a>\n\xF0\x9F\x98</a>",                                      2,  "not UTF-8"     },
+        {"<a>\xED\xA0\x80</a>",                                        1,  "not UTF-8"     },
+        {"<a>\n\n\xA9</a>",                                            3,  "not UTF-8"     },
+        {std::string_view("<a>\n\0</a>",                               9), 2,                "a NUL character"},
+        {"\xFE\xFF<a/>....",                                                            1,                                             Coded},
+        {"text <a/>",                                                            1,                                                    "not an XML document"       },
+        {" \n ",                                                            1,                                                         "not an XML document"     },
+        {"",                                                            1,                                                             "empty"           },
+        {"bplist00",                                                            0,                                                     "a binary property list, not XML"},
+    };
+    for (const auto& [xml, line, reason] : Cases) {
+        for (const std::size_t size : {1U, 2U, 3U, 1000U}) {
+            const ParseError error = InPieces(xml, size, XmlLimits()).value_or(ParseError{});
+            EXPECT_EQ(error.line, line) << xml << " in pieces of " << size;
+            EXPECT_EQ(error.reason, reason) << xml << " in pieces of " << size;
+        }
+    }
 }
 
 } // namespace
