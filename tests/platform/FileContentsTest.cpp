@@ -96,6 +96,29 @@ TEST_F(FileContents, GoToPipesAndDevicesAsTheyAre)
     EXPECT_EQ(reason_, "No space left on device");
 }
 
+TEST_F(FileContents, AreReadInPiecesFromRegularFilesOnly)
+{
+    write("a", "text");
+    auto file = FileReader::Open(path("a"), reason_);
+    ASSERT_TRUE(file) << reason_;
+    char got[3] = {};
+    EXPECT_EQ(file->read(got, sizeof got, reason_), 3U);
+    EXPECT_EQ(std::string(got, 3), "tex");
+    EXPECT_EQ(file->read(got, sizeof got, reason_), 1U);
+    EXPECT_EQ(file->read(got, sizeof got, reason_), 0U);
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    const std::pair<std::string, const char*> refused[] = {
+        {path("pipe"),   "not a regular file"       }, // nobody writes: it must not be waited for
+        {"/dev/zero",    "not a regular file"       },
+        {folder_,        "Is a directory"           },
+        {path("absent"), "No such file or directory"},
+    };
+    for (const auto& [name, reason] : refused) {
+        EXPECT_FALSE(FileReader::Open(name, reason_)) << name;
+        EXPECT_EQ(reason_, reason) << name;
+    }
+}
+
 TEST_F(FileContents, AreReplacedWithNothingLeftBesideAndTheirPermissions)
 {
     using namespace std::string_literals;

@@ -173,6 +173,47 @@ std::optional<std::string> ReadDescriptorContents(int descriptor, std::size_t ma
     return std::nullopt;
 }
 
+std::optional<FileReader> FileReader::Open(const std::string& path, std::string& reason)
+{
+    struct stat status = {};
+    FileReader file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    file.isOwner_ = file.descriptor_ >= 0;
+    if (!file.isOwner_ || fstat(file.descriptor_, &status) != 0) {
+        reason = SystemReason(errno);
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        reason = S_ISDIR(status.st_mode) ? SystemReason(EISDIR) : "not a regular file";
+        return std::nullopt;
+    }
+    return file;
+}
+
+FileReader::FileReader(FileReader&& other) noexcept
+    : descriptor_(other.descriptor_), isOwner_(std::exchange(other.isOwner_, false))
+{
+}
+
+FileReader::~FileReader()
+{
+    if (isOwner_) {
+        close(descriptor_);
+    }
+}
+
+std::optional<std::size_t> FileReader::read(char* bytes, std::size_t size, std::string& reason)
+{
+    ssize_t got = -1;
+    do {
+        got = ::read(descriptor_, bytes, size);
+    } while (got < 0 && errno == EINTR);
+    if (got < 0) {
+        reason = SystemReason(errno);
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(got);
+}
+
 bool WriteDescriptorContents(int descriptor, std::string_view contents, std::string& reason)
 {
     while (!contents.empty()) {

@@ -17,6 +17,28 @@ ReadFileContents(const std::string& path, std::size_t maximumBytes, std::string&
 [[nodiscard]] std::optional<std::string>
 ReadDescriptorContents(int descriptor, std::size_t maximumBytes, std::string& reason);
 
+/// A file that is read in pieces, so that a large one is never in memory at once.
+class FileReader {
+public:
+    /// Opens a regular file; anything else is refused and not waited for.
+    /// @return nullopt with the reason in `reason`
+    [[nodiscard]] static std::optional<FileReader> Open(const std::string& path,
+                                                        std::string& reason);
+    /// Reads from an open file, from where it stands; the file stays open.
+    explicit FileReader(int descriptor) : descriptor_(descriptor) {}
+    FileReader(FileReader&& other) noexcept;
+    FileReader& operator=(FileReader&&) = delete;
+    ~FileReader();
+
+    /// @return how many bytes; 0 at the end; nullopt with the system's reason in `reason`
+    [[nodiscard]] std::optional<std::size_t> read(char* bytes, std::size_t size,
+                                                  std::string& reason);
+
+private:
+    int descriptor_;
+    bool isOwner_ = false;
+};
+
 /// Writes all bytes to an open file.
 /// @return false with the system's reason in `reason`
 [[nodiscard]] bool WriteDescriptorContents(int descriptor, std::string_view contents,

@@ -1,0 +1,250 @@
+#include "platform/xml/XmlEvents.h"
+
+#include <libxml/SAX2.h>
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace tarvo {
+namespace {
+
+std::string_view ViewOf(const xmlChar* text)
+{
+    return reinterpret_cast<const char*>(text);
+}
+
+// One reading: the source, checked on its way to the parser, and the parser's events on their way
+// to who wants them. The first error stops the parser.
+class XmlReading {
+public:
+    XmlReading(const XmlSource& source, const XmlLimits& limits, XmlEvents& events)
+        : source_(source), walk_(limits), events_(events)
+    {
+    }
+
+    bool run();
+    const ParseError& error() const { return *error_; }
+
+    int read(char* bytes, std::size_t size);
+    void startElement(const xmlChar* name, const xmlChar* prefix, bool isDeclared, int namespaces,
+                      int attributeCount, const xmlChar** attributes);
+    void endElement();
+    void characters(std::string_view text) { events_.characters(text); }
+    void fail(std::size_t line, std::string reason);
+
+private:
+    std::size_t line() const
+    {
+        return static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_.get()));
+    }
+    void refuse(std::string reason)
+    {
+        if (!reason.empty()) {
+            fail(line(), std::move(reason));
+        }
+    }
+    void note(ParseError error);
+
+    struct ParserDeleter {
+        void operator()(xmlParserCtxt* parser) const
+        {
+            xmlFreeDoc(parser->myDoc);
+            xmlFreeParserCtxt(parser);
+        }
+    };
+
+    const XmlSource& source_;
+    XmlLimitsWalk walk_;
+    XmlEvents& events_;
+    std::unique_ptr<xmlParserCtxt, ParserDeleter> parser_;
+    std::optional<ParseError> error_;
+    std::vector<int> namespaces_; // that each open element declares
+    int namespacesInAll_ = 0;
+    std::string prefixed_;
+};
+
+XmlReading& ReadingOf(void* context)
+{
+    return *static_cast<XmlReading*>(context);
+}
+
+int ReadBytes(void* context, char* bytes, int size)
+{
+    return ReadingOf(context).read(bytes, static_cast<std::size_t>(size));
+}
+
+void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
+                  int namespaceCount, const xmlChar**, int attributeCount, int,
+                  const xmlChar** attributes)
+{
+    ReadingOf(context).startElement(name, prefix, uri != nullptr, namespaceCount, attributeCount,
+                                    attributes);
+}
+
+void EndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*)
+{
+    ReadingOf(context).endElement();
+}
+
+void Characters(void* context, const xmlChar* text, int length)
+{
+    ReadingOf(context).characters(
+        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
+}
+
+void ParserError(void* context, xmlErrorPtr error)
+{
+    // An undeclared prefix is part of the name.
+    if (error->level < XML_ERR_ERROR || error->domain == XML_FROM_NAMESPACE) {
+        return;
+    }
+    std::string reason = error->message == nullptr ? "not well-formed" : error->message;
+    reason.erase(reason.find_last_not_of('\n') + 1);
+    if (reason.size() > 1 && std::islower(static_cast<unsigned char>(reason[1])) != 0) {
+        reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
+    }
+    ReadingOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
+}
+
+xmlSAXHandler Handlers()
+{
+    xmlSAXHandler handlers = {};
+    handlers.startElementNs = StartElement;
+    handlers.endElementNs = EndElement;
+    handlers.characters = Characters;
+    handlers.cdataBlock = Characters;
+    handlers.ignorableWhitespace = Characters;
+    handlers.serror = ParserError;
+    handlers.initialized = XML_SAX2_MAGIC;
+    return handlers;
+}
+
+bool XmlReading::run()
+{
+    static std::once_flag initialized;
+    std::call_once(initialized, xmlInitParser);
+    xmlSAXHandler handlers = Handlers();
+    parser_.reset(
+        xmlCreateIOParserCtxt(&handlers, this, ReadBytes, nullptr, this, XML_CHAR_ENCODING_UTF8));
+    if (!parser_) {
+        note(ParseError{0, "no memory for the parser"});
+        return false;
+    }
+    // Limits of our own stand in place of the parser's, which are narrower.
+    xmlCtxtUseOptions(parser_.get(), XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
+    xmlParseDocument(parser_.get());
+    if (!error_ && parser_->wellFormed == 0) {
+        note(ParseError{0, "not a complete XML document"});
+    }
+    return !error_;
+}
+
+int XmlReading::read(char* bytes, std::size_t size)
+{
+    std::string reason;
+    const auto got = source_(bytes, size, reason);
+    if (!got) {
+        note(ParseError{0, "cannot read: " + reason});
+    } else if (!(*got == 0 ? walk_.end() : walk_.take({bytes, *got}))) {
+        note(*walk_.error());
+    }
+    return error_ ? -1 : static_cast<int>(*got);
+}
+
+void XmlReading::startElement(const xmlChar* name, const xmlChar* prefix, bool isDeclared,
+                              int namespaces, int attributeCount, const xmlChar** attributes)
+{
+    if (error_) {
+        return;
+    }
+    namespaces_.push_back(namespaces);
+    namespacesInAll_ += namespaces;
+    if (namespacesInAll_ > static_cast<int>(XmlMaximumNamespaces)) {
+        refuse("more than " + std::to_string(XmlMaximumNamespaces) + " namespaces in one place");
+        return;
+    }
+    if (xmlDictSize(parser_->dict) > static_cast<int>(XmlMaximumNames)) {
+        refuse("more than " + std::to_string(XmlMaximumNames) + " different names");
+        return;
+    }
+    std::string_view shown = ViewOf(name);
+    if (prefix != nullptr && !isDeclared) {
+        prefixed_.assign(ViewOf(prefix)).append(":").append(shown);
+        shown = prefixed_;
+    }
+    refuse(events_.startElement(
+        XmlElement(shown, line(), attributes, static_cast<std::size_t>(attributeCount))));
+}
+
+void XmlReading::endElement()
+{
+    if (error_) {
+        return;
+    }
+    namespacesInAll_ -= namespaces_.back();
+    namespaces_.pop_back();
+    refuse(events_.endElement());
+}
+
+// Not while the parser waits for bytes: stopping it would take away what it reads them into.
+void XmlReading::fail(std::size_t line, std::string reason)
+{
+    if (!error_) {
+        note(ParseError{line, std::move(reason)});
+        xmlStopParser(parser_.get());
+    }
+}
+
+void XmlReading::note(ParseError error)
+{
+    if (!error_) {
+        // A reason is one line, whatever the document holds.
+        std::replace_if(
+            error.reason.begin(), error.reason.end(),
+            [](char letter) { return letter < ' ' && letter >= 0; }, ' ');
+        error_ = std::move(error);
+    }
+}
+
+} // namespace
+
+// The parser has five pointers for each attribute: name, prefix, namespace, begin and end of the
+// value.
+std::optional<std::string_view> XmlElement::attribute(std::string_view name) const
+{
+    const auto* fields = static_cast<const xmlChar* const*>(attributes_);
+    for (std::size_t index = 0; index < count_; ++index, fields += 5) {
+        if (name == ViewOf(fields[0])) {
+            return std::string_view(reinterpret_cast<const char*>(fields[3]),
+                                    static_cast<std::size_t>(fields[4] - fields[3]));
+        }
+    }
+    return std::nullopt;
+}
+
+XmlSource XmlSourceOf(std::string_view xml)
+{
+    return [xml](char* bytes, std::size_t size, std::string&) mutable {
+        const std::size_t count = xml.copy(bytes, size);
+        xml.remove_prefix(count);
+        return std::optional(count);
+    };
+}
+
+bool ReadXml(const XmlSource& source, const XmlLimits& limits, XmlEvents& events, ParseError& error)
+{
+    XmlReading reading(source, limits, events);
+    if (!reading.run()) {
+        error = reading.error();
+        return false;
+    }
+    return true;
+}
+
+} // namespace tarvo
