@@ -38,8 +38,8 @@ constexpr TPIFWord StockRecycledWords[] = {
 
 // A side without a coating; the coatings themselves are keywords of that side as well.
 constexpr TPIFWord StockUncoatedWords[] = {
-    {"none",  1, "Uncoated"},
-    {nullptr, 0, nullptr   },
+    {"none",  1, StockUncoatedKeyword},
+    {nullptr, 0, nullptr             },
 };
 
 // The enum values of TPIFFinishing.cpp, with the ticket's choice for each part of the set.
@@ -136,7 +136,7 @@ constexpr TPIFFeatureSyntax Number(std::int32_t minimum, std::int32_t maximum)
 
 constexpr TPIFFeatureSyntax SidesCoated = {.keywords = StockUncoatedWords,
                                            .moreKeywords = StockCoatingWords,
-                                           .defaultKeyword = "Uncoated"};
+                                           .defaultKeyword = StockUncoatedKeyword};
 constexpr TPIFFeatureSyntax JobTypes = {.keywords = SaveDispositionWords, .offers = JobTypeOffers};
 constexpr TPIFFeatureSyntax Adjustment = Number(-100, 100);
 constexpr TPIFFeatureSyntax TrapWidth = Number(0, 20);

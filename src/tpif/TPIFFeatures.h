@@ -63,6 +63,9 @@ struct TPIFFeature {
     TPIFFeatureUse use = TPIFFeatureUse::Attribute;
 };
 
+/// The keyword of a medium's side that is not coated.
+inline constexpr const char* StockUncoatedKeyword = "Uncoated";
+
 /// Every feature; the one source of the bundle's device profile, which has all but the paths.
 std::span<const TPIFFeature> TPIFFeatures();
 

@@ -129,7 +129,7 @@ void WriteTPIFJobType(TPIFChannel& writeData, const CFDictionary& settings)
     case JobType::BackgroundForms:
         break;
     default:
-        WriteDisposition(writeData, "none", nullptr);
+        WriteDisposition(writeData, SaveDispositionWords->word, nullptr);
     }
 }
 
@@ -167,6 +167,16 @@ void WriteTPIFResolution(TPIFChannel& writeData, const CFDictionary& settings)
         }
     }
     WriteTPifResolution(writeData, written);
+}
+
+std::optional<std::int32_t> ResolutionOf(std::int32_t crossFeed, std::int32_t feedDirection)
+{
+    for (const auto& row : ResolutionRows) {
+        if (row.crossFeed == crossFeed && row.feedDirection == feedDirection) {
+            return row.resolution;
+        }
+    }
+    return crossFeed == 0 && feedDirection == 0 ? std::optional(UnsetValue) : std::nullopt;
 }
 
 void WriteTPIFAccounting(TPIFChannel& writeData, const CFDictionary& settings)

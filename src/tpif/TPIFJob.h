@@ -3,6 +3,8 @@
 #include "platform/cf/CFPropertyList.h"
 #include "tpif/TPIFChannel.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +29,10 @@ void WriteTPIFDuplex(TPIFChannel& writeData, const CFDictionary& settings);
 void WriteTPIFOutputDestination(TPIFChannel& writeData, const CFDictionary& settings);
 
 void WriteTPIFResolution(TPIFChannel& writeData, const CFDictionary& settings);
+
+/// The ticket's number for a resolution in dots per inch: the unset one for 0 x 0, as an unset one
+/// is written; nullopt for a resolution that the ticket has no number for.
+std::optional<std::int32_t> ResolutionOf(std::int32_t crossFeed, std::int32_t feedDirection);
 
 /// User and account, each cut to 79 bytes, when accounting is on; says on standard error what it
 /// found.

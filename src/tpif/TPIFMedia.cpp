@@ -72,22 +72,7 @@ constexpr StockTypeRow StockTypeRows[] = {
 };
 // clang-format on
 
-constexpr TPIFWord ColorNames[] = {
-    {"other",   14},
-    {"custom1", 15},
-    {"custom2", 16},
-    {"custom3", 17},
-    {"custom4", 18},
-    {"custom5", 19},
-    {"custom6", 20},
-    {"custom7", 21},
-    {nullptr,   0 },
-};
-
 constexpr std::int32_t Glossy = 1;
-constexpr std::int32_t CoatedNowhere = 1;
-constexpr std::int32_t CoatedInFront = 2;
-constexpr std::int32_t CoatedInBack = 4;
 
 std::string CustomName(std::string_view text)
 {
@@ -163,7 +148,7 @@ void FillMediaColor(MediaData& media, const CFDictionary& stock)
         return;
     }
     const char* keyword = WordForValue(StockColorWords, *color);
-    const char* name = WordForValue(ColorNames, *color);
+    const char* name = WordForValue(StockColorNames, *color);
     media.hasColor = keyword != nullptr || name != nullptr || *color == CustomStockColor;
     media.colorIsName = keyword == nullptr;
     if (*color == CustomStockColor) {
@@ -301,6 +286,18 @@ const CFDictionary& DictionaryOrEmpty(const CFDictionary& dictionary, std::strin
 }
 
 } // namespace
+
+std::optional<std::int32_t> StockTypeOfName(std::string_view name)
+{
+    for (const StockTypeRow& row : StockTypeRows) {
+        const bool impliesNothing = row.weight == 0 && !row.isCoatedInFront;
+        if (row.form == TypeForm::Name && row.word != nullptr && *row.word != '\0' &&
+            impliesNothing && name == row.word) {
+            return row.type;
+        }
+    }
+    return std::nullopt;
+}
 
 MediaData FillMediaData(const CFDictionary& stock, const PageFormat* pageFormat)
 {

@@ -7,8 +7,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarvo {
+
+// Which sides of a stock are coated.
+inline constexpr std::int32_t CoatedNowhere = 1;
+inline constexpr std::int32_t CoatedInFront = 2;
+inline constexpr std::int32_t CoatedOnBothSides = 3;
+inline constexpr std::int32_t CoatedInBack = 4;
 
 /// A medium as the document describes it. All texts are escaped.
 struct MediaData {
@@ -26,11 +33,15 @@ struct MediaData {
     std::string color;
     std::uint32_t xDimension = 0; // 1/100 mm; 0 is unknown
     std::uint32_t yDimension = 0;
-    std::optional<std::int32_t> coatedSides; // 1 none, 2 front, 3 both, 4 back
+    std::optional<std::int32_t> coatedSides;
     std::optional<std::int32_t> coatingType;
     std::optional<std::int32_t> finish;
     std::optional<std::int32_t> grain;
 };
+
+/// The stock type that a document has exactly that name for and that implies nothing else; nullopt
+/// for every other name.
+std::optional<std::int32_t> StockTypeOfName(std::string_view name);
 
 /// Fills the record from a stock's dictionary; what the stock's type implies wins over the stock's
 /// own weight, punching and coating.

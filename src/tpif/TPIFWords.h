@@ -25,6 +25,19 @@ inline constexpr TPIFWord StockColorWords[] = {
     {nullptr,     0,  nullptr    },
 };
 
+// Colours that are a name in the document although nobody gave it.
+inline constexpr TPIFWord StockColorNames[] = {
+    {"other",   14},
+    {"custom1", 15},
+    {"custom2", 16},
+    {"custom3", 17},
+    {"custom4", 18},
+    {"custom5", 19},
+    {"custom6", 20},
+    {"custom7", 21},
+    {nullptr,   0 },
+};
+
 inline constexpr TPIFWord StockCoatingWords[] = {
     {"glossy",     1, "Gloss"    },
     {"high-gloss", 2, "HighGloss"},
@@ -56,8 +69,10 @@ inline constexpr TPIFWord FrontCoverWords[] = {
     {nullptr,       0, nullptr     },
 };
 
-// A held job has an element of its own, apart from the saved ones.
+// A held job has an element of its own, apart from the saved ones. What is printed at once and not
+// kept needs no keyword.
 inline constexpr TPIFWord SaveDispositionWords[] = {
+    {"none",       1, nullptr       },
     {"save-only",  3, "Save"        },
     {"print-save", 4, "SaveAndPrint"},
     {nullptr,      0, nullptr       },

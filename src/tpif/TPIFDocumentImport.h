@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/xml/XmlEvents.h"
+#include "tpif/TPIFImportFinishing.h"
+#include "tpif/TPIFImportSpecialPages.h"
+
+#include <vector>
+
+namespace tarvo {
+
+/// Takes one document element by element. Of each path it keeps the first element; a cover, an
+/// insert and a page are made into entries when they end, and forgotten.
+class TPIFDocumentImport : public XmlEvents {
+public:
+    /// @param observer  null: nobody wants to know
+    TPIFDocumentImport(const TPIFImportFeatures& features, const TPIFImportObserver* observer);
+
+    std::string startElement(const XmlElement& element) override;
+    std::string endElement() override;
+    void characters(std::string_view text) override;
+
+    /// What the whole document gives, to be called behind its end.
+    CFDictionary takeResult() &&;
+
+private:
+    // An element that is open. One that nothing asks for has no place.
+    struct OpenElement {
+        std::optional<std::size_t> place;
+        std::optional<std::size_t> around; // the place that its members are looked for in
+        TPIFImportGroup* group = nullptr;  // of its members
+        TPIFImportNode* node = nullptr;
+        std::size_t number = 0; // in the document
+        std::size_t line = 0;   // this and the next two are for an observer
+        std::size_t pathLength = 0;
+        const char* whyIgnored = nullptr; // of an element inside one that is ignored
+        bool hasElements = false;
+        bool opensGroup = false;
+    };
+
+    bool isWanted(std::size_t place, const OpenElement& parent);
+    void enter(OpenElement& element, const OpenElement& parent, const XmlElement& start);
+    void open(OpenElement& element);
+    std::string keysOf(std::size_t place) const;
+    void endMember(const OpenElement& element);
+    void endGroup(const OpenElement& element);
+    void endJob(const TPIFImportGroup& group);
+    void tellIgnored(const OpenElement& element);
+    bool isSlotOf(const TPIFFeatureReader& feature, std::size_t place) const;
+
+    const TPIFImportFeatures& features_;
+    const TPIFImportPaths& paths_;
+    const TPIFImportObserver* observer_;
+
+    TPIFImportGroup job_;
+    TPIFImportGroup inner_; // of the operation, a cover, an insert or a page: one at a time
+    TPIFImportNode member_; // of a set of texts
+    TPIFFinishingImport finishing_;
+    TPIFOffsetImport offset_;
+    TPIFSpecialPagesImport pages_;
+    TPIFOneToOneImport oneToOne_;
+    TPIFFullColorImport fullColor_;
+    CFDictionary result_;
+
+    std::vector<OpenElement> open_;
+    std::vector<std::size_t> firstParents_; // of each place, the number of its first one's parent
+    std::vector<TPIFImportNode*> texts_;    // of open elements
+    std::size_t elements_ = 0;
+    std::string path_;    // of the element that is open, for an observer
+    std::string ignored_; // text of the last one that nothing is made of, likewise
+};
+
+} // namespace tarvo

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/printing/PMPrintSession.h"
+#include "platform/printing/PMStatus.h"
+#include "platform/xml/XmlEvents.h"
+#include "tpif/TPIFImportFeatures.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// A document that cannot be parsed; nothing of it is imported.
+inline constexpr OSStatus StatusUnreadableDocument = -208;
+
+/// Bounds of a document. Its elements have an attribute each, so their number is not bounded.
+inline constexpr XmlLimits TPIFImportLimits = {
+    .attributesInAll = static_cast<std::size_t>(-1),
+};
+/// Inserts and exception pages of a document, together.
+inline constexpr std::size_t TPIFImportMaximumPages = 250'000;
+
+/// Imports one document: ticket entries by their keys, each replacing the one of a former document
+/// under the same key. Elements that nothing asks for, and values that their features do not take,
+/// are left out without a word. One page of the document is in memory at a time, whatever its size.
+/// @param error     filled when the document is unreadable
+/// @param observer  told of each element; null when nobody wants to know. Of an unreadable document
+/// it has been told those before the fault.
+/// @return StatusOk, also for a document without anything to import; StatusUnreadableDocument with
+/// the result as it was
+OSStatus TPIFImportDocument(const TPIFImportFeatures& features, const XmlSource& source,
+                            CFDictionary& result, ParseError& error,
+                            const TPIFImportObserver* observer = nullptr);
+
+/// The same for a regular file.
+OSStatus TPIFImportFileAtPath(const TPIFImportFeatures& features, const std::string& path,
+                              CFDictionary& result, ParseError& error,
+                              const TPIFImportObserver* observer = nullptr);
+
+/// Writes the entries of a result into the session's job ticket, each replacing a present one
+/// whole, and makes the two-sided mode of the print dialog match. Does nothing without a session, a
+/// job ticket, a result or entries.
+/// @return the first status of the ticket that is not StatusOk; the other entries are written
+OSStatus TPIFImportMergeIntoJobTicket(PMPrintSession* session, const CFDictionary* result);
+
+struct TPIFUnreadableFile {
+    std::string path;
+    ParseError error;
+};
+
+/// Imports the files in their order and merges the result; the unreadable ones are left out.
+/// @param unreadable  filled with those; may be null
+OSStatus TPIFImportFiles(const TPIFImportFeatures& features, std::span<const std::string> paths,
+                         PMPrintSession* session,
+                         std::vector<TPIFUnreadableFile>* unreadable = nullptr);
+
+} // namespace tarvo

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tpif/TPIFImportFeatures.h"
+
+#include <set>
+
+namespace tarvo {
+
+/// Collects the values of a finishings set, one by one, and makes the ticket's entries of them: the
+/// inverse of WriteTPifFinishing.
+class TPIFFinishingImport {
+public:
+    explicit TPIFFinishingImport(const TPIFImportFeatures& features);
+
+    /// Takes a value of the set. A value that is not known counts as absent.
+    /// @param group  whose observer is told
+    void add(const TPIFImportGroup& group, const TPIFImportNode& value);
+
+    /// Stores all parts of the set, 0 where it has none, so that no part of a former choice stays
+    /// in the ticket; nothing when no value was known.
+    void store(CFDictionary& result) const;
+
+private:
+    bool isBesideStapleOrZFold() const;
+
+    const TPIFFeatureReader& finishings_;
+    CFDictionary parts_; // ticket key to choice
+    std::set<std::string, std::less<>> keywords_;
+    bool hasTwice_ = false;
+};
+
+/// Rebuilds the finishing family from the parts that the result holds; leaves a result without any
+/// as it is.
+void ComputeFinishingOptionKey(CFDictionary& result);
+
+/// Collects the values of a job-offset set.
+class TPIFOffsetImport {
+public:
+    explicit TPIFOffsetImport(const TPIFImportFeatures& features);
+
+    void add(const TPIFImportGroup& group, const TPIFImportNode& value);
+    /// Stores the offset and the pages of a subset, for which the group has an element.
+    void store(const TPIFImportGroup& group, CFDictionary& result) const;
+
+private:
+    std::optional<std::int32_t> offset() const;
+
+    const TPIFFeatureReader& offset_;
+    const TPIFFeatureReader& pagesPerSubset_;
+    std::set<std::int32_t> members_; // numbers of OffsetWords
+};
+
+} // namespace tarvo
