@@ -63,6 +63,9 @@ CFDictionary TPIFFullColorImport::read(const TPIFImportGroup& group, std::string
 {
     CFDictionary dictionary;
     CFDictionary cast;
+    if (group.isEmpty()) {
+        return dictionary;
+    }
     TPIFImportTarget options(dictionary, group, key);
     const std::string castKey = std::string(key) + "/" + std::string(FullColorCastKey);
     TPIFImportTarget castOptions(cast, group, castKey);

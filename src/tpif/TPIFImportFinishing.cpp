@@ -120,7 +120,7 @@ void TPIFFinishingImport::add(const TPIFImportGroup& group, const TPIFImportNode
         group.tell(TPIFImportOutcome::Lost, value, "no ticket entry stands for it");
         return;
     }
-    hasTwice_ = !keywords_.emplace(finishing->keyword).second || hasTwice_;
+    hasTwice_ = !keywords_.insert(finishing->keyword).second || hasTwice_;
     parts_.set(part->key, finishing->number);
     group.tellTaken(value, part->key, finishing->number);
 }

@@ -25,7 +25,7 @@ private:
 
     const TPIFFeatureReader& finishings_;
     CFDictionary parts_; // ticket key to choice
-    std::set<std::string, std::less<>> keywords_;
+    std::set<std::string_view> keywords_; // borrowed from the feature
     bool hasTwice_ = false;
 };
 

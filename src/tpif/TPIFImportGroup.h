@@ -71,6 +71,7 @@ public:
     /// @param keys  before the keys that are told to the observer
     void clear(std::string_view keys);
 
+    bool isEmpty() const { return filled_.empty(); }
     bool isObserved() const { return observer_ != nullptr; }
     void tellTaken(const TPIFImportNode& node, std::string_view key,
                    const CFPropertyList& value) const;

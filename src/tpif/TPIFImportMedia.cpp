@@ -73,6 +73,9 @@ TPIFStockReader::TPIFStockReader(const TPIFImportFeatures& features)
 CFDictionary TPIFStockReader::read(const TPIFImportGroup& group, std::string_view key) const
 {
     CFDictionary dictionary;
+    if (group.isEmpty()) {
+        return dictionary;
+    }
     TPIFImportTarget stock(dictionary, group, key);
     readType(group, stock);
     ReadOneToOne(group, orderCount_, stock, StockModulusKey);
