@@ -7,8 +7,6 @@
 #include "tpif/TPIFImageShift.h"
 #include "tpif/XmlEntities.h"
 
-#include <cstdio>
-
 namespace tarvo {
 namespace {
 
@@ -66,18 +64,17 @@ void WriteFormMerge(TPIFChannel& writeData, const BGFormsData& forms)
 
 void WriteTPIFBackgroundForms(TPIFChannel& writeData, const CFDictionary& settings)
 {
-    std::fputs("DEBUG: ******* WriteTPIFBackgroundForms\n"
-               "DEBUG: ******* WriteTPIFBackgroundForms: valid ticket\n",
-               stderr);
+    DevDiagnose(writeData, "DEBUG: ******* WriteTPIFBackgroundForms\n"
+                           "DEBUG: ******* WriteTPIFBackgroundForms: valid ticket\n");
     const auto* options = settings.get<CFDictionary>(BackgroundFormsOptionsKey);
     if (options == nullptr) {
         return;
     }
-    std::fputs("DEBUG: ******* WriteTPIFBackgroundForms: valid bg options ticket\n", stderr);
+    DevDiagnose(writeData, "DEBUG: ******* WriteTPIFBackgroundForms: valid bg options ticket\n");
     BGFormsData forms = FillBGFormsData(*options);
     if (const auto* jobType = settings.get<CFDictionary>(JobTypeKey)) {
         const std::int32_t number = jobType->int32(JobTypeNumberKey).value_or(0);
-        std::fprintf(stderr, "DEBUG: ******** jobType = %ld\n", static_cast<long>(number));
+        DevDiagnose(writeData, "DEBUG: ******** jobType = %ld\n", static_cast<long>(number));
         if (static_cast<JobType>(number) == JobType::BackgroundForms && forms.newName.empty()) {
             forms.newName = FormName(settings, SystemJobNameKey);
         }

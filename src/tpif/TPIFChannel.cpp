@@ -1,10 +1,13 @@
 #include "tpif/TPIFChannel.h"
 
+#include <cstdarg>
+#include <cstdio>
 #include <utility>
 
 namespace tarvo {
 
-TPIFChannel::TPIFChannel(WriteFunction write) : write_(std::move(write))
+TPIFChannel::TPIFChannel(WriteFunction write, bool isQuiet)
+    : write_(std::move(write)), isQuiet_(isQuiet)
 {
     pending_.reserve(PieceSize + PieceSize / 4);
 }
@@ -29,6 +32,17 @@ void TPIFChannel::flush()
 void DevWriteTpif(TPIFChannel& writeData, std::string_view text)
 {
     writeData.write(text.substr(0, text.find('\0')));
+}
+
+void DevDiagnose(const TPIFChannel& writeData, const char* format, ...)
+{
+    if (writeData.isQuiet()) {
+        return;
+    }
+    std::va_list values;
+    va_start(values, format);
+    std::vfprintf(stderr, format, values);
+    va_end(values);
 }
 
 } // namespace tarvo

@@ -13,7 +13,8 @@ public:
 
     /// @param write  takes the text in pieces, most of some 64 KiB, the last one when the channel
     /// ends
-    explicit TPIFChannel(WriteFunction write);
+    /// @param isQuiet  the writers' diagnostics are left out
+    explicit TPIFChannel(WriteFunction write, bool isQuiet = false);
     TPIFChannel(const TPIFChannel&) = delete;
     TPIFChannel& operator=(const TPIFChannel&) = delete;
     ~TPIFChannel();
@@ -34,14 +35,21 @@ public:
     /// Hands on what is pending; the owner of a write function that throws calls it before the end.
     void flush();
 
+    bool isQuiet() const { return isQuiet_; }
+
 private:
     static constexpr std::size_t PieceSize = std::size_t{64} * 1024;
 
     WriteFunction write_;
+    bool isQuiet_;
     std::string pending_;
 };
 
 /// Puts a text out; a text that holds a NUL character ends there.
 void DevWriteTpif(TPIFChannel& writeData, std::string_view text);
+
+/// Puts a diagnostic on standard error, as std::printf would, unless the channel is quiet.
+__attribute__((format(printf, 2, 3))) void DevDiagnose(const TPIFChannel& writeData,
+                                                       const char* format, ...);
 
 } // namespace tarvo

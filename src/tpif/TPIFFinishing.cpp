@@ -6,7 +6,6 @@
 #include "tpif/TPIFWord.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 #include <span>
 
@@ -178,16 +177,16 @@ FinishingChoices::FinishingChoices(const CFDictionary& settings)
     booklet = number(BookletFoldStapleKey);
 }
 
-void Report(const FinishingChoices& choices)
+void Report(const TPIFChannel& writeData, const FinishingChoices& choices)
 {
-    std::fprintf(stderr,
-                 "DEBUG: ******* finishingOptions = %ld, foldOptions = %ld, stapleValue = %ld, "
-                 "holePunchValue = %ld, simpleFoldValue = %ld, bindValue = %ld, bookletValue = "
-                 "%ld\n",
-                 static_cast<long>(choices.option), static_cast<long>(choices.zFold),
-                 static_cast<long>(choices.staple), static_cast<long>(choices.punch),
-                 static_cast<long>(choices.fold), static_cast<long>(choices.bind),
-                 static_cast<long>(choices.booklet));
+    DevDiagnose(writeData,
+                "DEBUG: ******* finishingOptions = %ld, foldOptions = %ld, stapleValue = %ld, "
+                "holePunchValue = %ld, simpleFoldValue = %ld, bindValue = %ld, bookletValue = "
+                "%ld\n",
+                static_cast<long>(choices.option), static_cast<long>(choices.zFold),
+                static_cast<long>(choices.staple), static_cast<long>(choices.punch),
+                static_cast<long>(choices.fold), static_cast<long>(choices.bind),
+                static_cast<long>(choices.booklet));
 }
 
 // A part of the set: the choice that decides on it, and what that choice becomes.
@@ -274,9 +273,9 @@ void WriteSlipSheets(TPIFChannel& writeData, const CFDictionary& settings)
     if (!slipSheet) {
         return;
     }
-    std::fputs("DEBUG: ************ SLIPSHEET ************\n", stderr);
+    DevDiagnose(writeData, "DEBUG: ************ SLIPSHEET ************\n");
     if (*slipSheet == SlipSheetsOn) {
-        std::fputs("DEBUG: ************** SLIPSHEET ON ****************\n", stderr);
+        DevDiagnose(writeData, "DEBUG: ************** SLIPSHEET ON ****************\n");
         WriteTPifCommands(writeData, TPIFCommand::SlipSheets, 1);
     }
 }
@@ -344,7 +343,7 @@ private:
 void WriteTPIFFinishing(TPIFChannel& writeData, const CFDictionary& settings)
 {
     const FinishingChoices choices(settings);
-    Report(choices);
+    Report(writeData, choices);
     WriteSlipSheets(writeData, settings);
     WriteTPifFinishing(writeData, PartsOf(choices, settings));
     WriteTPIFOffset(writeData, settings);
@@ -363,10 +362,10 @@ void WriteTPifFinishing(TPIFChannel& writeData, const FinishingData& finishing)
         finishing.punch == NoFinishing) {
         return;
     }
-    std::fprintf(stderr,
-                 "DEBUG: WriteTPifFinishing: nStapleOptions = %d, nFoldOptions = %d, "
-                 "nHolePunchOptions = %d, nHolePunchNumHoles = %d\n",
-                 finishing.staple, finishing.fold, finishing.punch, finishing.holes);
+    DevDiagnose(writeData,
+                "DEBUG: WriteTPifFinishing: nStapleOptions = %d, nFoldOptions = %d, "
+                "nHolePunchOptions = %d, nHolePunchNumHoles = %d\n",
+                finishing.staple, finishing.fold, finishing.punch, finishing.holes);
     FinishingLines lines(writeData);
     lines.part(StapleEnums, finishing.staple);
     lines.part(FoldEnums, finishing.fold);

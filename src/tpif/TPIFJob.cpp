@@ -8,8 +8,6 @@
 #include "tpif/TPIFWords.h"
 #include "tpif/XmlEntities.h"
 
-#include <cstdio>
-
 namespace tarvo {
 namespace {
 
@@ -181,20 +179,20 @@ std::optional<std::int32_t> ResolutionOf(std::int32_t crossFeed, std::int32_t fe
 
 void WriteTPIFAccounting(TPIFChannel& writeData, const CFDictionary& settings)
 {
-    std::fputs("DEBUG: Ticket is valid\n", stderr);
+    DevDiagnose(writeData, "DEBUG: Ticket is valid\n");
     const auto accounting = settings.int32(AccountingOnKey);
     if (!accounting) {
-        std::fputs("DEBUG: No accounting ticket present\n", stderr);
+        DevDiagnose(writeData, "DEBUG: No accounting ticket present\n");
         return;
     }
-    std::fprintf(stderr, "DEBUG: Found accounting key: %ld\n", static_cast<long>(*accounting));
+    DevDiagnose(writeData, "DEBUG: Found accounting key: %ld\n", static_cast<long>(*accounting));
     if (*accounting != AccountingOn) {
         return;
     }
-    std::fputs("DEBUG: Accounting is enabled\n", stderr);
+    DevDiagnose(writeData, "DEBUG: Accounting is enabled\n");
     const std::string userId = AccountingId(settings, AccountingUserKey);
     const std::string accountId = AccountingId(settings, AccountingAccountKey);
-    std::fprintf(stderr, "DEBUG: user id %s, acct id %s\n", userId.c_str(), accountId.c_str());
+    DevDiagnose(writeData, "DEBUG: user id %s, acct id %s\n", userId.c_str(), accountId.c_str());
     WriteTPifAccounting(writeData, userId, accountId);
 }
 
