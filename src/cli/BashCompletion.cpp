@@ -13,6 +13,8 @@ constexpr const char* DirectoryWords = "compgen -d -- \"$word\"";
 constexpr const char* TicketWords =
     "compgen -f -X '!*.plist' -- \"$word\"; compgen -d -- \"$word\"";
 
+constexpr const char* DocumentWords =
+    "compgen -f -X '!*.@(xml|tpif)' -- \"$word\"; compgen -d -- \"$word\"";
 constexpr const char* PPDWords = "compgen -f -X '!*.ppd' -- \"$word\"; compgen -d -- \"$word\"";
 
 const char* WordsOfKind(OptionKind kind)
@@ -26,6 +28,8 @@ const char* WordsOfKind(OptionKind kind)
         return TicketWords;
     case OptionKind::PPDs:
         return PPDWords;
+    case OptionKind::Documents:
+        return DocumentWords;
     case OptionKind::Flag:
     case OptionKind::Text:
         break;

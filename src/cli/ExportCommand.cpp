@@ -85,19 +85,6 @@ std::string DocumentOf(CFDictionary settings, const ExportRequest& request)
     return document;
 }
 
-bool WriteDocument(const std::string& output, std::string_view document)
-{
-    if (output == "-") {
-        return PrintResult(document) == ExitStatus::Done;
-    }
-    std::string reason;
-    if (!ReplaceFileContents(output, document, reason)) {
-        PrintFileMessage(output, 0, "cannot write: " + reason);
-        return false;
-    }
-    return true;
-}
-
 ExportOutcome ExportTicket(const ExportStep& step, const ExportRequest& request,
                            ProgressLine& progress)
 {
@@ -111,7 +98,7 @@ ExportOutcome ExportTicket(const ExportStep& step, const ExportRequest& request,
     const bool chosen =
         !request.parts.empty() || ticket->get<CFDictionary>(ExportOptionsKey) != nullptr;
     const std::string document = DocumentOf(std::move(*ticket), request);
-    if (!WriteDocument(step.output, document)) {
+    if (!WriteOutput(step.output, document)) {
         return ExportOutcome::Failed;
     }
     if (!document.empty()) {

@@ -1,6 +1,7 @@
 #include "cli/ArgumentParser.h"
 #include "cli/ExportCommand.h"
 #include "cli/HelpText.h"
+#include "cli/ImportCommand.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/PrinterCommand.h"
@@ -22,6 +23,7 @@ struct CommandRow {
 constexpr CommandRow CommandMap[] = {
     {ExportVerb,  RunExport },
     {ShowVerb,    RunShow   },
+    {ImportVerb,  RunImport },
     {PrinterVerb, RunPrinter},
     {nullptr,     nullptr   },
 };

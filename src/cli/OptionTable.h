@@ -10,6 +10,7 @@ inline constexpr const char* ProgramName = "tarvo-ticket";
 
 inline constexpr const char* ExportVerb = "export";
 inline constexpr const char* ShowVerb = "show";
+inline constexpr const char* ImportVerb = "import";
 inline constexpr const char* PrinterVerb = "printer";
 
 inline constexpr const char* HelpOption = "--help";
@@ -23,8 +24,11 @@ inline constexpr const char* ExceptionsOption = "--exceptions";
 inline constexpr const char* WholeOption = "--whole";
 inline constexpr const char* PageFormatOption = "--page-format";
 inline constexpr const char* PagesOption = "--pages";
+inline constexpr const char* IntoOption = "--into";
+inline constexpr const char* ReportOption = "--report";
 inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
+inline constexpr const char* DocumentArguments = "DOCUMENT";
 inline constexpr const char* PPDArgument = "PPD";
 
 /// What follows an option, and how a shell completes it.
@@ -33,14 +37,15 @@ enum class OptionKind {
     Text,
     File,
     Directory,
-    Tickets, // no option: the files that stand by themselves, any number
-    PPDs,    // likewise, descriptions of printers
+    Tickets,   // no option: the files that stand by themselves, any number
+    PPDs,      // likewise, descriptions of printers
+    Documents, // likewise
 };
 
 /// Whether the row is no option but the files that stand by themselves.
 constexpr bool StandsAlone(OptionKind kind)
 {
-    return kind == OptionKind::Tickets || kind == OptionKind::PPDs;
+    return kind == OptionKind::Tickets || kind == OptionKind::PPDs || kind == OptionKind::Documents;
 }
 
 struct OptionRow {
@@ -82,6 +87,18 @@ inline constexpr OptionRow OptionMap[] = {
      "where covers and inserts go. Pages printed on covers are not counted."},
     {ShowVerb,   "",   JsonOption,            "",      OptionKind::Flag,
      "Print JSON for programs instead of words."},
+    {ImportVerb, "",   DocumentArguments,     "",      OptionKind::Documents,
+     "The documents to import; - is standard input."},
+    {ImportVerb, "",   IntoOption,            "TICKET", OptionKind::File,
+     "Import into this ticket: what the documents do not give stays as it is. Without this option "
+     "the ticket is made of the documents alone."},
+    {ImportVerb, "-o", OutputOption,          "FILE",  OptionKind::File,
+     "Write the ticket to FILE, which may be that of --into; - is standard output, as without this "
+     "option."},
+    {ImportVerb, "",   ReportOption,          "",      OptionKind::Flag,
+     "Print what became of each element in place of the ticket, which is written with -o only."},
+    {ImportVerb, "",   JsonOption,            "",      OptionKind::Flag,
+     "Print the report as JSON for programs."},
     {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
      "The description of the printer, an uncompressed PPD file; - is standard input."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
@@ -122,6 +139,16 @@ inline constexpr VerbRow VerbMap[] = {
      "leaves to the printer is not named. With --pages follows the plan of one set, sheet by "
      "sheet.\n\n"
      "Passcodes and the names of accounting are never shown."},
+    {ImportVerb, "DOCUMENT... [--into TICKET] [-o FILE] [OPTION...]",
+     "read TPIF documents into a job ticket",
+     "Reads TPIF documents into one job ticket, as the import of the print dialog does. A later "
+     "document's entry replaces that of an earlier one. What no feature of the printer asks for, "
+     "and values that a feature does not take, are left out; --report names them.\n\n"
+     "The report tells for each element that holds no others its line and what became of it: taken "
+     "under which entry of the ticket with which value, ignored, refused, or lost because no value "
+     "of a ticket stands for it; and which elements a new export would not contain.\n\n"
+     "A document that cannot be read is named with the line and the reason; the others are imported "
+     "all the same and the exit status is 3. When none can be read, nothing is written."},
     {PrinterVerb, "PPD [--json]",
      "tell what a printer offers",
      "Tells what the printer of a PPD file offers: its options by group with their choices, what "
@@ -146,6 +173,12 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Export every ticket of a folder with the options that each one holds."},
     {ShowVerb, "tarvo-ticket show --pages 12 brochure.plist",
      "Tell what a ticket says, and plan the sheets of a job of 12 pages."},
+    {ImportVerb, "tarvo-ticket import report.xml -o report.plist",
+     "Make a ticket of one document."},
+    {ImportVerb, "tarvo-ticket import covers.xml --into job.plist -o job.plist",
+     "Take the covers of a document into a ticket."},
+    {ImportVerb, "tarvo-ticket import --report report.xml",
+     "Tell what an import of the document takes, and what it loses."},
     {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
      "Tell what the QL900 offers."},
     {nullptr, "", ""},

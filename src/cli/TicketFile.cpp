@@ -1,6 +1,9 @@
 #include "cli/TicketFile.h"
 
 #include "cli/Input.h"
+#include "cli/Messages.h"
+#include "platform/cf/PropertyListReader.h"
+#include "platform/files/FileContents.h"
 
 namespace tarvo {
 
@@ -12,6 +15,19 @@ std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& err
         return std::nullopt;
     }
     return ReadPropertyListDictionary(*contents, error);
+}
+
+bool WriteOutput(const std::string& output, std::string_view text)
+{
+    if (output == "-") {
+        return PrintResult(text) == ExitStatus::Done;
+    }
+    std::string reason;
+    if (!ReplaceFileContents(output, text, reason)) {
+        PrintFileMessage(output, 0, "cannot write: " + reason);
+        return false;
+    }
+    return true;
 }
 
 } // namespace tarvo

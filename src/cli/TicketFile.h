@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/cf/CFPropertyList.h"
-#include "platform/cf/PropertyListReader.h"
+#include "platform/xml/XmlLimits.h"
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -12,5 +13,9 @@ namespace tarvo {
 /// @param input  "-" is standard input
 /// @param error  why there is none
 std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& error);
+
+/// Writes a result to a file, which is replaced whole or not at all; "-" is standard output.
+/// @return false with a message printed
+bool WriteOutput(const std::string& output, std::string_view text);
 
 } // namespace tarvo

@@ -11,16 +11,14 @@ namespace {
 
 constexpr const char* DuplexMainKeyword = "Duplex"; // of the PPD
 
-// The print dialog has the two-sided mode once more for itself, and for the printer's driver.
-OSStatus MatchDuplex(PMTicket& ticket, std::int32_t duplex)
+// The PPD's word for a two-sided mode; null when it has none.
+const char* DuplexKeywordOf(std::int32_t duplex)
 {
-    for (const PPDKeywordMap* row = PPDDuplexMap; row->keyword != nullptr; ++row) {
-        if (row->value == duplex) {
-            ticket.ppdDictionary().set(DuplexMainKeyword, row->keyword);
-            return ticket.setItem(PanelClient, SystemDuplexKey, duplex);
-        }
+    const PPDKeywordMap* row = PPDDuplexMap;
+    while (row->keyword != nullptr && row->value != duplex) {
+        ++row;
     }
-    return StatusOk;
+    return row->keyword;
 }
 
 } // namespace
@@ -70,10 +68,17 @@ OSStatus TPIFImportMergeIntoJobTicket(PMPrintSession* session, const CFDictionar
     for (const auto& [key, value] : *result) {
         note(ticket->setItem(ImportClient, key, value));
     }
-    if (const auto duplex = result->int32(DuplexKey)) {
-        note(MatchDuplex(*ticket, *duplex));
+    if (const auto duplex = SystemDuplexOf(*result)) {
+        ticket->ppdDictionary().set(DuplexMainKeyword, DuplexKeywordOf(*duplex));
+        note(ticket->setItem(PanelClient, SystemDuplexKey, *duplex));
     }
     return status;
+}
+
+std::optional<std::int32_t> SystemDuplexOf(const CFDictionary& result)
+{
+    const auto duplex = result.int32(DuplexKey);
+    return duplex && DuplexKeywordOf(*duplex) != nullptr ? duplex : std::nullopt;
 }
 
 OSStatus TPIFImportFiles(const TPIFImportFeatures& features, std::span<const std::string> paths,

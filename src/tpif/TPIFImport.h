@@ -5,6 +5,7 @@
 #include "platform/xml/XmlEvents.h"
 #include "tpif/TPIFImportFeatures.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -43,6 +44,9 @@ OSStatus TPIFImportFileAtPath(const TPIFImportFeatures& features, const std::str
 /// job ticket, a result or entries.
 /// @return the first status of the ticket that is not StatusOk; the other entries are written
 OSStatus TPIFImportMergeIntoJobTicket(PMPrintSession* session, const CFDictionary* result);
+
+/// The print dialog's own two-sided mode that goes with a result; nullopt when the result has none.
+std::optional<std::int32_t> SystemDuplexOf(const CFDictionary& result);
 
 struct TPIFUnreadableFile {
     std::string path;

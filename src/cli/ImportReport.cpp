@@ -1,0 +1,274 @@
+#include "cli/ImportReport.h"
+
+#include "cli/Messages.h"
+#include "platform/text/Utf8.h"
+#include "settings/TicketKeys.h"
+#include "tpif/TPIFWriter.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+namespace tarvo {
+namespace {
+
+using Element = ImportReport::Element;
+
+std::string Trimmed(const std::string& text)
+{
+    constexpr const char* Blanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(Blanks);
+    return first == std::string::npos
+               ? ""
+               : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+// The elements of a document that hold no others, in its order.
+class ElementList : public XmlEvents {
+public:
+    std::string startElement(const XmlElement& element) override
+    {
+        lengths_.push_back(path_.size());
+        path_.append(".").append(element.name());
+        line_ = element.line();
+        text_.clear();
+        isLeaf_ = true;
+        return "";
+    }
+    std::string endElement() override
+    {
+        if (isLeaf_) {
+            elements.push_back({line_, path_, Trimmed(text_)});
+        }
+        isLeaf_ = false;
+        path_.resize(lengths_.back());
+        lengths_.pop_back();
+        return "";
+    }
+    void characters(std::string_view text) override { text_ += text; }
+
+    std::vector<Element> elements;
+
+private:
+    std::vector<std::size_t> lengths_; // of the path around each open element
+    std::string path_;
+    std::string text_;
+    std::size_t line_ = 0;
+    bool isLeaf_ = false;
+};
+
+std::vector<Element> ElementsOf(const std::string& xml)
+{
+    ElementList list;
+    ParseError error; // of an import's own export there is none
+    static_cast<void>(ReadXml(XmlSourceOf(xml), TPIFImportLimits, list, error));
+    return std::move(list.elements);
+}
+
+std::string ExportOf(CFDictionary ticket)
+{
+    CFDictionary all;
+    all.set(ExportAllKey, true);
+    ticket.set(ExportOptionsKey, std::move(all));
+    std::string document;
+    TPIFChannel channel([&document](std::string_view piece) { document += piece; }, true);
+    WriteTPIF(channel, ticket, nullptr);
+    channel.flush();
+    return document;
+}
+
+// Those of the elements that the other document has fewer of.
+std::vector<Element> MissingFrom(const std::string& document, const std::string& xml)
+{
+    const auto key = [](const Element& element) { return element.path + '\0' + element.text; };
+    std::unordered_map<std::string, std::size_t> counts;
+    for (const Element& element : ElementsOf(document)) {
+        ++counts[key(element)];
+    }
+    std::vector<Element> missing;
+    for (Element& element : ElementsOf(xml)) {
+        const auto found = counts.find(key(element));
+        if (found == counts.end() || found->second == 0) {
+            missing.push_back(std::move(element));
+        } else {
+            --found->second;
+        }
+    }
+    return missing;
+}
+
+constexpr std::array<const char*, 4> OutcomeNames = {"taken", "ignored", "refused", "lost"};
+
+const char* NameOf(TPIFImportOutcome outcome)
+{
+    return OutcomeNames[static_cast<std::size_t>(outcome)];
+}
+
+nlohmann::ordered_json JsonOf(const CFPropertyList& value)
+{
+    if (const auto* number = value.get<std::int64_t>()) {
+        return *number == UnsetValue ? nlohmann::ordered_json(nullptr)
+                                     : nlohmann::ordered_json(*number);
+    }
+    const auto* text = value.get<std::string>();
+    return text == nullptr ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(*text);
+}
+
+std::string Shown(const std::string& text)
+{
+    constexpr std::size_t Longest = 60; // bytes
+    const std::string_view prefix = Utf8Prefix(text, Longest);
+    return '"' + WithoutControls(prefix) + (prefix.size() < text.size() ? "...\"" : "\"");
+}
+
+std::string ValueText(const CFPropertyList& value)
+{
+    if (const auto* number = value.get<std::int64_t>()) {
+        return *number == UnsetValue ? "the printer's default" : std::to_string(*number);
+    }
+    const auto* text = value.get<std::string>();
+    return text == nullptr ? "" : Shown(*text);
+}
+
+// "  12  sides "one-sided"", the path below the document's root and group.
+std::string ElementText(const Element& element)
+{
+    std::string line = std::to_string(element.line);
+    line.insert(0, line.size() < 6 ? 6 - line.size() : 0, ' ');
+    std::string_view path = element.path;
+    for (const std::string_view group :
+         {".tpif.job-template-attributes.", ".tpif.tpif-operation-attributes."}) {
+        path.remove_prefix(path.starts_with(group) ? group.size() : 0);
+    }
+    return line + "  " + WithoutControls(path) + ' ' + Shown(element.text);
+}
+
+void AddSteps(std::string& text, const ImportReport& report)
+{
+    for (const ImportReport::Step& step : report.steps) {
+        text += ElementText(step.element) + ": " + NameOf(step.outcome);
+        text += step.value ? ", " + WithoutControls(step.key) + " = " + ValueText(*step.value)
+                           : ", " + step.reason;
+        text += '\n';
+    }
+}
+
+std::string CountsOf(const ImportReport& report)
+{
+    std::array<std::size_t, OutcomeNames.size()> counts = {};
+    for (const ImportReport::Step& step : report.steps) {
+        ++counts[static_cast<std::size_t>(step.outcome)];
+    }
+    std::string text;
+    for (std::size_t index = 0; index < counts.size(); ++index) {
+        text +=
+            (text.empty() ? "" : ", ") + std::to_string(counts[index]) + ' ' + OutcomeNames[index];
+    }
+    return text;
+}
+
+nlohmann::ordered_json JsonOf(const Element& element)
+{
+    return {
+        {"line", element.line},
+        {"path", element.path},
+        {"text", element.text}
+    };
+}
+
+nlohmann::ordered_json JsonOf(const ImportReport& report)
+{
+    nlohmann::ordered_json json;
+    json["file"] = report.file;
+    json["error"] = nullptr;
+    if (report.error) {
+        json["error"]["line"] = report.error->line;
+        json["error"]["reason"] = report.error->reason;
+    }
+    json["elements"] = nlohmann::ordered_json::array();
+    for (const ImportReport::Step& step : report.steps) {
+        auto row = JsonOf(step.element);
+        row["outcome"] = NameOf(step.outcome);
+        if (step.value) {
+            row["key"] = step.key;
+            row["value"] = JsonOf(*step.value);
+        } else {
+            row["reason"] = step.reason;
+        }
+        json["elements"].push_back(std::move(row));
+    }
+    json["missingFromExport"] = nlohmann::ordered_json::array();
+    for (const Element& element : report.missing) {
+        json["missingFromExport"].push_back(JsonOf(element));
+    }
+    return json;
+}
+
+} // namespace
+
+ImportReport ImportWithReport(const TPIFImportFeatures& features, const std::string& file,
+                              const std::string& xml, CFDictionary& result)
+{
+    ImportReport report;
+    report.file = file;
+    const TPIFImportObserver observer = [&report](const TPIFImportStep& step) {
+        report.steps.push_back({
+            {step.line, std::string(step.path), std::string(step.text)},
+            step.outcome,
+            std::string(step.key),
+            step.value == nullptr ? std::nullopt : std::optional(*step.value),
+            std::string(step.reason)
+        });
+    };
+    CFDictionary own;
+    ParseError error;
+    if (TPIFImportDocument(features, XmlSourceOf(xml), own, error, &observer) != StatusOk) {
+        report.steps.clear();
+        report.error = std::move(error);
+        return report;
+    }
+    std::stable_sort(report.steps.begin(), report.steps.end(),
+                     [](const auto& first, const auto& second) {
+                         return first.element.line < second.element.line;
+                     });
+    report.missing = MissingFrom(ExportOf(own), xml);
+    for (auto& entry : std::move(own).takeEntries()) {
+        result.set(entry.key, std::move(entry.value));
+    }
+    return report;
+}
+
+std::string ImportText(const std::vector<ImportReport>& reports)
+{
+    std::string text;
+    for (const ImportReport& report : reports) {
+        if (report.error) {
+            continue; // named on standard error
+        }
+        text += (text.empty() ? "" : "\n") + WithoutControls(report.file) + '\n';
+        AddSteps(text, report);
+        if (!report.missing.empty()) {
+            text += "Not in a new export:\n";
+        }
+        for (const Element& element : report.missing) {
+            text += ElementText(element) + '\n';
+        }
+        text += CountsOf(report) + "; " + std::to_string(report.missing.size()) +
+                " not in a new export\n";
+    }
+    return text;
+}
+
+std::string ImportJson(const std::vector<ImportReport>& reports)
+{
+    nlohmann::ordered_json json;
+    json["documents"] = nlohmann::ordered_json::array();
+    for (const ImportReport& report : reports) {
+        json["documents"].push_back(JsonOf(report));
+    }
+    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+}
+
+} // namespace tarvo
