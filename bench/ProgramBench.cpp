@@ -1,13 +1,10 @@
+#include "RunProgram.h"
 #include "platform/files/FileContents.h"
 
 #include <benchmark/benchmark.h>
-#include <sys/wait.h>
 
-#include <fcntl.h>
-#include <spawn.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -15,29 +12,10 @@
 namespace tarvo {
 namespace {
 
-// Starts a program, its output thrown away, and waits for its end.
-bool RunProgram(const std::vector<std::string>& words)
-{
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    std::vector<char*> arguments;
-    for (const std::string& word : words) {
-        arguments.push_back(const_cast<char*>(word.c_str()));
-    }
-    arguments.push_back(nullptr);
-    pid_t child = 0;
-    const int failed =
-        posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    return failed == 0 && waitpid(child, &status, 0) == child && status == 0;
-}
-
 void Run(benchmark::State& state, const std::vector<std::string>& words)
 {
     for (auto step : state) {
-        if (!RunProgram(words)) {
+        if (!RunProgram(words).isDone) {
             state.SkipWithError("the program did not run");
             return;
         }

@@ -61,6 +61,26 @@ CFDictionary TicketWithExceptions(int count)
     return ticket;
 }
 
+CFDictionary TicketWithPlainExceptions(int count)
+{
+    CFArray pages;
+    for (int number = 0; number < count; ++number) {
+        CFDictionary stock;
+        stock.set(StockTypeKey, 1);
+        stock.set(StockColorKey, 2);
+        stock.set(StockWeightKey, 80);
+        CFDictionary page;
+        page.set(StartPageKey, 2 * number + 1);
+        page.set(EndPageKey, 2 * number + 2);
+        page.set(SidesImagedKey, 1);
+        page.set(PageStockKey, std::move(stock));
+        pages.emplace_back(std::move(page));
+    }
+    CFDictionary ticket = SmallTicket();
+    ticket.set(ExceptionListKey, std::move(pages));
+    return ticket;
+}
+
 CFDictionary TicketWithInserts(int count)
 {
     CFArray inserts;

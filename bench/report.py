@@ -9,8 +9,8 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
 def results(path, aggregate):
-    """name -> (nanoseconds, bytes per second or None); of the processor, but of the clock where
-    another program is run"""
+    """name -> (nanoseconds, bytes per second or None, bytes of memory or None); the time of the
+    processor, but of the clock where another program is run"""
     with open(path, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
     result = {}
@@ -23,6 +23,7 @@ def results(path, aggregate):
             result[name] = (
                 row["real_time" if is_process else "cpu_time"] * NANOSECONDS[row["time_unit"]],
                 row.get("bytes_per_second"),
+                row.get("peak"),
             )
     return result
 
@@ -32,6 +33,10 @@ def time(nanoseconds):
         if nanoseconds >= size:
             return f"{nanoseconds / size:.3g} {unit}"
     return f"{nanoseconds:.3g} ns"
+
+
+def memory(row):
+    return f"{row[2] / 1e6:.0f} MB"
 
 
 def speed(row):
@@ -87,6 +92,23 @@ def main():
         small, large = least[f"{name}/{first}"][0], least[f"{name}/{second}"][0]
         print(f"| {name} | {first:,} | {time(small)} | {second:,} | {time(large)} "
               f"| {large / small:.1f} | {wanted} |")
+
+    print("\n## Import, beside xmllint --noout\n")
+    print("Whole programs, from start to end; the reader alone, and with the ticket that the command line")
+    print("writes.\n")
+    print("| exceptions | import alone | memory | tarvo-ticket import | memory | xmllint | memory "
+          "| time | wanted | memory | wanted |")
+    print("|---|---|---|---|---|---|---|---|---|---|---|")
+    for count, size in (("1500", "1 MB"), ("15000", "10 MB"), ("70000", "47 MB")):
+        reader, program, theirs = (rows[f"{name}/exceptions/{count}"] for name in
+                                   ("import alone", "tarvo-ticket import", "xmllint --noout"))
+        wanted = {"1500": ("at most 1.0", ""), "70000": ("", "at most 0.1")}.get(count, ("", ""))
+        print(f"| {count}, {size} | {time(reader[0])} | {memory(reader)} | {time(program[0])} "
+              f"| {memory(program)} | {time(theirs[0])} | {memory(theirs)} "
+              f"| {reader[0] / theirs[0]:.2f} | {wanted[0]} | {reader[2] / theirs[2]:.2f} | {wanted[1]} |")
+    growth = rows["import/exceptions/15000"][0] / rows["import/exceptions/1500"][0]
+    print(f"\nIn memory the reader makes {speed(rows['import/exceptions/1500'])}; ten times the pages take "
+          f"{growth:.1f} times the time.")
 
     print("\n## Descriptions of printers\n")
     print("Opening and describing, beside the library's reader alone; and the whole program beside")
