@@ -1,13 +1,11 @@
-// Any bytes as a PPD file: they are refused or read, and what was read can be described.
-#include "platform/files/FileContents.h"
-#include "platform/printing/PPDFile.h"
+// Any bytes as a PPD file: they are refused or read, and what was read can be described, to the
+// last line of the command line's report.
+#include "cli/PrinterReport.h"
 #include "platform/text/Utf8.h"
-#include "printer/FinishingOffers.h"
+#include "printer/PrinterDescription.h"
 
-#include <unistd.h>
-
+#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 // The library's reader forgets a value where a file repeats it (libcups 2.4.2); what we forget is
@@ -17,29 +15,56 @@ extern "C" const char* __lsan_default_suppressions()
     return "leak:_ppdOpen\n";
 }
 
+namespace tarvo {
+namespace {
+
+void Expect(bool holds)
+{
+    if (!holds) {
+        std::abort();
+    }
+}
+
+void Report(PPDFile& ppd, std::string_view contents)
+{
+    const CFBundle bundle("", {});
+    const PrinterReport report = DescribePrinter(ppd, PPDOutline(contents), bundle);
+    const auto lines =
+        static_cast<std::size_t>(std::count_if(contents.begin(), contents.end(), [](char letter) {
+            return letter == '\n' || letter == '\r';
+        }));
+    for (const PPDRemark& remark : report.remarks) {
+        Expect(remark.line <= lines + 1);
+    }
+    Expect(IsUtf8(PrinterText(report)));
+    Expect(IsUtf8(PrinterJson(report)));
+}
+
+void Describe(PPDFile ppd)
+{
+    const PrinterDescription printer(std::move(ppd), nullptr, InstalledFeatures, CFBundle("", {}));
+    for (const PPDOption* option : printer.ppd()->options()) {
+        Expect(IsUtf8(option->text));
+        Expect(printer.ppd()->option(option->keyword) != nullptr);
+        const auto infos = PPDCopyOptionsForMainKeyword(*printer.ppd(), option->keyword);
+        Expect(printer.uiDictionary()->contains(option->keyword) || !infos);
+    }
+}
+
+} // namespace
+} // namespace tarvo
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     using namespace tarvo;
-    static const std::string path = (std::filesystem::temp_directory_path() /
-                                     ("tarvo-fuzz-" + std::to_string(getpid()) + ".ppd"))
-                                        .string();
-    std::string reason;
-    if (!ReplaceFileContents(path, {reinterpret_cast<const char*>(bytes), size}, reason)) {
-        std::abort();
-    }
+    const std::string_view contents(reinterpret_cast<const char*>(bytes), size);
     ParseError error;
-    auto ppd = PPDFile::Open(path, error);
-    std::filesystem::remove(path);
+    auto ppd = PPDFile::Read(contents, {"de", "fr"}, error);
     if (!ppd) {
-        return error.reason.empty() ? (std::abort(), 0) : 0;
+        Expect(!error.reason.empty());
+        return 0;
     }
-    const InstallableOptions installed(*ppd, nullptr, InstalledFeatures);
-    for (const PPDOption* option : ppd->options()) {
-        if (!IsUtf8(option->text) || ppd->option(option->keyword) == nullptr) {
-            std::abort();
-        }
-        const auto infos = PPDCopyOptionsForMainKeyword(*ppd, option->keyword);
-        FinishingOffers(installed, infos.value_or(PPDKeywordInfos()));
-    }
+    Report(*ppd, contents);
+    Describe(std::move(*ppd));
     return 0;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <utility>
 
 namespace tarvo {
@@ -71,7 +72,6 @@ private:
     struct Choice {
         std::string_view keyword;
         std::size_t line;
-        auto operator<=>(const Choice&) const = default;
     };
 
     void add(std::size_t line, std::string text)
@@ -125,9 +125,11 @@ void OutlineWalk::requireClosed(BlockLevel outermost)
     for (std::size_t level = outermost; level < LevelCount; ++level) {
         const Block block = std::exchange(open_[level], {});
         if (!block.keyword.empty()) {
-            const std::string open(block.keyword);
-            const std::string close = std::string(open).replace(open.find("Open"), 4, "Close");
-            add(block.line, "the *" + open + " of " + QuotedName(block.name) + " has no *" + close);
+            std::string close(block.keyword);
+            close.replace(close.find("Open"), 4, "Close");
+            std::string text = "the *";
+            text.append(block.keyword).append(" of ").append(QuotedName(block.name));
+            add(block.line, text.append(" has no *").append(close));
         }
     }
 }
@@ -145,7 +147,9 @@ void OutlineWalk::visitConstraint(const PPDStatement& statement)
 // Names each choice that came more than once, by the line of its second.
 void OutlineWalk::endChoices()
 {
-    std::sort(choices_.begin(), choices_.end());
+    std::sort(choices_.begin(), choices_.end(), [](const Choice& one, const Choice& other) {
+        return std::tie(one.keyword, one.line) < std::tie(other.keyword, other.line);
+    });
     for (std::size_t index = 1; index < choices_.size(); ++index) {
         const auto& choice = choices_[index];
         const bool isRepeated = choice.keyword == choices_[index - 1].keyword;
