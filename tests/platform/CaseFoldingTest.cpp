@@ -20,6 +20,8 @@ constexpr FoldingCase FoldingCases[] = {
     {"one letter to two",            "Straße",      "STRASSE",      true },
     {"accented, two bytes each",     "ÉCRU",        "écru",        true },
     {"Greek, with a final sigma",    "χάρτης", "ΧΆΡΤΗΣ", true },
+    {"a sign that is a letter",      "300 \u212A",   "300 k",        true },
+    {"bytes that are no text",       "\xff",         "\xFE",         true },
     {"no Turkish rules",             "I",            "ı",           false},
     {"an accent is no letter's own", "é",           "e\u0301",      false},
     {"width is no case",             "A",            "\uFF21",       false},
@@ -31,6 +33,7 @@ TEST(EqualIgnoringCase, FoldsByUnicodeWithoutALocale)
         SCOPED_TRACE(row.name);
         EXPECT_EQ(EqualIgnoringCase(row.left, row.right), row.equal);
         EXPECT_EQ(EqualIgnoringCase(row.right, row.left), row.equal);
+        EXPECT_EQ(CaseFolded(row.left) == CaseFolded(row.right), row.equal);
     }
 }
 

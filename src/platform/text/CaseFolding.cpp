@@ -18,6 +18,12 @@ icu::UnicodeString FromUtf8(std::string_view text)
         icu::StringPiece(text.data(), static_cast<std::int32_t>(length)));
 }
 
+bool IsAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char letter) { return static_cast<unsigned char>(letter) < 0x80; });
+}
+
 } // namespace
 
 bool EqualIgnoringCase(std::string_view left, std::string_view right)
@@ -30,6 +36,19 @@ bool EqualIgnoringCase(std::string_view left, std::string_view right)
         return false;
     }
     return FromUtf8(left).caseCompare(FromUtf8(right), U_FOLD_CASE_DEFAULT) == 0;
+}
+
+std::string CaseFolded(std::string_view text)
+{
+    std::string folded;
+    if (!IsAscii(text)) {
+        return FromUtf8(text).foldCase(U_FOLD_CASE_DEFAULT).toUTF8String(folded);
+    }
+    folded = text; // most are, and need none of the library
+    for (char& letter : folded) {
+        letter = static_cast<char>(letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter);
+    }
+    return folded;
 }
 
 } // namespace tarvo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace tarvo {
@@ -8,5 +9,8 @@ namespace tarvo {
 /// case folding: "Straße" equals "STRASSE". No locale is involved, and an accent of its own differs
 /// from an accented letter.
 bool EqualIgnoringCase(std::string_view left, std::string_view right);
+
+/// What texts that are EqualIgnoringCase have in common and no others: "strasse" for "Straße".
+std::string CaseFolded(std::string_view text);
 
 } // namespace tarvo
