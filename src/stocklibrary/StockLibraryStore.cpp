@@ -1,0 +1,104 @@
+#include "stocklibrary/StockLibraryStore.h"
+
+#include "stocklibrary/StockLibraryKeys.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace tarvo {
+namespace {
+
+// What a site may give; only the user has a selected row and column widths.
+constexpr std::string_view SiteKeys[] = {StockListKey, StockMenuListKey,
+                                         StockLibraryPreferencesKey};
+
+CFDictionary SiteDefaults(const PreferenceFolders& folders)
+{
+    CFDictionary defaults;
+    auto site = CopyXMLData(folders, SiteDefaultsFile);
+    for (const std::string_view key : SiteKeys) {
+        if (CFPropertyList* value = site ? site->find(key) : nullptr) {
+            defaults.set(key, std::move(*value));
+        }
+    }
+    return defaults;
+}
+
+} // namespace
+
+CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders, PreferenceFailure* failure)
+{
+    auto root = CopyUserPreferences(folders, StockLibraryFile, failure);
+    return root ? std::move(*root) : SiteDefaults(folders);
+}
+
+bool ChangeStockLibraryFile(const PreferenceFolders& folders,
+                            const std::function<bool(CFDictionary& root)>& change,
+                            PreferenceFailure& failure)
+{
+    const auto changeRoot = [&folders, &change](CFDictionary& root, bool isPresent) {
+        if (!isPresent) { // else the site's other defaults would be hidden by the new file
+            root = SiteDefaults(folders);
+        }
+        return change(root);
+    };
+    return ChangeUserPreferences(folders, StockLibraryFile, changeRoot, failure);
+}
+
+template <typename Value>
+Value StockLibraryFileValue<Value>::read()
+{
+    unsaved_.clear();
+    PreferenceFailure unread;
+    CFDictionary root = ReadStockLibraryFile(folders_, &unread);
+    CFPropertyList* present = root.find(key_);
+    Value* value = present == nullptr ? nullptr : present->get<Value>();
+    isInFile_ = value != nullptr && unread.reason.empty();
+    return value == nullptr ? Value() : std::move(*value);
+}
+
+template <typename Value>
+void StockLibraryFileValue<Value>::change(Value& inMemory, Change change)
+{
+    change(inMemory);
+    unsaved_.push_back(std::move(change));
+    write(inMemory);
+}
+
+template <typename Value>
+void StockLibraryFileValue<Value>::write(const Value& inMemory)
+{
+    if (isInFile_ && unsaved_.empty()) {
+        return; // reading thousands of papers again would change nothing
+    }
+    const auto change = [this, &inMemory](CFDictionary& root) {
+        return bringUpToDate(root, inMemory);
+    };
+    PreferenceFailure failure;
+    if (ChangeStockLibraryFile(folders_, change, failure)) {
+        unsaved_.clear();
+        isInFile_ = true;
+    } else {
+        std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
+    }
+}
+
+template <typename Value>
+bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, const Value& inMemory) const
+{
+    CFPropertyList* present = root.find(key_);
+    Value* value = present == nullptr ? nullptr : present->get<Value>();
+    if (value == nullptr) {
+        root.set(key_, inMemory);
+        return true;
+    }
+    for (const Change& change : unsaved_) {
+        change(*value);
+    }
+    return !unsaved_.empty();
+}
+
+template class StockLibraryFileValue<CFDictionary>;
+template class StockLibraryFileValue<CFArray>;
+
+} // namespace tarvo

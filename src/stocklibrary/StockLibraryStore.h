@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/cf/CFPropertyList.h"
+#include "prefs/PreferenceFiles.h"
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace tarvo {
+
+/// What the user's file of named papers holds. In place of a file that cannot be read, the papers,
+/// the order and the columns that the site gives.
+/// @param failure  if given, why the user's file was not read; the error is ENOENT when there is
+/// none
+CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders,
+                                  PreferenceFailure* failure = nullptr);
+
+/// Changes that file by the rules of ChangeUserPreferences; one that is new begins with what the
+/// site gives.
+/// @param change  returns false to leave the file as it is
+[[nodiscard]] bool ChangeStockLibraryFile(const PreferenceFolders& folders,
+                                          const std::function<bool(CFDictionary& root)>& change,
+                                          PreferenceFailure& failure);
+
+/// One value of that file, which somebody keeps in memory. A change is made in memory and in the
+/// file alike, so that what others change in the file meanwhile stays.
+template <typename Value>
+class StockLibraryFileValue {
+public:
+    using Change = std::function<void(Value&)>;
+
+    /// @param key  of StockLibraryKeys.h
+    StockLibraryFileValue(PreferenceFolders folders, std::string_view key)
+        : folders_(std::move(folders)), key_(key)
+    {
+    }
+
+    /// The value of the file, empty when there is none; unsaved changes are forgotten.
+    Value read();
+    /// Makes the change in memory, then in the file.
+    void change(Value& inMemory, Change change);
+    /// Makes the changes in the file that could not be saved before; a file that had no value yet
+    /// gets the one in memory. Prints "WriteUserPreferences() failed (errno)" to standard error
+    /// when that fails.
+    void write(const Value& inMemory);
+
+private:
+    bool bringUpToDate(CFDictionary& root, const Value& inMemory) const;
+
+    PreferenceFolders folders_;
+    std::string_view key_;
+    bool isInFile_ = false; // of the user
+    std::vector<Change> unsaved_;
+};
+
+} // namespace tarvo

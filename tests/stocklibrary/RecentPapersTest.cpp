@@ -1,0 +1,144 @@
+#include "stocklibrary/RecentPapers.h"
+
+#include "prefs/FailingCall.h"
+#include "prefs/PreferenceFolderFixture.h"
+#include "records/TicketSpecialPages.h"
+#include "stocklibrary/StockLibraryList.h"
+#include "stocklibrary/StockLibraryOrderList.h"
+#include "stocklibrary/StockLibraryTestSupport.h"
+
+#include <gmock/gmock.h>
+
+namespace tarvo {
+namespace {
+
+using ::testing::ElementsAre;
+
+class RecentPapersTest : public PreferenceFolderFixture {
+protected:
+    RecentPapersTest()
+    {
+        StockLibraryList list(folders_);
+        list.add(own_);
+        list.add(nameless_);
+        printers_.add(printersOwn_);
+    }
+    std::vector<std::string> names() const
+    {
+        std::vector<std::string> names;
+        for (const NamedPaper& paper : RecentPapers(folders_, &printers_)) {
+            names.push_back(paper.name);
+        }
+        return names;
+    }
+    void remember(const std::vector<std::string>& uuids) const
+    {
+        StockLibraryOrderList order(folders_);
+        std::for_each(uuids.rbegin(), uuids.rend(),
+                      [&order](const std::string& uuid) { order.updateOrderList(uuid); });
+    }
+
+    StockLibrary own_ = Paper("Own", 2);
+    StockLibrary nameless_ = Paper("");
+    StockLibrary printersOwn_ = Paper("Printer's", 3);
+    StockLibraryList printers_;
+    LibraryPapers papers_{folders_, &printers_};
+};
+
+TEST_F(RecentPapersTest, AreThoseThatALibraryHas)
+{
+    EXPECT_THAT(names(), ElementsAre());
+    remember({"gone", printersOwn_.uuid(), nameless_.uuid(), own_.uuid()});
+    EXPECT_THAT(names(), ElementsAre("Printer's", "Own"));
+    EXPECT_EQ(RecentPapers(folders_, nullptr).size(), 1U);
+    EXPECT_EQ(RecentPapers(folders_, nullptr)[0].uuid, own_.uuid());
+}
+
+TEST_F(RecentPapersTest, AreNoMoreThanTheMenuTakes)
+{
+    CFDictionary root;
+    root.set("com.tarvo.print.StockLibrary.StockMenuList", CFArray(100000, printersOwn_.uuid()));
+    ASSERT_TRUE(WriteUserPreferences(folders_, "com.tarvo.print.stocklibrary", root));
+    EXPECT_EQ(names().size(), 25U);
+}
+
+TEST_F(RecentPapersTest, ComeToTheFrontWhenTheyAreUsed)
+{
+    remember({own_.uuid()});
+    const auto stock = papers_.use(printersOwn_.uuid());
+    ASSERT_TRUE(stock.has_value());
+    EXPECT_EQ(stock->color(), 3);
+    EXPECT_EQ(printers_.entry(printersOwn_.uuid())->status(), 1);
+    EXPECT_THAT(names(), ElementsAre("Printer's", "Own"));
+    EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
+    EXPECT_EQ(StockLibraryList(folders_).entry(own_.uuid())->status(), 1);
+    EXPECT_THAT(names(), ElementsAre("Own", "Printer's"));
+    EXPECT_EQ(papers_.use("gone"), std::nullopt);
+    EXPECT_THAT(names(), ElementsAre("Own", "Printer's"));
+    papers_.clearRecentlyUsed();
+    EXPECT_THAT(names(), ElementsAre());
+    EXPECT_EQ(StockLibraryList(folders_).stockList().size(), 2U);
+}
+
+TEST_F(RecentPapersTest, MatchTheirStocksInEitherLibrary)
+{
+    EXPECT_TRUE(papers_.haveMatch(own_.stock()));
+    EXPECT_TRUE(papers_.haveMatch(printersOwn_.stock()));
+    EXPECT_FALSE(papers_.haveMatch(Paper("Other").stock()));
+    EXPECT_FALSE(LibraryPapers(folders_, nullptr).haveMatch(printersOwn_.stock()));
+}
+
+TEST_F(RecentPapersTest, CanBeUsedThoughNothingCanBeSaved)
+{
+    testing::internal::CaptureStderr();
+    {
+        const FailingCall call("write", ENOSPC);
+        EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
+    }
+    // A link in the file's place is neither read nor written: the site's papers are left.
+    const std::string file = userPath("com.tarvo.print.stocklibrary");
+    std::filesystem::create_directories(folders_.site[0]);
+    std::filesystem::rename(file, sitePath("TarvoFeatures.plist"));
+    std::filesystem::create_symlink(sitePath("TarvoFeatures.plist"), file);
+    EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "WriteUserPreferences() failed (28)\nWriteUserPreferences() failed (40)\n");
+}
+
+TEST_F(RecentPapersTest, AreInUseByTheJobThatNamesThem)
+{
+    StockLibraryList list;
+    std::vector<StockLibrary> papers = {Paper("job"),    Paper("front"), Paper("back"),
+                                        Paper("insert"), Paper("page"),  Paper("other"),
+                                        Paper("")};
+    for (StockLibrary& paper : papers) {
+        list.add(paper);
+    }
+    list.setInUse(papers[5].uuid());
+    TicketSpecialPages pages;
+    pages.frontCover.emplace().stock() = papers[1].stock();
+    pages.backCover.emplace().stock() = papers[2].stock();
+    Insert insert;
+    insert.stock() = papers[3].stock();
+    const SpecialPage* inserts[] = {&insert, &insert};
+    pages.inserts.add(inserts);
+    ExceptionPage page;
+    page.setStartPage(1);
+    page.setEndPage(2);
+    page.stock() = papers[4].stock();
+    ExceptionPage unnamed;
+    unnamed.setStartPage(3);
+    unnamed.setEndPage(3);
+    unnamed.stock() = papers[6].stock();
+    const SpecialPage* exceptions[] = {&page, &unnamed};
+    pages.exceptions.add(exceptions);
+    MarkStocksInUse(list, papers[0].stock(), pages);
+    std::vector<std::int32_t> statuses;
+    for (const StockLibrary& paper : papers) {
+        statuses.push_back(list.entry(paper.uuid())->status());
+    }
+    EXPECT_THAT(statuses, ElementsAre(1, 1, 1, 1, 1, 0, 0));
+}
+
+} // namespace
+} // namespace tarvo
