@@ -121,6 +121,17 @@ def main():
               f"| {time(rows['tarvo-ticket printer/' + name][0])} "
               f"| {time(rows['lpoptions -l/' + name][0])} |")
 
+    print("\n## The user's stock library\n")
+    print("Loading makes the index for matching too. Adding includes the disk's confirmation.\n")
+    print("| papers | parse the file | load | ratio | wanted | match | wanted | add | menu | printer's list |")
+    print("|---|---|---|---|---|---|---|---|---|---|")
+    for count in (100, 1000, 10000):
+        parse, load, match, add, menu, printer = (
+            rows[f"stock library/{name}/{count}"][0]
+            for name in ("parse", "load", "match", "add", "menu", "printer's list"))
+        print(f"| {count:,} | {time(parse)} | {time(load)} | {load / parse:.2f} | at most 1.3 | {time(match)} "
+              f"| at most 5 us | {time(add)} | {time(menu)} | {time(printer)} |")
+
     print("\n## Start of the command line\n")
     print("| | time |")
     print("|---|---|")
