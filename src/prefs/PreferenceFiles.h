@@ -72,7 +72,7 @@ using PreferenceChange = std::function<bool(CFDictionary& root, bool isPresent)>
 /// and is kept beside it as <name>.unreadable; one that cannot be had for another reason is left
 /// alone.
 /// @return false with `failure` filled, the former file untouched; true when the change wanted
-/// nothing written
+/// nothing written. Where `failure` has a reason without an error then, the file was kept aside.
 [[nodiscard]] bool ChangeUserPreferences(const PreferenceFolders& folders,
                                          std::string_view fileName, const PreferenceChange& change,
                                          PreferenceFailure& failure);

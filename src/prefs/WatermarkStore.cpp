@@ -145,6 +145,17 @@ void ReadEntries(const CFDictionary& entries, Watermark& watermark)
     }
 }
 
+std::optional<Watermark> WatermarkOf(const CFDictionary& root, std::string_view name)
+{
+    const auto* entries = root.get<CFDictionary>(name);
+    if (entries == nullptr) {
+        return std::nullopt;
+    }
+    Watermark watermark;
+    ReadEntries(*entries, watermark);
+    return watermark;
+}
+
 std::string NameOf(const Watermark& watermark)
 {
     const std::string& name = watermark.isText ? watermark.text : watermark.imageFileName;
@@ -249,6 +260,24 @@ bool loadWatermarkData(const PreferenceFolders& folders, std::string_view fileNa
     ReadEntries(*entries, watermark);
     watermark.isText = false;
     return true;
+}
+
+std::optional<std::vector<NamedWatermark>> loadWatermarks(const PreferenceFolders& folders,
+                                                          std::string_view fileName,
+                                                          PreferenceFailure* failure)
+{
+    const auto root = CopyXMLData(folders, fileName, failure);
+    if (!root) {
+        return std::nullopt;
+    }
+    std::vector<NamedWatermark> watermarks;
+    const auto* list = root->get<CFArray>(WatermarkListKey);
+    for (const CFPropertyList& value : list == nullptr ? CFArray() : *list) {
+        if (const auto* name = value.get<std::string>()) {
+            watermarks.push_back({*name, WatermarkOf(*root, *name)});
+        }
+    }
+    return watermarks;
 }
 
 void CreateDefaultWatermarks(const PreferenceFolders& folders, const CFBundle& bundle)

@@ -87,6 +87,19 @@ bool saveWatermarkData(const PreferenceFolders& folders, std::string_view fileNa
 bool loadWatermarkData(const PreferenceFolders& folders, std::string_view fileName,
                        std::string_view name, Watermark& watermark);
 
+/// A name of the list of watermarks and what is stored under it.
+struct NamedWatermark {
+    std::string name;
+    std::optional<Watermark> watermark; // nullopt when nothing is; see loadWatermarkData
+};
+
+/// Reads all watermarks of the list, in its order.
+/// @return nullopt, with `failure` filled if that is given, when there is no file to read; none
+/// when it has no list
+std::optional<std::vector<NamedWatermark>> loadWatermarks(const PreferenceFolders& folders,
+                                                          std::string_view fileName,
+                                                          PreferenceFailure* failure = nullptr);
+
 /// Stores the watermarks that come with the product, named in the user's language, and their list.
 /// What is stored under the same names is replaced, and so is the list.
 void CreateDefaultWatermarks(const PreferenceFolders& folders, const CFBundle& bundle);

@@ -166,5 +166,22 @@ TEST_F(WatermarkStore, StartsWithThoseOfTheProduct)
     EXPECT_EQ(watermark.yPosition, 306.785675);
 }
 
+TEST_F(WatermarkStore, ReadsTheWholeListAtOnce)
+{
+    EXPECT_EQ(loadWatermarks(folders_, File, &failure_), std::nullopt);
+    EXPECT_EQ(failure_.error, ENOENT);
+    ASSERT_TRUE(saveWatermarkData(folders_, File, Sample()));
+    EXPECT_TRUE(loadWatermarks(folders_, File)->empty()); // stored, but in no list
+    const std::string name = Sample().text;
+    ASSERT_TRUE(saveWatermarkList(folders_, File, {"gone", name}));
+    const auto watermarks = loadWatermarks(folders_, File);
+    ASSERT_EQ(watermarks->size(), 2U);
+    EXPECT_EQ((*watermarks)[0].watermark, std::nullopt);
+    EXPECT_EQ((*watermarks)[1].name, name);
+    Watermark expected = Sample();
+    expected.isText = false;
+    EXPECT_EQ((*watermarks)[1].watermark, expected);
+}
+
 } // namespace
 } // namespace tarvo
