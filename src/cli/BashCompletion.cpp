@@ -2,6 +2,7 @@
 
 #include "cli/OptionTable.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace tarvo {
@@ -21,6 +22,7 @@ const char* WordsOfKind(OptionKind kind)
 {
     switch (kind) {
     case OptionKind::File:
+    case OptionKind::Files:
         return FileWords;
     case OptionKind::Directory:
         return DirectoryWords;
@@ -32,6 +34,7 @@ const char* WordsOfKind(OptionKind kind)
         return DocumentWords;
     case OptionKind::Flag:
     case OptionKind::Text:
+    case OptionKind::Texts:
         break;
     }
     return ":"; // nothing to offer
@@ -52,6 +55,14 @@ std::string OptionNames(std::string_view verb)
     return names;
 }
 
+// How the script writes a verb: "stocks/list" for one of two words.
+std::string PatternOf(std::string_view verb)
+{
+    std::string pattern(verb);
+    std::replace(pattern.begin(), pattern.end(), ' ', '/');
+    return pattern;
+}
+
 std::string Choice(const std::string& pattern, const std::string& words)
 {
     return "        " + pattern + ") " + words + " ;;\n";
@@ -65,27 +76,63 @@ std::string ValueChoices()
         if (row->kind == OptionKind::Flag || StandsAlone(row->kind)) {
             continue;
         }
-        const std::string verb = std::string(row->verb) + ':';
+        const std::string verb = PatternOf(row->verb) + ':';
         const std::string shortPattern = *row->shortName == '\0' ? "" : verb + row->shortName + "|";
         choices += Choice(shortPattern + verb + row->name, WordsOfKind(row->kind));
     }
     return choices;
 }
 
-std::string VerbNames()
+// The words that may stand first: verbs of one word, and groups.
+std::string FirstWords()
+{
+    std::string names;
+    std::string_view former;
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        const std::string_view group = GroupOfVerb(row->name);
+        if (group.empty() || group != former) { // a group's verbs stand together
+            names += std::string(group.empty() ? row->name : group) + ' ';
+        }
+        former = group;
+    }
+    return names;
+}
+
+std::string SecondWords(std::string_view group)
 {
     std::string names;
     for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
-        names += std::string(row->name) + ' ';
+        if (GroupOfVerb(row->name) == group) {
+            names += std::string(row->name).substr(group.size() + 1) + ' ';
+        }
     }
     return names;
+}
+
+// The second words of each group; behind one, $verb is both.
+std::string GroupChoices()
+{
+    std::string choices;
+    std::string_view former;
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        const std::string_view group = GroupOfVerb(row->name);
+        if (!group.empty() && group != former) {
+            choices += "        " + std::string(group) + ")\n" +
+                       "            if ((COMP_CWORD == 2)); then\n" +
+                       "                compgen -W '" + SecondWords(group) + OptionNames("") +
+                       "' -- \"$word\"\n                return\n            fi\n" +
+                       "            verb=$verb/${COMP_WORDS[2]} ;;\n";
+        }
+        former = group;
+    }
+    return choices;
 }
 
 std::string OptionChoices()
 {
     std::string choices;
     for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
-        choices += Choice(std::string(row->name) + ":-*",
+        choices += Choice(PatternOf(row->name) + ":-*",
                           "compgen -W '" + OptionNames(row->name) + "' -- \"$word\"");
     }
     return choices;
@@ -96,7 +143,7 @@ std::string ArgumentChoices()
     std::string choices;
     for (const OptionRow* row = OptionMap; row->verb != nullptr; ++row) {
         if (StandsAlone(row->kind)) {
-            choices += Choice(std::string(row->verb) + ":*", WordsOfKind(row->kind));
+            choices += Choice(PatternOf(row->verb) + ":*", WordsOfKind(row->kind));
         }
     }
     return choices;
@@ -111,8 +158,11 @@ std::string BashCompletion()
            "    local word=$1 previous=$2 verb=${COMP_WORDS[1]}\n"
            "    if ((COMP_CWORD == 1)); then\n"
            "        compgen -W '" +
-           VerbNames() + OptionNames("") +
+           FirstWords() + OptionNames("") +
            "' -- \"$word\"\n        return\n    fi\n"
+           "    case $verb in\n" +
+           GroupChoices() +
+           "    esac\n"
            "    case $verb:$previous in\n" +
            ValueChoices() + "        *) case $verb:$word in\n" + OptionChoices() +
            ArgumentChoices() +

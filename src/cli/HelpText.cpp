@@ -68,6 +68,18 @@ std::string OptionsOf(std::string_view verb)
     return options;
 }
 
+// All verbs, or those of a group.
+std::string VerbSummaries(std::string_view group)
+{
+    std::string summaries = "\nVerbs:\n";
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        if (group.empty() || GroupOfVerb(row->name) == group) {
+            summaries += Entry(std::string("  ") + row->name, row->summary, TextColumn);
+        }
+    }
+    return summaries;
+}
+
 std::string ExitStatuses()
 {
     std::string statuses = "\nExit status:\n";
@@ -101,15 +113,36 @@ const VerbRow* FindVerb(std::string_view name)
     return nullptr;
 }
 
+bool IsVerbGroup(std::string_view word)
+{
+    return !VerbsOfGroup(word).empty();
+}
+
+std::string VerbsOfGroup(std::string_view group)
+{
+    std::string verbs;
+    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
+        if (!group.empty() && GroupOfVerb(row->name) == group) {
+            verbs += verbs.empty() ? "" : ", ";
+            verbs += std::string_view(row->name).substr(group.size() + 1);
+        }
+    }
+    return verbs;
+}
+
 std::string ProgramHelp()
 {
-    std::string help = std::string("Usage: ") + ProgramName + " VERB [OPTION...]\n" +
-                       "\nJob tickets of Tarvo production printers on the command line.\n" +
-                       "\nVerbs:\n";
-    for (const VerbRow* row = VerbMap; row->name != nullptr; ++row) {
-        help += Entry(std::string("  ") + row->name, row->summary, TextColumn);
-    }
-    return help + "\nOptions:\n" + OptionsOf("") + ExitStatuses() + "\n'" + ProgramName +
+    return std::string("Usage: ") + ProgramName + " VERB [OPTION...]\n" +
+           "\nJob tickets of Tarvo production printers on the command line.\n" + VerbSummaries("") +
+           "\nOptions:\n" + OptionsOf("") + ExitStatuses() + "\n'" + ProgramName +
+           " VERB --help' says what a verb takes.\n";
+}
+
+std::string GroupHelp(std::string_view group)
+{
+    const std::string name = std::string(ProgramName) + ' ' + std::string(group);
+    return "Usage: " + name + " VERB [OPTION...]\n" + VerbSummaries(group) + "\nOptions:\n" +
+           OptionsOf("") + ExitStatuses() + "\n'" + name +
            " VERB --help' says what a verb takes.\n";
 }
 

@@ -6,6 +6,8 @@
 #include "cli/OptionTable.h"
 #include "cli/PrinterCommand.h"
 #include "cli/ShowCommand.h"
+#include "cli/StocksCommand.h"
+#include "cli/WatermarksCommand.h"
 
 #include <csignal>
 #include <exception>
@@ -21,11 +23,19 @@ struct CommandRow {
 
 // What each row of VerbMap does.
 constexpr CommandRow CommandMap[] = {
-    {ExportVerb,  RunExport },
-    {ShowVerb,    RunShow   },
-    {ImportVerb,  RunImport },
-    {PrinterVerb, RunPrinter},
-    {nullptr,     nullptr   },
+    {ExportVerb,         RunExport        },
+    {ShowVerb,           RunShow          },
+    {ImportVerb,         RunImport        },
+    {PrinterVerb,        RunPrinter       },
+    {StocksListVerb,     RunStocksList    },
+    {StocksAddVerb,      RunStocksAdd     },
+    {StocksRemoveVerb,   RunStocksRemove  },
+    {StocksUseVerb,      RunStocksUse     },
+    {StocksMatchVerb,    RunStocksMatch   },
+    {StocksImportVerb,   RunStocksImport  },
+    {StocksExportVerb,   RunStocksExport  },
+    {WatermarksListVerb, RunWatermarksList},
+    {nullptr,            nullptr          },
 };
 
 ExitStatus PrintVersion()
@@ -49,6 +59,36 @@ ExitStatus RunVerb(const CommandRow& command, std::span<char* const> words)
     return command.run(*arguments);
 }
 
+// How many of the words name the verb; 0 when they begin otherwise.
+std::size_t WordsOfVerb(std::string_view verb, std::span<char* const> words)
+{
+    const std::string_view group = GroupOfVerb(verb);
+    if (group.empty()) {
+        return words.front() == verb ? 1 : 0;
+    }
+    const bool isNamed =
+        words.size() > 1 && words[0] == group && words[1] == verb.substr(group.size() + 1);
+    return isNamed ? 2 : 0;
+}
+
+// Words that name a group of verbs, but none of its verbs.
+ExitStatus RunGroup(std::string_view group, std::span<char* const> words)
+{
+    const std::string_view second = words.empty() ? "" : words.front();
+    if (second == HelpOption || second == "-h") {
+        return PrintResult(GroupHelp(group));
+    }
+    if (second == VersionOption) {
+        return PrintVersion();
+    }
+    const std::string verbs = "; there are " + VerbsOfGroup(group);
+    if (second.empty()) {
+        return PrintWrongUse("no verb is named behind \"" + std::string(group) + '"' + verbs);
+    }
+    return PrintWrongUse("unknown verb \"" + std::string(group) + ' ' + std::string(second) + '"' +
+                         verbs);
+}
+
 ExitStatus Run(std::span<char* const> words)
 {
     const std::string_view first = words.empty() ? "" : words.front();
@@ -58,13 +98,16 @@ ExitStatus Run(std::span<char* const> words)
     if (first == HelpOption || first == "-h") {
         return PrintResult(ProgramHelp());
     }
-    for (const CommandRow* row = CommandMap; row->verb != nullptr; ++row) {
-        if (first == row->verb) {
-            return RunVerb(*row, words.subspan(1));
-        }
-    }
     if (first.empty()) {
         return PrintWrongUse("no verb is named");
+    }
+    for (const CommandRow* row = CommandMap; row->verb != nullptr; ++row) {
+        if (const std::size_t count = WordsOfVerb(row->verb, words); count > 0) {
+            return RunVerb(*row, words.subspan(count));
+        }
+    }
+    if (IsVerbGroup(first)) {
+        return RunGroup(first, words.subspan(1));
     }
     return PrintWrongUse((first.starts_with('-') ? "unknown option \"" : "unknown verb \"") +
                          std::string(first) + '"');

@@ -2,6 +2,8 @@
 
 #include "cli/ExitStatus.h"
 
+#include <string_view>
+
 namespace tarvo {
 
 // The command line as tables: parser, --help, manual page and completion are all made from them.
@@ -12,6 +14,14 @@ inline constexpr const char* ExportVerb = "export";
 inline constexpr const char* ShowVerb = "show";
 inline constexpr const char* ImportVerb = "import";
 inline constexpr const char* PrinterVerb = "printer";
+inline constexpr const char* StocksListVerb = "stocks list";
+inline constexpr const char* StocksAddVerb = "stocks add";
+inline constexpr const char* StocksRemoveVerb = "stocks remove";
+inline constexpr const char* StocksUseVerb = "stocks use";
+inline constexpr const char* StocksMatchVerb = "stocks match";
+inline constexpr const char* StocksImportVerb = "stocks import";
+inline constexpr const char* StocksExportVerb = "stocks export";
+inline constexpr const char* WatermarksListVerb = "watermarks list";
 
 inline constexpr const char* HelpOption = "--help";
 inline constexpr const char* VersionOption = "--version";
@@ -30,6 +40,16 @@ inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
 inline constexpr const char* DocumentArguments = "DOCUMENT";
 inline constexpr const char* PPDArgument = "PPD";
+inline constexpr const char* FromOption = "--from";
+inline constexpr const char* SizeOption = "--size";
+inline constexpr const char* ColorOption = "--color";
+inline constexpr const char* TypeOption = "--type";
+inline constexpr const char* WeightOption = "--weight";
+inline constexpr const char* CommentOption = "--comment";
+inline constexpr const char* ReplaceOption = "--replace";
+inline constexpr const char* PaperNameArgument = "NAME";
+inline constexpr const char* PaperArguments = "PAPER";
+inline constexpr const char* LibraryArguments = "LIBRARY";
 
 /// What follows an option, and how a shell completes it.
 enum class OptionKind {
@@ -40,12 +60,15 @@ enum class OptionKind {
     Tickets,   // no option: the files that stand by themselves, any number
     PPDs,      // likewise, descriptions of printers
     Documents, // likewise
+    Files,     // likewise, of any name
+    Texts,     // likewise, but no files
 };
 
 /// Whether the row is no option but the files that stand by themselves.
 constexpr bool StandsAlone(OptionKind kind)
 {
-    return kind == OptionKind::Tickets || kind == OptionKind::PPDs || kind == OptionKind::Documents;
+    return kind == OptionKind::Tickets || kind == OptionKind::PPDs ||
+           kind == OptionKind::Documents || kind == OptionKind::Files || kind == OptionKind::Texts;
 }
 
 struct OptionRow {
@@ -103,6 +126,43 @@ inline constexpr OptionRow OptionMap[] = {
      "The description of the printer, an uncompressed PPD file; - is standard input."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
      "Print JSON for programs instead of words."},
+    {StocksListVerb, "", JsonOption,          "",      OptionKind::Flag,
+     "Print JSON for programs instead of words."},
+    {StocksAddVerb, "", PaperNameArgument,    "",      OptionKind::Texts,
+     "What the paper is called, in at most 255 characters."},
+    {StocksAddVerb, "", FromOption,           "TICKET.plist", OptionKind::File,
+     "Take the stock of that job; the options below change it. - is standard input."},
+    {StocksAddVerb, "", SizeOption,           "SIZE",  OptionKind::Text,
+     "A size by the printer's word, such as A4 or Letter, or width and length in millimetres, "
+     "such as 210x297."},
+    {StocksAddVerb, "", ColorOption,          "COLOR", OptionKind::Text,
+     "A colour by the printer's word, such as Blue."},
+    {StocksAddVerb, "", TypeOption,           "TYPE",  OptionKind::Text,
+     "A type by the printer's word, such as Standard, Transparency or Recycled."},
+    {StocksAddVerb, "", WeightOption,         "GSM",   OptionKind::Text,
+     "The weight in g/m2, 60 to 200."},
+    {StocksAddVerb, "", CommentOption,        "TEXT",  OptionKind::Text,
+     "A comment for whoever looks for the paper."},
+    {StocksAddVerb, "", ReplaceOption,        "",      OptionKind::Flag,
+     "Give the stock to the paper of that name when the library has one."},
+    {StocksRemoveVerb, "", PaperArguments,    "",      OptionKind::Texts,
+     "The papers to remove, each by its name or its uuid."},
+    {StocksUseVerb, "", PaperArguments,       "",      OptionKind::Texts,
+     "The papers that are used, each by its name or its uuid; the last comes first in the menu."},
+    {StocksMatchVerb, "", TicketArguments,    "",      OptionKind::Tickets,
+     "The ticket whose stocks are looked up; - is standard input."},
+    {StocksMatchVerb, "", JsonOption,         "",      OptionKind::Flag,
+     "Print JSON for programs instead of words."},
+    {StocksImportVerb, "", LibraryArguments,  "",      OptionKind::Files,
+     "The library files to take papers from; - is standard input."},
+    {StocksImportVerb, "", ReplaceOption,     "",      OptionKind::Flag,
+     "Give a paper of the library the stock that comes under its name."},
+    {StocksExportVerb, "", PaperArguments,    "",      OptionKind::Texts,
+     "The papers to write, each by its name or its uuid; all when none is named."},
+    {StocksExportVerb, "-o", OutputOption,    "FILE",  OptionKind::File,
+     "Write to FILE; - is standard output, as without this option."},
+    {WatermarksListVerb, "", JsonOption,      "",      OptionKind::Flag,
+     "Print JSON for programs instead of words."},
     {"",         "-h", HelpOption,            "",      OptionKind::Flag,
      "Print this help."},
     {"",         "",   VersionOption,         "",      OptionKind::Flag,
@@ -112,7 +172,7 @@ inline constexpr OptionRow OptionMap[] = {
 // clang-format on
 
 struct VerbRow {
-    const char* name;
+    const char* name; // one word, or a group's word and its own
     const char* synopsis;
     const char* summary;
     const char* description; // paragraphs, an empty line between them
@@ -157,8 +217,49 @@ inline constexpr VerbRow VerbMap[] = {
      "What is wrong with the file is named on standard error with its line, such as an option that "
      "is never closed or a choice that comes again; the exit status is 3 then. What the printer "
      "merely lacks is named there too."},
+    {StocksListVerb, "[--json]",
+     "show the papers of the user's stock library",
+     "Shows the named papers of the user's stock library: name, uuid and what each one is, in the "
+     "user's language. One that the menus do not offer any more is marked \"invalid\", one of the "
+     "job that the dialog showed last \"in-use\"."},
+    {StocksAddVerb, "NAME [--from TICKET.plist] [OPTION...]",
+     "add a paper to the stock library",
+     "Adds a paper under a name that the library does not have yet. What no option says is left to "
+     "the printer."},
+    {StocksRemoveVerb, "PAPER...",
+     "remove papers from the stock library",
+     "Removes papers from the library and from the menu. A name that several papers have is "
+     "refused; their uuids are told."},
+    {StocksUseVerb, "PAPER...",
+     "move papers to the front of the stock menu",
+     "Does what choosing a paper in the stock menu does to the library: the paper is in use and "
+     "the first of the menu, which offers the last 25."},
+    {StocksMatchVerb, "TICKET.plist [--json]",
+     "tell which papers of the stock library a job is printed on",
+     "Looks up the stock of the job and those of its covers, inserts and exception pages in the "
+     "library. Those that are no paper of it are named, and the exit status is 3."},
+    {StocksImportVerb, "LIBRARY... [--replace]",
+     "take papers from library files",
+     "Adds the papers of library files, as \"stocks export\" or the print dialog writes them, in "
+     "one step. An equal paper is not added again; another one of a name that the library has is "
+     "left out and named, or replaces it."},
+    {StocksExportVerb, "[PAPER...] [-o FILE]",
+     "write papers to a library file",
+     "Writes papers to a library file, which another user can import and an administrator give to "
+     "everybody as TarvoFeatures.plist. A file is replaced whole or not at all."},
+    {WatermarksListVerb, "[--json]",
+     "show the watermarks",
+     "Shows the watermarks that the print dialog offers: the user's or, where there are none, "
+     "those of the site."},
     {nullptr, "", "", ""},
 };
+
+/// The first word of a verb of two; "" for a verb of one.
+constexpr std::string_view GroupOfVerb(std::string_view verb)
+{
+    const std::size_t space = verb.find(' ');
+    return space == std::string_view::npos ? "" : verb.substr(0, space);
+}
 
 struct ExampleRow {
     const char* verb;
@@ -181,6 +282,14 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Tell what an import of the document takes, and what it loses."},
     {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
      "Tell what the QL900 offers."},
+    {StocksAddVerb, "tarvo-ticket stocks add \"Blue cover\" --size A4 --color Blue --weight 160",
+     "Add a paper by what it is."},
+    {StocksAddVerb, "tarvo-ticket stocks add \"Blue cover\" --from brochure.plist",
+     "Add the paper of a job."},
+    {StocksMatchVerb, "tarvo-ticket stocks match brochure.plist",
+     "Tell which papers a job needs."},
+    {StocksExportVerb, "tarvo-ticket stocks export | ssh press tarvo-ticket stocks import -",
+     "Bring the papers to another machine."},
     {nullptr, "", ""},
 };
 // clang-format on

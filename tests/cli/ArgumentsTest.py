@@ -8,6 +8,9 @@ from Program import Header, ProgramTest, Resolution, Ticket, Whole
 WrongUse = (
     ("nothing", [], "no verb"),
     ("unknown verb", ["exprot"], '"exprot"'),
+    ("a group without its verb", ["stocks"], "list, add"),
+    ("unknown verb of a group", ["stocks", "lend"], '"stocks lend"'),
+    ("a verb in one word", ["stocks list"], '"stocks list"'),
     ("unknown option without a verb", ["--verbose"], '"--verbose"'),
     ("unknown option", ["export", "a.plist", "--everything"], '"--everything"'),
     ("no ticket", ["export", "--all"], "no ticket"),
@@ -88,7 +91,9 @@ class Arguments(ProgramTest):
     def test_help_and_version_are_results(self):
         for words, text in ((["--help"], b"export"), (["-h"], b"export"), (["export", "--help"], b"--out-dir"),
                             (["export", "-h", "a.plist"], b"--out-dir"), (["--version"], b"tarvo-ticket 0.1.0\n"),
-                            (["export", "--version"], b"tarvo-ticket 0.1.0\n")):
+                            (["export", "--version"], b"tarvo-ticket 0.1.0\n"),
+                            (["stocks", "--help"], b"stocks list"), (["stocks", "-h"], b"stocks list"),
+                            (["stocks", "--version"], b"tarvo-ticket 0.1.0\n")):
             with self.subTest(words):
                 result = self.run_program(*words)
                 self.assertEqual((result.returncode, result.stderr), (0, b""))

@@ -29,8 +29,8 @@ class Documents(ProgramTest):
     def setUp(self):
         super().setUp()
         general = self.run_program("--help").stdout.decode()
-        self.verbs = re.findall(r"^  (\w+)  ", general[:general.index("Options:")], re.MULTILINE)
-        self.help = {verb: self.run_program(verb, "--help").stdout.decode() for verb in self.verbs}
+        self.verbs = re.findall(r"^  (\w+(?: \w+)?)  ", general[:general.index("Options:")], re.MULTILINE)
+        self.help = {verb: self.run_program(*verb.split(), "--help").stdout.decode() for verb in self.verbs}
         self.options = {verb: OptionsOf(r"^  (?:-\w, |    )--.*?(?=  |$)", text) for verb, text in self.help.items()}
 
     def test_the_help_names_options_that_the_program_takes(self):
@@ -38,7 +38,7 @@ class Documents(ProgramTest):
         for verb, options in self.options.items():
             for option in set(options) - {"-h"}:
                 with self.subTest(verb=verb, option=option):
-                    self.assertNotIn(b"unknown option", self.run_program(verb, option).stderr)
+                    self.assertNotIn(b"unknown option", self.run_program(*verb.split(), option).stderr)
             self.assertLessEqual(max(map(len, self.help[verb].splitlines())), 80)
 
     def test_the_manual_page_is_clean_and_explains_every_option(self):
@@ -57,7 +57,11 @@ class Documents(ProgramTest):
         for name in ("job one.plist", "notes.txt", "-odd.plist", "in/a.plist"):
             self.write(name, b"")
         cases = (
-            ("verb", [""], sorted(["--help", "--version", "-h", *self.verbs])),
+            ("verb", [""], sorted({"--help", "--version", "-h", *(verb.split()[0] for verb in self.verbs)})),
+            ("verb of a group", ["stocks", ""],
+             sorted(["--help", "--version", "-h", *(verb.split()[1] for verb in self.verbs if verb.startswith("stocks "))])),
+            ("options of a group's verb", ["stocks", "add", "--c"], ["--color", "--comment"]),
+            ("files of a group's verb", ["stocks", "import", "n"], ["notes.txt"]),
             ("every option", ["export", "-"], self.options["export"]),
             ("options of another verb", ["printer", "-"], self.options["printer"]),
             ("options that begin so", ["export", "a", "--in"], ["--inserts"]),

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "cli/ExitStatus.h"
+#include "prefs/PreferenceFiles.h"
+#include "stocklibrary/StockLibraryList.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tarvo {
+
+// What the verbs of the group "stocks" share.
+
+/// The user's library for a verb that only looks. A file that cannot be read is named.
+/// @return null when there is one that cannot be read
+std::unique_ptr<StockLibraryList> OpenUserLibrary();
+
+/// Changes the user's library at once or not at all and says why it was not done.
+/// @param change  returns false to leave the library as it is
+/// @return Failed when it could not be written; LeftOut when a file that nobody understands made
+/// way for a new one, which is named too
+ExitStatus
+ChangeUserLibrary(const std::function<bool(StockLibraryList& list, CFArray& order)>& change);
+
+/// The uuid of the paper that a word means: a uuid, or a name in any case.
+/// @return "" with `reason` filled when there is none, or more than one of the name
+std::string FindPaper(const StockLibraryList& list, std::string_view word, std::string& reason);
+
+/// The name that people know an entry by: its own, else its stock's.
+const std::string& PaperName(const StockLibrary& entry);
+
+/// Done only when both are; Failed before LeftOut.
+ExitStatus Worse(ExitStatus left, ExitStatus right);
+
+} // namespace tarvo

@@ -1,0 +1,153 @@
+#include "cli/StockReport.h"
+
+#include "cli/Messages.h"
+#include "cli/StockPapers.h"
+#include "platform/bundle/CFBundle.h"
+#include "records/StockSummary.h"
+#include "settings/NumberText.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+namespace tarvo {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string StatusWord(const StockLibrary& entry)
+{
+    if (entry.isInvalid()) {
+        return "invalid";
+    }
+    return entry.status() == static_cast<std::int32_t>(StockEntryStatus::InUse) ? "in-use"
+                                                                                : "not-in-use";
+}
+
+// "210 × 297.5 mm"; a side that a ticket left unset is "?".
+std::string SizeText(const Stock& stock)
+{
+    std::string text;
+    for (const std::int32_t side : {stock.width(), stock.length()}) {
+        text += text.empty() ? "" : " \u00D7 ";
+        text += side == UnsetValue ? "?" : CreateLocalizedCFStringFromNumberWithDecimals(side, 2);
+    }
+    return text + " mm";
+}
+
+std::vector<std::string> LinesOf(const CFBundle& bundle, const Stock& stock)
+{
+    Stock shown(stock);
+    shown.setCustomName(""); // stands above the lines
+    shown.setCustomNameOnly(false);
+    // No text holds the separator: a name may have a line feed.
+    const std::string summary =
+        GenerateStockSummary(bundle, JobContext::Cover, shown, std::string_view("\0", 1));
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < summary.size();) {
+        const std::size_t end = std::min(summary.find('\0', start), summary.size());
+        lines.push_back(summary.substr(start, end - start));
+        start = end + 1;
+    }
+    if (stock.size() == CustomStockSize) { // else the size says it
+        lines.push_back(SizeText(stock));
+    }
+    if (!stock.comment().empty()) {
+        lines.push_back(bundle.localizedString("Stock Library Comment") + ' ' + stock.comment());
+    }
+    return lines;
+}
+
+// A stock's values are numbers, texts and booleans.
+Json JsonOf(const CFDictionary& stock)
+{
+    Json json = Json::object();
+    for (const auto& each : stock) {
+        if (const auto* number = each.value.get<std::int64_t>()) {
+            json[each.key] = *number;
+        } else if (const auto* text = each.value.get<std::string>()) {
+            json[each.key] = *text;
+        } else {
+            json[each.key] = stock.isTrue(each.key);
+        }
+    }
+    return json;
+}
+
+Json JsonOf(const PaperReport& paper)
+{
+    return {
+        {"uuid",   paper.uuid         },
+        {"name",   paper.name         },
+        {"status", paper.status       },
+        {"lines",  paper.lines        },
+        {"stock",  JsonOf(paper.stock)}
+    };
+}
+
+std::string Dump(const Json& json)
+{
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+} // namespace
+
+PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,
+                          const StockLibrary& entry)
+{
+    return {uuid, PaperName(entry), StatusWord(entry), LinesOf(bundle, entry.stock()),
+            entry.stock().asTicket()};
+}
+
+std::string PapersText(const std::vector<PaperReport>& papers)
+{
+    std::string text;
+    for (const PaperReport& paper : papers) {
+        text += WithoutControls(paper.name.empty() ? "(no name)" : paper.name);
+        text += paper.status == "not-in-use" ? "\n" : " (" + paper.status + ")\n";
+        text += "  " + WithoutControls(paper.uuid) + '\n';
+        for (const std::string& line : paper.lines) {
+            text += "  " + WithoutControls(line) + '\n';
+        }
+    }
+    return text;
+}
+
+std::string MatchesText(const std::vector<StockMatch>& matches)
+{
+    std::string text;
+    for (const StockMatch& match : matches) {
+        text += match.place + ": ";
+        text +=
+            match.paper ? WithoutControls(match.paper->name + " (" + match.paper->uuid + ')') : "-";
+        text += '\n';
+    }
+    return text;
+}
+
+std::string PapersJson(const std::vector<PaperReport>& papers)
+{
+    Json json = {
+        {"papers", Json::array()}
+    };
+    for (const PaperReport& paper : papers) {
+        json["papers"].push_back(JsonOf(paper));
+    }
+    return Dump(json);
+}
+
+std::string MatchesJson(const std::vector<StockMatch>& matches)
+{
+    Json json = {
+        {"stocks", Json::array()}
+    };
+    for (const StockMatch& match : matches) {
+        json["stocks"].push_back({
+            {"place", match.place                                       },
+            {"paper", match.paper ? JsonOf(*match.paper) : Json(nullptr)}
+        });
+    }
+    return Dump(json);
+}
+
+} // namespace tarvo

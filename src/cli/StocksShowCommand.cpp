@@ -1,0 +1,123 @@
+#include "cli/BundleLocation.h"
+#include "cli/Messages.h"
+#include "cli/OptionTable.h"
+#include "cli/StockPapers.h"
+#include "cli/StockReport.h"
+#include "cli/StocksCommand.h"
+#include "cli/TicketFile.h"
+#include "platform/bundle/CFBundle.h"
+#include "platform/printing/PMTicket.h"
+#include "records/TicketSpecialPages.h"
+#include "settings/TicketKeys.h"
+
+namespace tarvo {
+namespace {
+
+// A stock that the job says something of, and where.
+struct JobStock {
+    std::string place;
+    Stock stock;
+};
+
+void AddStock(std::vector<JobStock>& stocks, std::string place, const Stock& stock)
+{
+    if (stock != Stock()) { // else it is the job's, or the printer decides
+        stocks.push_back({std::move(place), stock});
+    }
+}
+
+void AddPages(std::vector<JobStock>& stocks, const std::string& kind, const SpecialPageList& pages)
+{
+    for (std::int32_t index = 0; index < pages.count(); ++index) {
+        AddStock(stocks, kind + ' ' + std::to_string(index + 1), pages.pageAtIndex(index)->stock());
+    }
+}
+
+std::vector<JobStock> StocksOfJob(const CFDictionary& settings)
+{
+    std::vector<JobStock> stocks;
+    if (const auto* job = settings.get<CFDictionary>(JobLevelStockKey)) {
+        AddStock(stocks, "job", Stock(*job));
+    }
+    const TicketSpecialPages pages = ReadSpecialPages(PMTicket(settings, PanelClient));
+    if (pages.frontCover) {
+        AddStock(stocks, "front-cover", pages.frontCover->stock());
+    }
+    if (pages.backCover) {
+        AddStock(stocks, "back-cover", pages.backCover->stock());
+    }
+    AddPages(stocks, "insert", pages.inserts);
+    AddPages(stocks, "exception", pages.exceptions);
+    return stocks;
+}
+
+std::vector<StockMatch> MatchStocks(const CFBundle& bundle, const StockLibraryList& list,
+                                    std::vector<JobStock> stocks)
+{
+    std::vector<StockMatch> matches;
+    for (JobStock& each : stocks) {
+        StockMatch match = {std::move(each.place), std::nullopt};
+        if (const std::string* uuid = list.findMatch(each.stock)) {
+            match.paper = DescribePaper(bundle, *uuid, *list.entry(*uuid));
+        }
+        matches.push_back(std::move(match));
+    }
+    return matches;
+}
+
+// Names the stocks that are no paper of the library.
+ExitStatus PrintUnmatched(const std::string& file, const std::vector<StockMatch>& matches)
+{
+    ExitStatus status = ExitStatus::Done;
+    for (const StockMatch& match : matches) {
+        if (!match.paper) {
+            PrintFileMessage(file, 0, match.place + ": the stock is not in the library");
+            status = ExitStatus::LeftOut;
+        }
+    }
+    return status;
+}
+
+} // namespace
+
+ExitStatus RunStocksList(const Arguments& arguments)
+{
+    const auto list = OpenUserLibrary();
+    if (!list) {
+        return ExitStatus::Failed;
+    }
+    const CFBundle bundle(BundleLocation(), UserLanguages());
+    std::vector<PaperReport> papers;
+    for (const auto& each : list->stockList()) {
+        if (const auto entry = list->entry(each.key)) {
+            papers.push_back(DescribePaper(bundle, each.key, *entry));
+        }
+    }
+    return PrintResult(arguments.has(JsonOption) ? PapersJson(papers) : PapersText(papers));
+}
+
+ExitStatus RunStocksMatch(const Arguments& arguments)
+{
+    const auto& files = arguments.values(TicketArguments);
+    if (files.size() != 1) {
+        return PrintWrongUse(files.empty() ? "no ticket is named"
+                                           : "more than one ticket is named");
+    }
+    ParseError error;
+    const auto ticket = ReadTicket(files.front(), error);
+    if (!ticket) {
+        PrintFileMessage(InputName(files.front()), error.line, error.reason);
+        return ExitStatus::Failed;
+    }
+    const auto list = OpenUserLibrary();
+    if (!list) {
+        return ExitStatus::Failed;
+    }
+    const CFBundle bundle(BundleLocation(), UserLanguages());
+    const auto matches = MatchStocks(bundle, *list, StocksOfJob(*ticket));
+    const ExitStatus printed =
+        PrintResult(arguments.has(JsonOption) ? MatchesJson(matches) : MatchesText(matches));
+    return Worse(printed, PrintUnmatched(InputName(files.front()), matches));
+}
+
+} // namespace tarvo
