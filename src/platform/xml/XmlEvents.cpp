@@ -64,6 +64,7 @@ private:
     XmlEvents& events_;
     std::unique_ptr<xmlParserCtxt, ParserDeleter> parser_;
     std::optional<ParseError> error_;
+    bool isAtEnd_ = false;
     std::vector<int> namespaces_; // that each open element declares
     int namespacesInAll_ = 0;
     std::string prefixed_;
@@ -145,16 +146,25 @@ bool XmlReading::run()
     return !error_;
 }
 
+// Fills all that the parser has room for: it takes less for the end of what it looks for, were it
+// in the middle of a mark.
 int XmlReading::read(char* bytes, std::size_t size)
 {
-    std::string reason;
-    const auto got = source_(bytes, size, reason);
-    if (!got) {
-        note(ParseError{0, "cannot read: " + reason});
-    } else if (!(*got == 0 ? walk_.end() : walk_.take({bytes, *got}))) {
-        note(*walk_.error());
+    std::size_t filled = 0;
+    while (!error_ && !isAtEnd_ && filled < size) {
+        std::string reason;
+        const auto got = source_(bytes + filled, size - filled, reason);
+        if (!got) {
+            note(ParseError{0, "cannot read: " + reason});
+            break;
+        }
+        isAtEnd_ = *got == 0;
+        if (!(isAtEnd_ ? walk_.end() : walk_.take({bytes + filled, *got}))) {
+            note(*walk_.error());
+        }
+        filled += *got;
     }
-    return error_ ? -1 : static_cast<int>(*got);
+    return error_ ? -1 : static_cast<int>(filled);
 }
 
 void XmlReading::startElement(const xmlChar* name, const xmlChar* prefix, bool isDeclared,
