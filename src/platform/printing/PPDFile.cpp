@@ -3,6 +3,7 @@
 #include "platform/bundle/CFBundle.h"
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileContents.h"
+#include "platform/printing/CupsLibrary.h"
 #include "platform/printing/PMPrintSession.h"
 #include "platform/printing/PPDInput.h"
 #include "platform/printing/PPDText.h"
@@ -11,7 +12,6 @@
 
 #include <cups/ppd.h>
 
-#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -28,8 +28,7 @@
 namespace tarvo {
 namespace {
 
-// The library's functions, found when the first file is opened: naming the library at link time
-// would cost every start of a program some 5 ms.
+// The library's functions, found when the first file is opened.
 struct Reader {
     decltype(&ppdOpenFd) openFd = nullptr;
     decltype(&ppdClose) close = nullptr;
@@ -39,26 +38,16 @@ struct Reader {
     decltype(&ppdFindNextAttr) findNextAttribute = nullptr;
 };
 
-template <typename Function>
-bool Find(void* library, const char* name, Function& function)
-{
-    function = reinterpret_cast<Function>(dlsym(library, name));
-    return function != nullptr;
-}
-
-// Null when the library or one of the functions is missing. It stays loaded.
+// Null when one of the functions is missing.
 const Reader* LoadReader()
 {
     static Reader reader;
-    static const bool loaded = [] {
-        void* library = dlopen("libcups.so.2", RTLD_LAZY | RTLD_LOCAL);
-        return library != nullptr && Find(library, "ppdOpenFd", reader.openFd) &&
-               Find(library, "ppdClose", reader.close) &&
-               Find(library, "ppdLastError", reader.lastError) &&
-               Find(library, "ppdFindCustomOption", reader.findCustomOption) &&
-               Find(library, "ppdFindAttr", reader.findAttribute) &&
-               Find(library, "ppdFindNextAttr", reader.findNextAttribute);
-    }();
+    static const bool loaded = FindCupsFunction("ppdOpenFd", reader.openFd) &&
+                               FindCupsFunction("ppdClose", reader.close) &&
+                               FindCupsFunction("ppdLastError", reader.lastError) &&
+                               FindCupsFunction("ppdFindCustomOption", reader.findCustomOption) &&
+                               FindCupsFunction("ppdFindAttr", reader.findAttribute) &&
+                               FindCupsFunction("ppdFindNextAttr", reader.findNextAttribute);
     return loaded ? &reader : nullptr;
 }
 
@@ -362,7 +351,7 @@ std::optional<PPDFile> PPDFile::ReadFrom(const Descriptor& descriptor,
 {
     const Reader* reader = LoadReader();
     if (reader == nullptr) {
-        error.reason = "the printing system's library, libcups.so.2, is missing";
+        error.reason = CupsLibraryMissing;
         return std::nullopt;
     }
     const OpenFile opened = OpenWithReader(descriptor, *reader, error);
