@@ -12,17 +12,37 @@
 
 #include <cstdio>
 #include <memory>
+#include <mutex>
 
 namespace tarvo {
 namespace {
 
-struct Printer {
+class Printer {
+public:
+    /// The right answer. It is kept for the next client who asks the same, so that what is measured
+    /// with many media is the client.
+    std::optional<std::string> replyTo(const std::string& request)
+    {
+        const std::lock_guard lock(mutex_);
+        if (request != request_ || !reply_) {
+            reply_ = MediaReplyTo(request, media, repeat);
+            request_ = request;
+        }
+        return reply_;
+    }
+
+    // As ordered; not changed once it serves.
     std::vector<DemoMedium> media;
     std::size_t repeat = 1;
     const Misbehaviour* misbehaviour = nullptr; // null: none
+
+private:
+    std::mutex mutex_;
+    std::string request_;
+    std::optional<std::string> reply_;
 };
 
-void Serve(Connection& connection, const Printer& printer)
+void Serve(Connection& connection, Printer& printer)
 {
     const Misbehaviour* misbehaviour = printer.misbehaviour;
     if (misbehaviour != nullptr && misbehaviour->beforeRequest) {
@@ -33,7 +53,7 @@ void Serve(Connection& connection, const Printer& printer)
     if (!request) {
         return;
     }
-    const auto reply = MediaReplyTo(*request, printer.media, printer.repeat);
+    const auto reply = printer.replyTo(*request);
     if (!reply) {
         connection.sendAnswer("400 Bad Request", "text/plain", "");
     } else if (misbehaviour != nullptr) {
@@ -62,7 +82,7 @@ int Bind(std::uint16_t& port)
     return listener;
 }
 
-[[noreturn]] void ServeAll(int listener, const std::shared_ptr<const Printer>& printer)
+[[noreturn]] void ServeAll(int listener, const std::shared_ptr<Printer>& printer)
 {
     for (;;) {
         const int client = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
@@ -73,7 +93,7 @@ int Bind(std::uint16_t& port)
     }
 }
 
-int Run(std::uint16_t port, const std::shared_ptr<const Printer>& printer)
+int Run(std::uint16_t port, const std::shared_ptr<Printer>& printer)
 {
     const int listener = Bind(port);
     const bool refuses = printer->misbehaviour != nullptr && printer->misbehaviour->act == nullptr;

@@ -11,7 +11,7 @@ namespace tarvo {
 /// those of examples/press.media.
 class DemoPrinter {
 public:
-    static constexpr std::size_t MediaCount = 7;
+    static constexpr std::size_t MediaCount = 10;
 
     /// @param arguments  such as {"--misbehave", "silent"}
     explicit DemoPrinter(const std::vector<std::string>& arguments);

@@ -138,7 +138,8 @@ TEST_F(StockThread, BringsThePrintersStocksAndKeepsThemForTheSamePrinter)
     EXPECT_EQ(nextEvent(), FourCharCode("TbdC"));
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::Complete);
     EXPECT_THAT(names(), ElementsAre("Plain A4", "Gloss brochure", "Blue tabs", "Letterhead",
-                                     "Recycled, punched", "Overhead", "Window envelope"));
+                                     "Recycled, punched", "Overhead", "Window envelope", "Labels",
+                                     "Heavy cover", "Sequence of carbonless sets"));
     const Stock tabs = PrinterStocks()->at(2);
     EXPECT_EQ(tabs.size(), 5); // A3 is the first that is 297 mm wide
     EXPECT_EQ(tabs.type(), 4);
