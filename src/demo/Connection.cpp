@@ -31,7 +31,7 @@ Connection::~Connection()
     close(socket_);
 }
 
-bool Connection::receive(std::string& bytes)
+bool Connection::receive(std::string& bytes) const
 {
     std::array<char, 4096> piece;
     const ssize_t count = recv(socket_, piece.data(), piece.size(), 0);
@@ -39,7 +39,7 @@ bool Connection::receive(std::string& bytes)
     return count > 0;
 }
 
-std::optional<std::string> Connection::readRequest()
+std::optional<std::string> Connection::readRequest() const
 {
     constexpr std::string_view EndOfHead = "\r\n\r\n";
     std::string bytes;
@@ -65,7 +65,7 @@ std::optional<std::string> Connection::readRequest()
     return body;
 }
 
-bool Connection::send(std::string_view bytes)
+bool Connection::send(std::string_view bytes) const
 {
     while (!bytes.empty()) {
         const ssize_t count = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -77,7 +77,7 @@ bool Connection::send(std::string_view bytes)
     return true;
 }
 
-bool Connection::sendHead(std::string_view status, std::string_view type, std::size_t length)
+bool Connection::sendHead(std::string_view status, std::string_view type, std::size_t length) const
 {
     std::string head = "HTTP/1.1 ";
     head.append(status).append("\r\nContent-Type: ").append(type);
@@ -85,12 +85,13 @@ bool Connection::sendHead(std::string_view status, std::string_view type, std::s
     return send(head.append("\r\nConnection: close\r\n\r\n"));
 }
 
-bool Connection::sendAnswer(std::string_view status, std::string_view type, std::string_view body)
+bool Connection::sendAnswer(std::string_view status, std::string_view type,
+                            std::string_view body) const
 {
     return sendHead(status, type, body.size()) && send(body);
 }
 
-void Connection::awaitHangUp()
+void Connection::awaitHangUp() const
 {
     std::string ignored;
     while (receive(ignored)) {

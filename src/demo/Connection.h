@@ -17,19 +17,19 @@ public:
 
     /// Reads a request with its body. A client that waits for leave to send is given it.
     /// @return the body; nullopt when the client hangs up
-    std::optional<std::string> readRequest();
+    std::optional<std::string> readRequest() const;
 
     /// @return false when the client has hung up
-    bool send(std::string_view bytes);
+    bool send(std::string_view bytes) const;
     /// A line of status, the length and the body.
-    bool sendAnswer(std::string_view status, std::string_view type, std::string_view body);
+    bool sendAnswer(std::string_view status, std::string_view type, std::string_view body) const;
     /// The same before the body, with any length.
-    bool sendHead(std::string_view status, std::string_view type, std::size_t length);
+    bool sendHead(std::string_view status, std::string_view type, std::size_t length) const;
     /// Does nothing until the client hangs up.
-    void awaitHangUp();
+    void awaitHangUp() const;
 
 private:
-    bool receive(std::string& bytes);
+    bool receive(std::string& bytes) const;
 
     int socket_;
 };

@@ -11,6 +11,7 @@
 #include <sys/socket.h>
 
 #include <cstdio>
+#include <exception>
 #include <memory>
 #include <mutex>
 
@@ -42,7 +43,7 @@ private:
     std::optional<std::string> reply_;
 };
 
-void Serve(Connection& connection, Printer& printer)
+void Serve(const Connection& connection, Printer& printer)
 {
     const Misbehaviour* misbehaviour = printer.misbehaviour;
     if (misbehaviour != nullptr && misbehaviour->beforeRequest) {
@@ -103,18 +104,16 @@ int Run(std::uint16_t port, const std::shared_ptr<Printer>& printer)
     }
     std::printf("127.0.0.1:%u\n", static_cast<unsigned>(port));
     std::fflush(stdout);
-    while (refuses) {
+    if (!refuses) {
+        ServeAll(listener, printer);
+    }
+    for (;;) {
         pause();
     }
-    ServeAll(listener, printer);
 }
 
-} // namespace
-} // namespace tarvo
-
-int main(int argc, char** argv)
+int RunAsOrdered(int argc, char** argv)
 {
-    using namespace tarvo;
     CLI::App app("A demonstration printer. Prints host and port once it can be reached.",
                  "tarvo-demo-printer");
     std::uint16_t port = 0;
@@ -136,4 +135,17 @@ int main(int argc, char** argv)
     }
     printer->media = std::move(*media);
     return Run(port, printer);
+}
+
+} // namespace
+} // namespace tarvo
+
+int main(int argc, char** argv)
+{
+    try {
+        return tarvo::RunAsOrdered(argc, argv);
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "tarvo-demo-printer: %s\n", fault.what());
+        return 1;
+    }
 }

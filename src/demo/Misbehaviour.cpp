@@ -45,25 +45,25 @@ void AddMember(std::string& bytes, std::string_view name, int tag, std::string_v
     AddValue(bytes, tag, "", value);
 }
 
-void SendReply(Connection& connection, std::string bytes)
+void SendReply(const Connection& connection, std::string bytes)
 {
     bytes += EndOfAttributes;
     connection.sendAnswer(OkLine, IppType, bytes);
 }
 
-void StaySilent(Connection& connection, std::string_view /*reply*/)
+void StaySilent(const Connection& connection, std::string_view /*reply*/)
 {
     connection.awaitHangUp();
 }
 
-void Stall(Connection& connection, std::string_view reply)
+void Stall(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, reply.size());
     connection.send(reply.substr(0, reply.size() / 2));
     connection.awaitHangUp();
 }
 
-void Drip(Connection& connection, std::string_view reply)
+void Drip(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, reply.size());
     for (const char byte : reply) {
@@ -74,7 +74,7 @@ void Drip(Connection& connection, std::string_view reply)
     }
 }
 
-void DripHead(Connection& connection, std::string_view /*reply*/)
+void DripHead(const Connection& connection, std::string_view /*reply*/)
 {
     connection.send("HTTP/1.1 200 OK\r\n");
     do {
@@ -82,40 +82,40 @@ void DripHead(Connection& connection, std::string_view /*reply*/)
     } while (connection.send("X-Padding: x\r\n"));
 }
 
-void Continue(Connection& connection, std::string_view /*reply*/)
+void Continue(const Connection& connection, std::string_view /*reply*/)
 {
     do {
         std::this_thread::sleep_for(DripDelay);
     } while (connection.send("HTTP/1.1 100 Continue\r\n\r\n"));
 }
 
-void PromiseMore(Connection& connection, std::string_view reply)
+void PromiseMore(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, reply.size() * 2);
     connection.send(reply);
     connection.awaitHangUp();
 }
 
-void PromiseLess(Connection& connection, std::string_view reply)
+void PromiseLess(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, reply.size() / 2);
     connection.send(reply);
 }
 
-void PromiseTooMuch(Connection& connection, std::string_view reply)
+void PromiseTooMuch(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, std::size_t{3'000'000'000});
     connection.send(reply);
     connection.awaitHangUp();
 }
 
-void Cut(Connection& connection, std::string_view reply)
+void Cut(const Connection& connection, std::string_view reply)
 {
     connection.sendHead(OkLine, IppType, reply.size());
     connection.send(reply.substr(0, reply.size() / 2));
 }
 
-void Endless(Connection& connection, std::string_view reply)
+void Endless(const Connection& connection, std::string_view reply)
 {
     std::string bytes = "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\n\r\n";
     bytes += reply;
@@ -124,7 +124,7 @@ void Endless(Connection& connection, std::string_view reply)
     }
 }
 
-void Garbage(Connection& connection, std::string_view /*reply*/)
+void Garbage(const Connection& connection, std::string_view /*reply*/)
 {
     std::string bytes;
     for (unsigned number = 1; bytes.size() < 10'000; number = number * 1'664'525 + 1'013'904'223) {
@@ -134,13 +134,13 @@ void Garbage(Connection& connection, std::string_view /*reply*/)
     connection.awaitHangUp();
 }
 
-void Html(Connection& connection, std::string_view /*reply*/)
+void Html(const Connection& connection, std::string_view /*reply*/)
 {
     connection.sendAnswer(OkLine, "text/html", "<!DOCTYPE html><title>Welcome</title>");
 }
 
 template <int Code>
-void HttpError(Connection& connection, std::string_view reply)
+void HttpError(const Connection& connection, std::string_view reply)
 {
     const std::string line = std::to_string(Code) + " No";
     if (Code == 401) {
@@ -151,14 +151,14 @@ void HttpError(Connection& connection, std::string_view reply)
     connection.sendAnswer(line, IppType, reply);
 }
 
-void WrongIdentifier(Connection& connection, std::string_view reply)
+void WrongIdentifier(const Connection& connection, std::string_view reply)
 {
     std::string bytes(reply);
     ++bytes[7]; // the last byte of the number
     connection.sendAnswer(OkLine, IppType, bytes);
 }
 
-void Nested(Connection& connection, std::string_view reply)
+void Nested(const Connection& connection, std::string_view reply)
 {
     constexpr int Levels = 20'000;
     std::string bytes = ReplyHead(reply);
@@ -172,7 +172,7 @@ void Nested(Connection& connection, std::string_view reply)
     SendReply(connection, std::move(bytes));
 }
 
-void Million(Connection& connection, std::string_view reply)
+void Million(const Connection& connection, std::string_view reply)
 {
     std::string medium;
     AddMember(medium, "media-key", Keyword, "m");
@@ -186,7 +186,7 @@ void Million(Connection& connection, std::string_view reply)
 }
 
 // One medium with these members.
-void SendMedium(Connection& connection, std::string_view reply, std::string_view members)
+void SendMedium(const Connection& connection, std::string_view reply, std::string_view members)
 {
     std::string bytes = ReplyHead(reply);
     AddValue(bytes, BeginCollection, Database, "");
@@ -195,7 +195,7 @@ void SendMedium(Connection& connection, std::string_view reply, std::string_view
     SendReply(connection, std::move(bytes));
 }
 
-void LongTexts(Connection& connection, std::string_view reply)
+void LongTexts(const Connection& connection, std::string_view reply)
 {
     std::string members;
     for (const char* name : {"media-key", "media-description", "media-info"}) {
@@ -204,7 +204,7 @@ void LongTexts(Connection& connection, std::string_view reply)
     SendMedium(connection, reply, members);
 }
 
-void Negative(Connection& connection, std::string_view reply)
+void Negative(const Connection& connection, std::string_view reply)
 {
     constexpr std::string_view MinusOne = "\xFF\xFF\xFF\xFF";
     std::string members;
@@ -217,7 +217,7 @@ void Negative(Connection& connection, std::string_view reply)
     SendMedium(connection, reply, members);
 }
 
-void ControlCharacters(Connection& connection, std::string_view reply)
+void ControlCharacters(const Connection& connection, std::string_view reply)
 {
     std::string members;
     AddMember(members, "media-key", Keyword, "a\x1B[31m\r\nb\xFF");

@@ -16,7 +16,7 @@ struct Misbehaviour {
     std::string_view description;
     /// Deals with a client, given the answer that would be right; null when there is nothing to do
     /// because nobody can connect.
-    void (*act)(Connection& connection, std::string_view reply);
+    void (*act)(const Connection& connection, std::string_view reply);
     bool beforeRequest; // acts without reading one
 };
 

@@ -37,7 +37,7 @@ void RunLoop::stop()
     g_main_context_wakeup(context());
 }
 
-bool RunLoop::turn()
+bool RunLoop::turn() const
 {
     return g_main_context_iteration(context(), FALSE) != FALSE;
 }

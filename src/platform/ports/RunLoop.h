@@ -3,7 +3,7 @@
 #include <atomic>
 #include <memory>
 
-using GMainContext = struct _GMainContext;
+using GMainContext = struct _GMainContext; // NOLINT(bugprone-reserved-identifier): GLib's
 
 namespace tarvo {
 
@@ -21,7 +21,7 @@ public:
     /// Ends run() once the handler that is at work returns; from any thread.
     void stop();
     /// Delivers what is waiting. @return whether there was anything
-    bool turn();
+    bool turn() const;
 
     GMainContext* context() const { return context_.get(); }
 
