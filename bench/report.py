@@ -3,6 +3,7 @@
 import json
 import os
 import platform
+import re
 import sys
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
@@ -10,7 +11,7 @@ NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 def results(path, aggregate):
     """name -> (nanoseconds, bytes per second or None, bytes of memory or None); the time of the
-    processor, but of the clock where another program is run"""
+    processor, but of the clock where another program or thread has a share"""
     with open(path, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
     result = {}
@@ -18,10 +19,10 @@ def results(path, aggregate):
         if row.get("error_occurred"):
             sys.exit(f"{row['run_name']}: {row['error_message']}")
         if row.get("aggregate_name") == aggregate:
-            is_process = row["run_name"].endswith("/real_time")
-            name = row["run_name"].removesuffix("/real_time")
+            name, is_of_clock = re.subn(r"(/iterations:\d+)?/(real|manual)_time$", "",
+                                        row["run_name"])
             result[name] = (
-                row["real_time" if is_process else "cpu_time"] * NANOSECONDS[row["time_unit"]],
+                row["real_time" if is_of_clock else "cpu_time"] * NANOSECONDS[row["time_unit"]],
                 row.get("bytes_per_second"),
                 row.get("peak"),
             )
@@ -131,6 +132,30 @@ def main():
             for name in ("parse", "load", "match", "add", "menu", "printer's list"))
         print(f"| {count:,} | {time(parse)} | {time(load)} | {load / parse:.2f} | at most 1.3 | {time(match)} "
               f"| at most 5 us | {time(add)} | {time(menu)} | {time(printer)} |")
+
+    print("\n## Stocks of a printer\n")
+    print("Asking a printer of the same machine, beside `cupsDoFileRequest` with the same reply,")
+    print("which makes no stocks of it.\n")
+    print("| media | fetch | cupsDoFileRequest | ratio | wanted | longest turn of the main context "
+          "| wanted |")
+    print("|---|---|---|---|---|---|---|")
+    for media in (500, 5000, 20000, 50000):
+        ours = rows[f"fetch stocks/{media}"][0]
+        theirs = rows.get(f"cupsDoFileRequest/{media}")
+        turn = rows.get(f"longest turn of the main context/{media}")
+        print(f"| {media:,} | {time(ours)} "
+              f"| {time(theirs[0]) if theirs else ''} "
+              f"| {format(ours / theirs[0], '.3f') if theirs else ''} "
+              f"| {'at most 0.125' if theirs else ''} "
+              f"| {time(turn[0]) if turn else ''} | {'below 8 ms' if turn else ''} |")
+    growth = rows["fetch stocks/50000"][0] / rows["fetch stocks/5000"][0]
+    print(f"\nTen times the media take {growth:.1f} times the time.\n")
+    print("Closing the dialog while the worker waits:\n")
+    print("| printer | close | wanted | worker gone | wanted |")
+    print("|---|---|---|---|---|")
+    for name in ("silent", "drip"):
+        print(f"| {name} | {time(rows['close/' + name][0])} | within 100 ms "
+              f"| {time(rows['worker gone/' + name][0])} | within 1 s |")
 
     print("\n## Start of the command line\n")
     print("| | time |")
