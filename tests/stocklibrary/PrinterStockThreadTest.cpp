@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -336,6 +337,23 @@ TEST_F(StockThread, EndsWhereverTheRetrievalIs)
             EXPECT_TRUE(events_.empty());
         }
     }
+}
+
+// An application that quits does not ask its dialogs to close.
+TEST(StockThreadDeathTest, LetsTheProcessEndWhileAPrinterIsSilent)
+{
+    const DemoPrinter printer({"--misbehave", "silent"});
+    const auto before = Clock::now();
+    const auto quit = [&printer] {
+        MySpawnThread(Identifier, printer.authority(), 0);
+        const RunLoop loop = RunLoop::Current();
+        for (const auto start = Clock::now(); Clock::now() - start < milliseconds(200);) {
+            loop.turn();
+        }
+        std::exit(CurrentPrinterStockStatus() == PrinterStockStatus::InProgress ? 0 : 1);
+    };
+    EXPECT_EXIT(quit(), testing::ExitedWithCode(0), "");
+    EXPECT_LT(Clock::now() - before, Hang);
 }
 
 TEST(RetrievePrinterStocks, FailsWithoutAHost)
