@@ -132,13 +132,15 @@ Json JsonOf(const CFArray& array)
     return json;
 }
 
+// Appended without a look whether the key is there: it is not, and a look walks all before it.
 Json JsonOf(const CFDictionary& dictionary)
 {
-    Json json = Json::object();
+    Json::object_t members;
+    members.reserve(dictionary.size());
     for (const auto& [key, value] : dictionary) {
-        json[key] = JsonOf(value);
+        members.emplace_back(key, JsonOf(value));
     }
-    return json;
+    return members;
 }
 
 Json JsonOf(const CFPropertyList& value)

@@ -76,6 +76,21 @@ class HostileTickets(ProgramTest):
                 self.assertIn(message, result.stderr)
                 self.assertLess(len(result.stderr), 4096)
 
+    def test_a_stock_of_many_entries_is_shown_soon(self):
+        stock = plistlib.dumps({"com.tarvo.print.JobLevelStock": dict.fromkeys(map(str, range(300000)), 1)})
+        before = resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime
+        result = self.run_program("show", "--json", "-", input=stock)
+        self.assertLess(resource.getrusage(resource.RUSAGE_CHILDREN).ru_utime - before, CpuSeconds)
+        self.assertEqual((result.returncode, result.stderr), (0, b""))
+
+    def test_wrong_types_everywhere_are_shown(self):
+        for value in Values:
+            for ticket in EveryKey(value):
+                for words in ((), ("--json",)):
+                    with self.subTest(value, words=words):
+                        result = self.run_program("show", "--pages", "9", *words, "-", input=ticket)
+                        self.assertEqual((result.returncode, result.stderr), (0, b""))
+
     def test_wrong_types_everywhere_still_give_a_document(self):
         for value in Values:
             for ticket in EveryKey(value):
