@@ -20,6 +20,9 @@ std::int32_t PagesPerSheet(std::int32_t sides)
 // together, a size and its measures or a type and its name, comes together.
 Stock StockInJob(const Stock& page, const Stock& job)
 {
+    if (page == Stock()) {
+        return job;
+    }
     Stock stock(page);
     if (page.customNameOnly()) {
         return stock;
@@ -145,16 +148,16 @@ std::int32_t Planner::addStretchFrom(std::int32_t page)
     return last;
 }
 
-// Names what comes after the last page.
+// Names the inserts after the last page, and the exception pages outside the job's.
 void Planner::leaveOutRest()
 {
     for (; insert_ < special_.inserts.count(); ++insert_) {
         const Insert& insert = *special_.inserts.pageAtIndex(insert_);
         plan_.unplanned.push_back({SheetKind::Inserts, insert.startPage(), insert.startPage()});
     }
-    for (; exception_ < special_.exceptions.count(); ++exception_) {
-        const ExceptionPage& exception = *special_.exceptions.pageAtIndex(exception_);
-        if (exception.startPage() > job_.pages || job_.isBooklet) {
+    for (std::int32_t index = 0; index < special_.exceptions.count(); ++index) {
+        const ExceptionPage& exception = *special_.exceptions.pageAtIndex(index);
+        if (exception.endPage() < 1 || exception.startPage() > job_.pages || job_.isBooklet) {
             plan_.unplanned.push_back(
                 {SheetKind::Pages, exception.startPage(), exception.endPage()});
         }

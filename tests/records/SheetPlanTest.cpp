@@ -130,15 +130,16 @@ TEST(SheetPlan, GoesOnWithinASheetWhereAnExceptionChangesNeither)
     EXPECT_EQ(TextOf(PlanSheets(Job(6, TwoSidedLongEdge), special)), "1-3 P1-6 w");
 }
 
-TEST(SheetPlan, NamesWhatComesAfterTheLastPage)
+TEST(SheetPlan, NamesWhatLiesOutsideThePages)
 {
     TicketSpecialPages special;
     AddInsert(special, 4, 1);
     AddInsert(special, 9, 1);
+    AddException(special, -2, 0, UnsetValue, Yellow);
     AddException(special, 3, 8, UnsetValue, Yellow);
     AddException(special, 9, 10, UnsetValue, Yellow);
     EXPECT_EQ(TextOf(PlanSheets(Job(5, OneSided), special)),
-              "1-2 P1-2 w; 3-4 P3-4 y; 5 I4 b; 6 P5-5 y; !I9-9; !P9-10");
+              "1-2 P1-2 w; 3-4 P3-4 y; 5 I4 b; 6 P5-5 y; !I9-9; !P-2-0; !P9-10");
 }
 
 TEST(SheetPlan, PutsABookletRoundAndIntoOneCover)
@@ -168,6 +169,17 @@ TEST(SheetPlan, TakesWhatAPageLeavesOpenFromTheJob)
     EXPECT_EQ(cover.size(), 4);
     EXPECT_EQ(cover.color(), White);
     EXPECT_EQ(cover.customType(), "Vellum");
+}
+
+TEST(SheetPlan, PrintsAPageWithoutAStockOnTheJobsOwn)
+{
+    TicketSpecialPages special;
+    special.frontCover = CoverWith(1);
+    auto job = Job(1, OneSided);
+    job.stock.setCustomName("Creme 120");
+    job.stock.setCustomNameOnly(true);
+    job.stock.setDescription("shelf 7");
+    EXPECT_EQ(PlanSheets(job, special).sheets.front().stock, job.stock);
 }
 
 // The rule page by page.
