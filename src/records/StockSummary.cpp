@@ -87,8 +87,9 @@ std::string TypeText(const SummaryLines& lines, const Stock& stock)
 
 std::string WeightText(const SummaryLines& lines, const Stock& stock)
 {
-    return stock.weight() == UnsetValue ? lines.text("PrinterDefault")
-                                        : std::to_string(stock.weight()) + " gsm";
+    return stock.weight() == UnsetValue
+               ? lines.text("PrinterDefault")
+               : std::to_string(stock.weight()) + ' ' + lines.text("StockWeightUnit");
 }
 
 void AddAttributes(SummaryLines& lines, const Stock& stock)
@@ -113,6 +114,21 @@ void AddAttributes(SummaryLines& lines, const Stock& stock)
     if (!stock.description().empty() || lines.isForJob()) {
         lines.add("StockDescription",
                   stock.description().empty() ? lines.text("PrinterDefault") : stock.description());
+    }
+}
+
+// What goes without saying, or has no word, leaves no separator behind.
+void AddWords(std::string& words, std::string_view more)
+{
+    words += words.empty() || more.empty() ? "" : ", ";
+    words += more;
+}
+
+void AddWords(std::string& words, const CFBundle& bundle, const SettingMap* map, std::int32_t value)
+{
+    const char* key = LocalizedKeyForTicketValue(map, value);
+    if (value != UnsetValue && key != nullptr) {
+        AddWords(words, bundle.localizedString(key));
     }
 }
 
@@ -152,6 +168,21 @@ std::string StockSizeText(const CFBundle& bundle, const Stock& stock)
     return text;
 }
 
+std::string StockSurfaceText(const CFBundle& bundle, const Stock& stock)
+{
+    std::string text;
+    if (stock.customNameOnly()) {
+        return text;
+    }
+    if (stock.sidesCoated() == CoatedOnOneSide || stock.sidesCoated() == CoatedOnBothSides) {
+        AddWords(text, bundle, CoatingTypeMap, stock.coatingType());
+    }
+    AddWords(text, bundle, SidesCoatedMap, stock.sidesCoated());
+    AddWords(text, bundle, FinishMap, stock.finish());
+    AddWords(text, bundle, GrainMap, stock.grain());
+    return text;
+}
+
 std::string StockWords(const CFBundle& bundle, const Stock& stock)
 {
     Stock told(stock);
@@ -159,9 +190,10 @@ std::string StockWords(const CFBundle& bundle, const Stock& stock)
         told.setPunched(UnsetValue);
     }
     told.setSize(UnsetValue);
-    const std::string size = stock.customNameOnly() ? "" : StockSizeText(bundle, stock);
-    const std::string rest = LinesOf(bundle, JobContext::ExceptionPage, told).values(", ");
-    return size.empty() || rest.empty() ? size + rest : size + ", " + rest;
+    std::string words = stock.customNameOnly() ? "" : StockSizeText(bundle, stock);
+    AddWords(words, LinesOf(bundle, JobContext::ExceptionPage, told).values(", "));
+    AddWords(words, StockSurfaceText(bundle, stock));
+    return words;
 }
 
 std::string StockSummaryText(const CFBundle& bundle, JobContext context, const Stock* stock)

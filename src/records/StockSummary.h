@@ -23,8 +23,14 @@ std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, con
 /// @return "" when it is unset
 std::string StockSizeText(const CFBundle& bundle, const Stock& stock);
 
-/// What the stock is in one phrase, "Letter (8.5 x 11 in), Blue, 90 gsm": the values of the summary
-/// of a page's stock without their labels. That a stock is not punched goes without saying.
+/// Coating, finish and grain, which no summary has: "Gloss, Coated on One Side, Smooth, Long Grain".
+/// A value without a word is left out.
+/// @return "" when none is set, and when the name alone tells the stock
+std::string StockSurfaceText(const CFBundle& bundle, const Stock& stock);
+
+/// What the stock is in one phrase, "Letter (8.5 x 11 in), Blue, 90 gsm, Uncoated": the values of
+/// the summary of a page's stock without their labels, then coating, finish and grain. That a stock
+/// is not punched goes without saying.
 /// @return "" when nothing else is set
 std::string StockWords(const CFBundle& bundle, const Stock& stock);
 

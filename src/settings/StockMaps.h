@@ -164,6 +164,8 @@ inline constexpr SettingMap WeightMap[] = {
     {nullptr,           0,          0},
 };
 
+inline constexpr std::int32_t CoatedOnOneSide = 2;
+inline constexpr std::int32_t CoatedOnBothSides = 3;
 inline constexpr SettingMap SidesCoatedMap[] = {
     {"PrinterDefault", UnsetValue, 0},
     {"Uncoated",       1,          0},

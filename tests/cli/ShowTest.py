@@ -47,6 +47,7 @@ class Show(ProgramTest):
 
     def test_it_speaks_the_users_language(self):
         text = self.show(Job, "--pages", "2", env={**os.environ, "LANGUAGE": "de"})
+        self.assertIn("    Flächengewicht: 80 g/m²\n", text)
         self.assertIn("    2 Klammern, links oder oben\n", text)
         self.assertIn("Bogen 2: Seiten 1-2, ", text)
 

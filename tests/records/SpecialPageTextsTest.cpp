@@ -14,7 +14,8 @@ const CFBundle& Bundle()
         {"SpecialPageSummaryFront", "SpecialPageSummaryBack", "SpecialPageSummaryBefore1",
          "SpecialPageSummaryCover", "SpecialPageSummaryInsert", "SpecialPageSummaryException",
          "CoverBlankorPreprinted", "CoverPrintSide2", "InsertSummaryQuantity", "Duplex",
-         "ImageShift", "MirrorX", "StockColor", "StockColorBlue", "StockWeight"});
+         "ImageShift", "MirrorX", "StockColor", "StockColorBlue", "StockWeight",
+         "StockWeightUnit"});
     return bundle;
 }
 
@@ -52,7 +53,7 @@ TEST(SpecialPageTexts, TellWhatIsSetAndNoMore)
         {"cover on a stock of its own",
             CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 3}}, {{"Color", 2}, {"Weight", 90}}), CoverPlace::Back),
             "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>",
-            "<CoverPrintSide2>;  <StockColor>:<StockColorBlue>, <StockWeight>:90 gsm"},
+            "<CoverPrintSide2>;  <StockColor>:<StockColorBlue>, <StockWeight>:90 <StockWeightUnit>"},
         {"sides that covers do not have",
             CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 5}}), CoverPlace::Back),
             "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>", "STRING NOT FOUND"},

@@ -13,10 +13,13 @@ namespace {
 
 const CFBundle& Bundle()
 {
-    static const CFBundle bundle = EchoBundle(
-        {"StockName", "StockSize", "StockColor", "StockType", "StockPunched", "StockWeight",
-         "StockDescription", "PrinterDefault", "UseJobSetting", "StockColorBlue", "StockTypePlain",
-         "StockTypePrecutTab", "StockPunchedYes", "Custom", "StockSize223x297", "Labels"});
+    static const CFBundle bundle =
+        EchoBundle({"StockName",       "StockSize",      "StockColor",       "StockType",
+                    "StockPunched",    "StockWeight",    "StockDescription", "PrinterDefault",
+                    "UseJobSetting",   "StockColorBlue", "StockTypePlain",   "StockTypePrecutTab",
+                    "StockPunchedYes", "Custom",         "StockSize223x297", "Labels",
+                    "StockWeightUnit", "Uncoated",       "One Sided",        "Two Sided",
+                    "Gloss",           "Matte",          "Smooth",           "Short"});
     return bundle;
 }
 
@@ -41,7 +44,7 @@ constexpr SummaryCase SummaryCases[] = {
         "Description=thick Weight=75 Punched=2 Type=1 Color=2 Size=75 CustomName=Mine "
         "SidesCoated=2 Finish=1 kGrain=1 CustomComment=never",
         "<StockName>:Mine; <StockSize>:<Custom>; <StockColor>:<StockColorBlue>; "
-        "<StockType>:<StockTypePlain>; <StockPunched>:<StockPunchedYes>; <StockWeight>:75 gsm; "
+        "<StockType>:<StockTypePlain>; <StockPunched>:<StockPunchedYes>; <StockWeight>:75 <StockWeightUnit>; "
         "<StockDescription>:thick"},
     {"the name alone", Job, "CustomName=Mine CustomNameOnly=true Color=2", "<StockName>:Mine"},
     {"not even a name", Job, "CustomNameOnly=true Color=2", ""},
@@ -65,6 +68,32 @@ TEST(StockSummary, HasALineForWhatIsSet)
         const Stock stock = StockOf(row.stock);
         EXPECT_EQ(GenerateStockSummary(Bundle(), row.context, stock, "; "), row.summary)
             << row.name;
+    }
+}
+
+struct WordsCase {
+    const char* name;
+    const char* stock;
+    const char* words;
+};
+
+// clang-format off
+constexpr WordsCase WordsCases[] = {
+    {"nothing set",            "", ""},
+    {"not punched",            "Punched=1", ""},
+    {"all, in order",          "Size=75 Width=21000 Length=59400 Color=2 Weight=90 SidesCoated=3 kCoatingType=5 Finish=1 kGrain=2",
+        "<Custom>, 210 × 594 mm, <StockColorBlue>, 90 <StockWeightUnit>, <Matte>, <Two Sided>, <Smooth>, <Short>"},
+    {"coated with the default", "SidesCoated=2", "<Gloss>, <One Sided>"},
+    {"what is not coated has no gloss", "SidesCoated=1 kCoatingType=1", "<Uncoated>"},
+    {"no word",                "SidesCoated=7 Finish=9 Color=2", "<StockColorBlue>"},
+    {"the name alone",         "Size=75 CustomName=Mine CustomNameOnly=true SidesCoated=2", "Mine"},
+};
+// clang-format on
+
+TEST(StockWords, TellAlsoWhatTheSummaryLeavesOut)
+{
+    for (const auto& row : WordsCases) {
+        EXPECT_EQ(StockWords(Bundle(), StockOf(row.stock)), row.words) << row.name;
     }
 }
 
@@ -98,7 +127,7 @@ TEST(StockSummaryText, SaysSoWhenNothingIsChosen)
     stock.setWeight(90);
     stock.setColor(2);
     EXPECT_EQ(StockSummaryText(Bundle(), Page, &stock),
-              "<StockColor>:<StockColorBlue>\n<StockWeight>:90 gsm");
+              "<StockColor>:<StockColorBlue>\n<StockWeight>:90 <StockWeightUnit>");
 }
 
 } // namespace
