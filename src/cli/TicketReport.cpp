@@ -1,17 +1,18 @@
 #include "cli/TicketReport.h"
 
+#include "cli/TicketPages.h"
 #include "cli/TicketPlan.h"
 #include "cli/TicketSettings.h"
+#include "cli/TicketWords.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/printing/PMTicket.h"
 #include "records/FinishingSummary.h"
 #include "records/HighlightColorOptions.h"
+#include "records/ImageShiftKeys.h"
 #include "records/ImageShiftOptions.h"
-#include "records/SpecialPageTexts.h"
 #include "records/Stock.h"
 #include "records/StockSummary.h"
 #include "records/TicketSpecialPages.h"
-#include "settings/NumberText.h"
 
 #include <array>
 #include <ctime>
@@ -22,30 +23,8 @@ namespace {
 
 using Section = TicketReport::Section;
 
-// What the report is made from.
-struct Source {
-    const CFDictionary& ticket;
-    const CFBundle& bundle;
-    const std::string& text(const char* key) const { return bundle.localizedString(key); }
-};
-
-std::string TextOfNumber(const Source& source, const TicketSettingRow& row, std::int32_t number)
-{
-    if (row.map == nullptr) {
-        return std::to_string(number);
-    }
-    if (const char* key = LocalizedKeyForTicketValue(row.map, number)) {
-        return source.text(key);
-    }
-    if (number == 0) { // where there is a menu, 0 chooses nothing
-        return "";
-    }
-    const auto name = row.names == nullptr ? std::nullopt : TPIFConvertKeyword(row.names, number);
-    return name ? std::string(*name) : std::to_string(number);
-}
-
 // "" for what says nothing: an unset number, an empty text, a value of another kind.
-std::string TextOfValue(const Source& source, const TicketSettingRow& row,
+std::string TextOfValue(const TicketSource& source, const TicketSettingRow& row,
                         const CFPropertyList& value)
 {
     if (const auto* text = value.get<std::string>()) {
@@ -55,13 +34,10 @@ std::string TextOfValue(const Source& source, const TicketSettingRow& row,
         return source.text(*flag ? "On" : "Off");
     }
     const auto number = Int32Value(&value);
-    if (!number || *number == UnsetValue) {
-        return "";
-    }
-    return TextOfNumber(source, row, *number);
+    return number ? TextOfNumber(source, row, *number) : "";
 }
 
-void Add(Section& section, const Source& source, std::string_view key, const char* labelKey,
+void Add(Section& section, const TicketSource& source, std::string_view key, const char* labelKey,
          std::string text, const CFPropertyList& value)
 {
     while (text.ends_with('\n')) {
@@ -73,15 +49,21 @@ void Add(Section& section, const Source& source, std::string_view key, const cha
     }
 }
 
-// Adds the rows that a dictionary has; null has none.
-void AddRows(Section& section, const Source& source, const CFDictionary* dictionary,
+// Adds the row if the dictionary has it.
+void AddRow(Section& section, const TicketSource& source, const CFDictionary& dictionary,
+            const TicketSettingRow& row)
+{
+    if (const CFPropertyList* value = dictionary.find(row.key)) {
+        Add(section, source, row.key, row.labelKey, TextOfValue(source, row, *value), *value);
+    }
+}
+
+// Null has no rows.
+void AddRows(Section& section, const TicketSource& source, const CFDictionary* dictionary,
              const TicketSettingRow* row)
 {
     for (; dictionary != nullptr && row->labelKey != nullptr; ++row) {
-        if (const CFPropertyList* value = dictionary->find(row->key)) {
-            Add(section, source, row->key, row->labelKey, TextOfValue(source, *row, *value),
-                *value);
-        }
+        AddRow(section, source, *dictionary, *row);
     }
 }
 
@@ -98,22 +80,24 @@ std::string DateText(CFDate date)
 }
 
 // Every printer's job types, then those of some.
-const char* JobTypeText(std::int32_t type)
+std::string JobTypeText(const TicketSource& source, std::int32_t type)
 {
-    const char* key = LocalizedKeyForTicketValue(JobTypeMap, type);
-    return key == nullptr ? LocalizedKeyForTicketValue(OptionalJobTypeMap, type) : key;
+    for (const SettingMap* map : {JobTypeMap, OptionalJobTypeMap}) {
+        if (const char* key = LocalizedKeyForTicketValue(map, type)) {
+            return source.text(key);
+        }
+    }
+    return type == UnsetValue ? "" : std::to_string(type);
 }
 
-void AddJobType(Section& section, const Source& source)
+void AddJobType(Section& section, const TicketSource& source)
 {
     const auto* job = source.ticket.get<CFDictionary>(JobTypeKey);
     if (job == nullptr) {
         return;
     }
     if (const auto type = job->int32(JobTypeNumberKey)) {
-        const char* key = JobTypeText(*type);
-        Add(section, source, JobTypeNumberKey, "ShowJobType",
-            key == nullptr ? std::to_string(*type) : source.text(key), *type);
+        Add(section, source, JobTypeNumberKey, "ShowJobType", JobTypeText(source, *type), *type);
     }
     AddRows(section, source, job, JobTypeRows);
     const auto* passcode = job->get<std::string>(SecurePrintPasswordKey);
@@ -126,7 +110,7 @@ void AddJobType(Section& section, const Source& source)
     }
 }
 
-void AddStock(Section& section, const Source& source)
+void AddStock(Section& section, const TicketSource& source)
 {
     const auto* ticket = source.ticket.get<CFDictionary>(JobLevelStockKey);
     if (ticket == nullptr) {
@@ -137,9 +121,52 @@ void AddStock(Section& section, const Source& source)
         stock.size());
     Add(section, source, JobLevelStockKey, "ShowPaper",
         GenerateStockSummary(source.bundle, JobContext::Job, stock, "\n"), *ticket);
+    Add(section, source, StockSidesCoatedKey, "ShowStockSurface",
+        StockSurfaceText(source.bundle, stock), stock.sidesCoated());
+    AddRow(section, source, *ticket, StockCommentRow);
 }
 
-void AddPaperOutput(Section& section, const Source& source)
+void AddFinishing(Section& section, const TicketSource& source)
+{
+    const FinishingChoice finishing(source.ticket);
+    if (finishing == FinishingChoice()) {
+        return;
+    }
+    Add(section, source, FinishingOptionsKey, "ShowFinishing",
+        CreateFinishingString(finishing, source.bundle), finishing.option);
+    if (IsPunched(finishing)) {
+        Add(section, source, HolesRow.key, HolesRow.labelKey,
+            TextOfNumber(source, HolesRow, finishing.holes), finishing.holes);
+    }
+    if (finishing.offset != 0 && finishing.offsetSubset != 0) {
+        AddRow(section, source, source.ticket, SubsetRow);
+    }
+}
+
+// What counts for the merge only says something beside the form's name.
+void AddForms(Section& section, const TicketSource& source)
+{
+    const auto* forms = source.ticket.get<CFDictionary>(BackgroundFormsOptionsKey);
+    if (forms == nullptr) {
+        return;
+    }
+    const auto* merged = forms->get<std::string>(MergeWithStringKey);
+    if (merged != nullptr && !merged->empty()) {
+        AddRow(section, source, *forms, MergeWithFormRow);
+        if (forms->int32(CyclePagesKey).value_or(0) > 0) {
+            AddRow(section, source, *forms, CyclePagesRow);
+        }
+        const std::int32_t x = ShiftOffsetFromTicket(*forms, ShiftX1Key);
+        const std::int32_t y = ShiftOffsetFromTicket(*forms, ShiftY1Key);
+        if (x != 0 || y != 0) {
+            Add(section, source, ShiftX1Key, "ShowFormOffset",
+                OffsetsText(source, IsInInches(*forms), x, y), *forms);
+        }
+    }
+    AddRow(section, source, *forms, NewFormRow);
+}
+
+void AddPaperOutput(Section& section, const TicketSource& source)
 {
     AddJobType(section, source);
     AddStock(section, source);
@@ -147,34 +174,26 @@ void AddPaperOutput(Section& section, const Source& source)
         Add(section, source, SidesRow.key, SidesRow.labelKey,
             TextOfNumber(source, SidesRow, *sides), *sides);
     }
-    const FinishingChoice finishing(source.ticket);
-    if (finishing != FinishingChoice()) {
-        Add(section, source, FinishingOptionsKey, "ShowFinishing",
-            CreateFinishingString(finishing, source.bundle), finishing.option);
-    }
+    AddFinishing(section, source);
     AddRows(section, source, &source.ticket, OutputRows);
-    AddRows(section, source, source.ticket.get<CFDictionary>(BackgroundFormsOptionsKey), FormRows);
+    AddForms(section, source);
 }
 
-std::string OffsetText(const ImageShiftOptions& shift, std::int32_t offset)
+// "Side 2 Mirrors X", then a line for each side; "" when nothing is shifted.
+std::string ImageShiftText(const TicketSource& source, const ImageShiftOptions& shift)
 {
-    return CreateLocalizedCFStringFromNumberWithDecimals(offset, shift.isInches ? 2 : 1) +
-           (shift.isInches ? " in" : " mm");
-}
-
-// "Side 2 Mirrors X", then a line for each side.
-std::string ImageShiftText(const Source& source, const ImageShiftOptions& shift)
-{
+    if (shift.twoSidedMode == UnsetValue) {
+        return "";
+    }
     const char* mode = LocalizedKeyForTicketValue(ImageShiftOptions2SidedMap, shift.twoSidedMode);
     std::string text = mode == nullptr ? std::to_string(shift.twoSidedMode) : source.text(mode);
-    text += '\n' + source.text("ShowSide1") + source.text(":") + OffsetText(shift, shift.x1) +
-            ", " + OffsetText(shift, shift.y1);
-    text += '\n' + source.text("ShowSide2") + source.text(":") + OffsetText(shift, shift.x2) +
-            ", " + OffsetText(shift, shift.y2);
+    for (const std::string& side : SideShifts(source, shift)) {
+        text += '\n' + side;
+    }
     return text;
 }
 
-void AddImageShift(Section& section, const Source& source)
+void AddImageShift(Section& section, const TicketSource& source)
 {
     if (const auto* ticket = source.ticket.get<CFDictionary>(JobImageShiftKey)) {
         ImageShiftOptions shift;
@@ -184,17 +203,30 @@ void AddImageShift(Section& section, const Source& source)
     }
 }
 
-void AddHighlight(Section& section, const Source& source)
+// The summary, whose last line is the mapped colour; a custom one with its components.
+std::string HighlightText(const TicketSource& source, const HighlightColorOptions& options)
+{
+    std::string text = CreateColorSetupHLCSummary(source.bundle, options, JobContext::Job);
+    if (!HasCustomMappingColor(options)) {
+        return text;
+    }
+    const auto parts = options.useRGB ? std::array{options.red, options.green, options.blue}
+                                      : std::array{options.hue, options.saturation, options.value};
+    return text + (options.useRGB ? " (RGB " : " (HSV ") + std::to_string(parts[0]) + ", " +
+           std::to_string(parts[1]) + ", " + std::to_string(parts[2]) + ')';
+}
+
+void AddHighlight(Section& section, const TicketSource& source)
 {
     if (const auto* ticket = source.ticket.get<CFDictionary>(HighlightColorOptionsKey)) {
         HighlightColorOptions options;
         ColorSetupHLCSetOptionsFromTicket(options, *ticket);
         Add(section, source, HighlightColorOptionsKey, "ShowHighlight",
-            CreateColorSetupHLCSummary(source.bundle, options, JobContext::Job), *ticket);
+            HighlightText(source, options), *ticket);
     }
 }
 
-void AddImage(Section& section, const Source& source)
+void AddImage(Section& section, const TicketSource& source)
 {
     AddRows(section, source, &source.ticket, ImageRows);
     AddImageShift(section, source);
@@ -205,25 +237,25 @@ void AddImage(Section& section, const Source& source)
     }
 }
 
-void AddNotes(Section& section, const Source& source)
+void AddNotes(Section& section, const TicketSource& source)
 {
     AddRows(section, source, &source.ticket, NotesRows);
 }
 
-void AddLayout(Section& section, const Source& source)
+void AddLayout(Section& section, const TicketSource& source)
 {
     AddRows(section, source, &source.ticket, LayoutRows);
 }
 
 // The accounting client's names stay out.
-void AddAdvanced(Section& section, const Source& source)
+void AddAdvanced(Section& section, const TicketSource& source)
 {
     AddRows(section, source, &source.ticket, AdvancedRows);
 }
 
 struct SectionRow {
     const char* titleKey; // null ends the table
-    void (*add)(Section& section, const Source& source);
+    void (*add)(Section& section, const TicketSource& source);
 };
 
 // The print dialog's panels in their order; special pages have a list of their own.
@@ -236,36 +268,12 @@ constexpr SectionRow SectionMap[] = {
     {nullptr,        nullptr       },
 };
 
-void AddSpecialPage(TicketReport& report, SpecialPageTexts texts)
-{
-    report.specialPages.push_back(
-        {std::move(texts.page), std::move(texts.type), std::move(texts.attributes)});
-}
-
-// Covers, inserts and exception pages, in the order of the panel's list.
-void AddSpecialPages(TicketReport& report, const TicketSpecialPages& special,
-                     const CFBundle& bundle)
-{
-    if (special.frontCover) {
-        AddSpecialPage(report, CoverTexts(bundle, *special.frontCover, CoverPlace::Front));
-    }
-    if (special.backCover) {
-        AddSpecialPage(report, CoverTexts(bundle, *special.backCover, CoverPlace::Back));
-    }
-    for (std::int32_t index = 0; index < special.inserts.count(); ++index) {
-        AddSpecialPage(report, InsertTexts(bundle, *special.inserts.pageAtIndex(index)));
-    }
-    for (std::int32_t index = 0; index < special.exceptions.count(); ++index) {
-        AddSpecialPage(report, ExceptionPageTexts(bundle, *special.exceptions.pageAtIndex(index)));
-    }
-}
-
 } // namespace
 
 TicketReport DescribeTicket(const CFDictionary& ticket, const CFBundle& bundle,
                             std::optional<std::int32_t> pages)
 {
-    const Source source{ticket, bundle};
+    const TicketSource source{ticket, bundle};
     TicketReport report;
     for (const SectionRow* row = SectionMap; row->titleKey != nullptr; ++row) {
         Section section{row->titleKey, source.text(row->titleKey), {}};
@@ -275,7 +283,7 @@ TicketReport DescribeTicket(const CFDictionary& ticket, const CFBundle& bundle,
         }
     }
     const TicketSpecialPages special = ReadSpecialPages(PMTicket(ticket, SpecialPagesClient));
-    AddSpecialPages(report, special, bundle);
+    report.specialPages = DescribeSpecialPages(source, special);
     if (pages) {
         report.plan = DescribePlan(PlannedJobOf(ticket, *pages), special, bundle);
     }

@@ -3,6 +3,8 @@
 #include "records/BackgroundFormsKeys.h"
 #include "records/FullColorKeys.h"
 #include "records/JobTypeKeys.h"
+#include "records/SpecialPageKeys.h"
+#include "records/StockKeys.h"
 #include "settings/ColorMaps.h"
 #include "settings/FinishingMaps.h"
 #include "settings/ImageMaps.h"
@@ -95,18 +97,25 @@ inline constexpr TicketSettingRow JobTypeRows[] = {
 
 inline constexpr TicketSettingRow SidesRow = {"ShowSides", DuplexKey, DuplexMap};
 
+inline constexpr TicketSettingRow StockCommentRow = {"ShowStockComment", StockCommentKey, nullptr};
+
+// What the words for a finishing do not say.
+inline constexpr TicketSettingRow HolesRow = {"ShowHoles", HolePunchOptionsKey, HolePunchOptionsMap};
+inline constexpr TicketSettingRow SubsetRow = {"ShowPagesPerSubset", OffsetPagesPerSubsetKey, nullptr};
+
 inline constexpr TicketSettingRow OutputRows[] = {
     {"ShowOutputDestination", OutputDestinationKey, OutputDestHCSS_BKMap},
     {"ShowOutputColor",       OutputColorKey,       OutputColorMap      },
     {nullptr,                 "",                   nullptr             },
 };
 
-inline constexpr TicketSettingRow FormRows[] = {
-    {"ShowMergeWithForm", MergeWithStringKey, nullptr},
-    {"ShowCyclePages",    CyclePagesKey,      nullptr},
-    {"ShowNewForm",       NewFormStringKey,   nullptr},
-    {nullptr,             "",                 nullptr},
-};
+inline constexpr TicketSettingRow MergeWithFormRow = {"ShowMergeWithForm", MergeWithStringKey, nullptr};
+inline constexpr TicketSettingRow CyclePagesRow = {"ShowCyclePages", CyclePagesKey, nullptr};
+inline constexpr TicketSettingRow NewFormRow = {"ShowNewForm", NewFormStringKey, nullptr};
+
+// Of an exception page.
+inline constexpr TicketSettingRow PageLightenDarkenRow = {"ShowLightenDarken", PageLightenDarkenKey, nullptr};
+inline constexpr TicketSettingRow PageOutputColorRow = {"ShowOutputColor", PageOutputColorKey, OutputColorMap};
 
 inline constexpr TicketSettingRow ImageRows[] = {
     {"ShowResolution",    ResolutionKey,     TicketResolutionMap},

@@ -39,6 +39,8 @@ struct FamilyRow {
     const SettingMap* map;
 };
 
+constexpr std::int32_t HolePunching = 30;
+
 constexpr FamilyRow Families[] = {
     {1,  &FinishingChoice::option,       PlainFinishingMap    },
     {3,  &FinishingChoice::option,       PlainFinishingMap    },
@@ -175,6 +177,15 @@ FinishingChoice::FinishingChoice(const CFDictionary& ticket)
         customText = *text;
     }
     bookletLayout = ticket.isTrue(BookletLayoutKey);
+}
+
+bool IsPunched(const FinishingChoice& choice)
+{
+    return choice.option == HolePunching ||
+           std::any_of(std::begin(Combinations), std::end(Combinations),
+                       [&choice](const CombinationRow& row) {
+                           return row.option == choice.option && row.holes;
+                       });
 }
 
 std::string CreateFinishingString(const FinishingChoice& choice, const CFBundle& bundle)

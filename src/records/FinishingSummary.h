@@ -33,6 +33,9 @@ struct FinishingChoice {
     std::int32_t pagesPerSubset = 0;
 };
 
+/// Whether the family, or a part of a combined one, makes holes, so that their number counts.
+bool IsPunched(const FinishingChoice& choice);
+
 /// The finishing in words, a line for each part: the family with its position, booklet layout, slip
 /// sheets, offset. Every line ends with a line feed, the last one as well. Of a combined family a
 /// part whose position is unknown leaves an empty line.

@@ -23,8 +23,8 @@ std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, con
 /// @return "" when it is unset
 std::string StockSizeText(const CFBundle& bundle, const Stock& stock);
 
-/// Coating, finish and grain, which no summary has: "Gloss, Coated on One Side, Smooth, Long Grain".
-/// A value without a word is left out.
+/// Coating, finish and grain, which no summary has: "Gloss, Coated on One Side, Smooth, Long
+/// Grain". A value without a word is left out.
 /// @return "" when none is set, and when the name alone tells the stock
 std::string StockSurfaceText(const CFBundle& bundle, const Stock& stock);
 

@@ -8,6 +8,7 @@ import unittest
 from Program import ProgramTest, Ticket
 
 JobType = "com.tarvo.print.JobType"
+Forms = "com.tarvo.print.BackgroundFormsOptions"
 Secret = {JobType: {"JobType": 6, "SecurePrintPassword": "4711-canary"},
           "com.tarvo.Act.tpif.On": 3, "com.tarvo.Act.tpif.UID": "canary", "com.tarvo.Act.tpif.AID": "canary"}
 Job = {
@@ -60,7 +61,9 @@ class Show(ProgramTest):
     def test_what_is_left_to_the_printer_is_not_named(self):
         unset = -2147483648
         ticket = {"com.tarvo.print.Resolution": unset, "com.tarvo.print.JobNotesMessage": "",
-                  "com.tarvo.print.HalftoneScreen": [], "com.tarvo.print.AdvancedRotateImage180": 0, JobType: {}}
+                  "com.tarvo.print.HalftoneScreen": [], "com.tarvo.print.AdvancedRotateImage180": 0,
+                  "com.tarvo.print.FinishingDuplex": unset, "com.tarvo.print.ImageShiftOptionsJob": {"Option": unset, "X1": 5},
+                  Forms: {"UseExistingForm": 1, "CyclePages": 0, "Inches": 1, "X1": 0, "Y1": 0}, JobType: {"JobType": unset}}
         self.assertEqual(self.show(ticket), "The ticket leaves everything to the printer.\n")
 
     def test_numbers_without_a_menu_entry_are_told_all_the_same(self):
@@ -69,7 +72,28 @@ class Show(ProgramTest):
                           JobType: {"JobType": 7, "DelayedPrintTime": datetime.datetime(2026, 11, 21, 15, 0)}},
                          env={**os.environ, "LANGUAGE": "en", "TZ": "UTC"})
         for line in ("Resolution: 1200 × 1200 dpi", "Halftone screen: 125lpi", "Output tray: 99",
-                     "Job type: Delayed Print", "Printed from: 2026-11-21 15:00 +0000"):
+                     "Job type: Delayed Print", "Not printed before: 2026-11-21 15:00 +0000"):
+            self.assertIn(f"  {line}\n", text)
+
+    def test_what_the_panels_summaries_leave_out_is_told(self):
+        finishing = "com.tarvo.print.Finishing"
+        text = self.show({
+            "com.tarvo.print.JobLevelStock": {"SidesCoated": 3, "kCoatingType": 5, "kGrain": 2, "CustomComment": "shelf 7"},
+            finishing + "Options": 52, finishing + "HolePunchValue": 32, finishing + "HolePunchOptions": 5,
+            finishing + "Offset": 4, finishing + "OffsetEnableSubset": 1, finishing + "OffsetPagesPerSubset": 24,
+            Forms: {"UseExistingForm": 2, "MergeWithString": "Letterhead", "CyclePages": 3, "X1": 25, "Y1": -100},
+            "com.tarvo.print.HighlightColorOptionsJob": {"HiglightPrintingColor": 2, "HighlightMappingColor": 13, "HighlightColorR": 65535, "HighlightColorB": 257},
+            "com.tarvo.print.SpecialPages.FrontCover": {"Stock": {"SidesCoated": 2}},
+            "com.tarvo.print.SpecialPages.ExceptionList": [
+                {"StartPage": 2, "EndPage": 3, "LightenDarken": -10, "OutputColor": 1, "com.tarvo.print.ImageShiftOptionsPage":
+                 {"Option": 1, "Inches": 0, "FullPrecision": True, "X1": 500, "Y2": -250}}]})
+        for line in ("Coating, finish and grain: Matte, Coated on Both Sides, Short Grain", "Comment on the paper: shelf 7",
+                     "Hole pattern: 4 Holes", "Pages in a subset: 24", "Merged with the form: Letterhead",
+                     "Form cycle starts over at page: 3", "Form shifted by: 0.25 in, -1 in",
+                     "  Mapped Color: Custom Color (RGB 255, 0, 1)",
+                     "Front  Cover           Blank or Preprinted;  Gloss, Coated on One Side",
+                     "2-3    Exception Page  Image Shift: Independent;  Side 1: 5 mm, 0 mm;  Side 2: 0 mm, -2.5 mm;  "
+                     "Lighter or darker: -10;  Output color: Grayscale"):
             self.assertIn(f"  {line}\n", text)
 
     def test_no_terminal_obeys_a_ticket(self):
