@@ -19,7 +19,7 @@ struct ChoiceField {
     std::string_view key;
     std::int32_t HighlightColorOptions::*choice;
     const SettingMap* map;
-    const char* label;
+    const char* labelKey;
 };
 
 // In the order of the summary.
@@ -129,7 +129,7 @@ std::string CreateColorSetupHLCSummary(const CFBundle& bundle, const HighlightCo
             continue;
         }
         summary += summary.empty() ? "" : "\n";
-        summary += bundle.localizedString(field.label);
+        summary += bundle.localizedString(field.labelKey);
         summary += bundle.localizedString(":");
         summary += bundle.localizedString(row.key);
     }

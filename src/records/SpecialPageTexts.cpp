@@ -65,9 +65,9 @@ std::string PageRangeText(const ExceptionPage& page)
 
 SpecialPageTexts CoverTexts(const CFBundle& bundle, const Cover& cover, CoverPlace place)
 {
-    const char* page =
+    const char* pageKey =
         place == CoverPlace::Front ? "SpecialPageSummaryFront" : "SpecialPageSummaryBack";
-    return {bundle.localizedString(page), bundle.localizedString("SpecialPageSummaryCover"),
+    return {bundle.localizedString(pageKey), bundle.localizedString("SpecialPageSummaryCover"),
             CoverDescription(bundle, cover)};
 }
 

@@ -22,13 +22,16 @@ public:
     bool isForJob() const { return context_ == JobContext::Job; }
     /// A job's summary names what is left to the printer, too.
     bool shows(std::int32_t value) const { return value != UnsetValue || isForJob(); }
-    void add(const char* label, std::string value) { lines_.push_back({label, std::move(value)}); }
+    void add(const char* labelKey, std::string value)
+    {
+        lines_.push_back({labelKey, std::move(value)});
+    }
     std::string joined(std::string_view separator) const
     {
         std::string all;
         for (const Line& line : lines_) {
             all += all.empty() ? "" : separator;
-            all += text(line.label) + text(":") + line.value;
+            all += text(line.labelKey) + text(":") + line.value;
         }
         return all;
     }
@@ -43,7 +46,7 @@ public:
 
 private:
     struct Line {
-        const char* label; // key
+        const char* labelKey;
         std::string value;
     };
     const CFBundle& bundle_;

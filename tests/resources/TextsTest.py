@@ -1,8 +1,8 @@
 """The texts that people read: every key that the sources use, in every language.
 
 A key is found in the sources where it stands
-- in a row of a table, in a field of type const char* named "key" or "...Key",
-- in the parentheses of a call of localizedString,
+- in a row, of a table or alone, in a field of type const char* named "key" or "...Key",
+- in a call, as the argument for a parameter of such a type and name,
 - in the value of a variable, or the body of a function, of type const char* with a name like that.
 """
 
@@ -74,16 +74,42 @@ def key_fields(sources):
             yield struct[1], [members.index(name) for name in texts]
 
 
-def keys_of_tables(sources):
+def keys_of_rows(sources):
     for struct, places in key_fields(sources):
-        for table in re.finditer(rf"\b{struct} \w+\[\] = \{{", sources):
-            for fields in rows_of(inside(sources, table.end(), "{}")):
+        for value in re.finditer(rf"\b{struct} \w+(\[\])? = \{{", sources):
+            text = inside(sources, value.end(), "{}")
+            for fields in rows_of(text) if value[1] else [fields_of(text)]:
                 yield from (fields[place] for place in places if place < len(fields))
 
 
+def arguments_of(text):
+    pieces = re.compile(r'"(?:[^"\\]|\\.)*"|[(){},]|[^"(){},]+')
+    arguments, depth = [""], 0
+    for match in pieces.finditer(text):
+        depth += (match[0] in "({") - (match[0] in ")}")
+        if match[0] == "," and depth == 0:
+            arguments.append("")
+        else:
+            arguments[-1] += match[0]
+    return arguments
+
+
+def key_parameters(sources):
+    """Name of each function that is given keys, and which parameters they are."""
+    found = set()
+    for function in re.finditer(r"\b(\w+)\(([^()]*\bconst char\* (?:key|\w*Key)\b[^()]*)\)", sources):
+        for place, parameter in enumerate(arguments_of(function[2])):
+            if re.search(r"\bconst char\* (?:key|\w*Key)$", parameter.strip()):
+                found.add((function[1], place))
+    return found
+
+
 def keys_of_calls(sources):
-    for call in re.finditer(r"\blocalizedString\(", sources):
-        yield from (match[0] for match in Literal.finditer(inside(sources, call.end(), "()")))
+    for name, place in key_parameters(sources):
+        for call in re.finditer(rf"\b{name}\(", sources):
+            arguments = arguments_of(inside(sources, call.end(), "()"))
+            if place < len(arguments):
+                yield from (match[0] for match in Literal.finditer(arguments[place]))
 
 
 def keys_of_names(sources):
@@ -95,7 +121,7 @@ def keys_of_names(sources):
 
 def used_keys():
     sources = read_sources()
-    found = {*keys_of_tables(sources), *keys_of_calls(sources), *keys_of_names(sources)}
+    found = {*keys_of_rows(sources), *keys_of_calls(sources), *keys_of_names(sources)}
     return {literal[1:-1].replace('\\"', '"') for literal in found if literal.startswith('"')}
 
 
@@ -107,7 +133,8 @@ class Texts(unittest.TestCase):
     def test_every_key_in_use_has_a_text(self):
         used = used_keys()
         # One of each way to be found, so that a scan that has gone blind is seen.
-        samples = {"LetterStockSize", '7 x 10"', "Multiple Finishing...", "SecurePrint", "Top Tray", "Offset", "2 Staples"}
+        samples = {"LetterStockSize", '7 x 10"', "Multiple Finishing...", "SecurePrint", "Top Tray", "Offset", "2 Staples",
+                   "ShowHoles", "StockWeight", "Default Stock", "HLMappingColor", "PlanSheets"}
         self.assertEqual(samples - used, set())
         for language in Languages:
             self.assertEqual(used - read_texts(language).keys(), set(), language)
