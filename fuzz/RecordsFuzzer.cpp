@@ -1,7 +1,13 @@
 // Any property list as the ticket of every record and as a job ticket: what a record writes, it
-// reads back as the same record.
+// reads back as the same record, and everything can be told in words.
+#include "cli/TicketReport.h"
+#include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListReader.h"
 #include "platform/printing/PMTicket.h"
+#include "prefs/PreferenceFiles.h"
+#include "records/BackgroundFormsOptions.h"
+#include "records/FullColorOptions.h"
+#include "records/HighlightColorOptions.h"
 #include "records/Stock.h"
 #include "records/TicketSpecialPages.h"
 
@@ -32,8 +38,29 @@ void ReadAs(const CFDictionary& ticket)
     ExpectEqual(Record(record.asTicket()).asTicket(), record.asTicket());
 }
 
+void ReadAsBackgroundForms(const CFDictionary& ticket)
+{
+    const PreferenceFolders nowhere = {"/nowhere", {"/nowhere"}};
+    const BackgroundFormsOptions forms(BackgroundFormsOptions(ticket, nowhere).asTicket(), nowhere);
+    Expect(BackgroundFormsOptions(forms.asTicket(), nowhere) == forms);
+}
+
+// A component below 0 moves with each reading: no dialog makes one.
+void ReadAsHighlightColor(const CFDictionary& ticket)
+{
+    HighlightColorOptions options;
+    ColorSetupHLCSetOptionsFromTicket(options, ticket);
+    HighlightColorOptions again;
+    ColorSetupHLCSetOptionsFromTicket(again, ColorSetupHLCCreateTicketFromOptions(options));
+    const bool isColor = options.red >= 0 && options.green >= 0 && options.blue >= 0;
+    Expect(!isColor || again == options);
+}
+
 void ReadAsAny(const CFDictionary& ticket)
 {
+    ReadAs<FullColorOptions>(ticket);
+    ReadAsBackgroundForms(ticket);
+    ReadAsHighlightColor(ticket);
     ReadAs<Stock>(ticket);
     ReadAs<Cover>(ticket);
     ReadAs<Insert>(ticket);
@@ -83,6 +110,15 @@ void ReadAsJob(const CFDictionary& values)
     }
 }
 
+void TellInWords(const CFDictionary& ticket)
+{
+    constexpr std::int32_t Pages = 100;
+    static const CFBundle bundle("/nowhere", {});
+    const TicketReport report = DescribeTicket(ticket, bundle, Pages);
+    Expect(report.plan && report.plan->sheetCount > 0);
+    Expect(!TicketText(report, bundle).empty() && !TicketJson(report).empty());
+}
+
 } // namespace
 } // namespace tarvo
 
@@ -94,6 +130,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (ticket) {
         tarvo::ReadAll(*ticket);
         tarvo::ReadAsJob(*ticket);
+        tarvo::TellInWords(*ticket);
     }
     return 0;
 }
