@@ -177,7 +177,7 @@ std::string StockSurfaceText(const CFBundle& bundle, const Stock& stock)
     if (stock.customNameOnly()) {
         return text;
     }
-    if (stock.sidesCoated() == CoatedOnOneSide || stock.sidesCoated() == CoatedOnBothSides) {
+    if (stock.sidesCoated() == CoatedInFront || stock.sidesCoated() == CoatedOnBothSides) {
         AddWords(text, bundle, CoatingTypeMap, stock.coatingType());
     }
     AddWords(text, bundle, SidesCoatedMap, stock.sidesCoated());

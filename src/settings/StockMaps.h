@@ -164,14 +164,17 @@ inline constexpr SettingMap WeightMap[] = {
     {nullptr,           0,          0},
 };
 
-inline constexpr std::int32_t CoatedOnOneSide = 2;
+// Which sides of a stock are coated; the back alone comes from documents, no menu offers it.
+inline constexpr std::int32_t CoatedNowhere = 1;
+inline constexpr std::int32_t CoatedInFront = 2;
 inline constexpr std::int32_t CoatedOnBothSides = 3;
+inline constexpr std::int32_t CoatedInBack = 4;
 inline constexpr SettingMap SidesCoatedMap[] = {
-    {"PrinterDefault", UnsetValue, 0},
-    {"Uncoated",       1,          0},
-    {"One Sided",      2,          0},
-    {"Two Sided",      3,          0},
-    {nullptr,          0,          0},
+    {"PrinterDefault", UnsetValue,        0},
+    {"Uncoated",       CoatedNowhere,     0},
+    {"One Sided",      CoatedInFront,     0},
+    {"Two Sided",      CoatedOnBothSides, 0},
+    {nullptr,          0,                 0},
 };
 
 // Looked at only where a side is coated, so there is no default row.

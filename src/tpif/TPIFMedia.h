@@ -11,12 +11,6 @@
 
 namespace tarvo {
 
-// Which sides of a stock are coated.
-inline constexpr std::int32_t CoatedNowhere = 1;
-inline constexpr std::int32_t CoatedInFront = 2;
-inline constexpr std::int32_t CoatedOnBothSides = 3;
-inline constexpr std::int32_t CoatedInBack = 4;
-
 /// A medium as the document describes it. All texts are escaped.
 struct MediaData {
     enum class TypeForm { None, Keyword, Name, PrePrinted, Recycled };
