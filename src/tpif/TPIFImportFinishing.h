@@ -24,7 +24,7 @@ private:
     bool isBesideStapleOrZFold() const;
 
     const TPIFFeatureReader& finishings_;
-    CFDictionary parts_; // ticket key to choice
+    CFDictionary parts_;                  // ticket key to choice
     std::set<std::string_view> keywords_; // borrowed from the feature
     bool hasTwice_ = false;
 };
