@@ -201,6 +201,7 @@ FileReader::~FileReader()
     }
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the place in the file moves
 std::optional<std::size_t> FileReader::read(char* bytes, std::size_t size, std::string& reason)
 {
     ssize_t got = -1;
