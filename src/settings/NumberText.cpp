@@ -10,14 +10,22 @@
 namespace tarvo {
 namespace {
 
+// That of people's locales; the computer's own has more, which show single precision.
+constexpr std::int32_t MostFractionDigits = 3;
+
 using NumberFormatter = std::unique_ptr<const icu::NumberFormat>;
 
 // @return null when the locale data cannot be read
 NumberFormatter CreateDecimalFormatter(const icu::Locale& locale)
 {
     UErrorCode status = U_ZERO_ERROR;
-    NumberFormatter formatter(icu::NumberFormat::createInstance(locale, UNUM_DECIMAL, status));
-    return U_SUCCESS(status) ? std::move(formatter) : nullptr;
+    std::unique_ptr<icu::NumberFormat> formatter(
+        icu::NumberFormat::createInstance(locale, UNUM_DECIMAL, status));
+    if (U_FAILURE(status)) {
+        return nullptr;
+    }
+    formatter->setMaximumFractionDigits(MostFractionDigits);
+    return formatter;
 }
 
 std::string FormatNumber(const NumberFormatter& formatter, std::int32_t value,
