@@ -2,6 +2,7 @@
 
 #include "platform/text/Utf8.h"
 #include "records/FullColorKeys.h"
+#include "settings/ColorMaps.h"
 #include "settings/TicketAccess.h"
 
 #include <utility>
@@ -48,14 +49,8 @@ OSStatus SetProfile(ColorProfile& field, const ColorProfile& profile, std::int32
     return StatusOk;
 }
 
-void WriteSet(CFDictionary& ticket, std::string_view key, std::int32_t value)
-{
-    if (value != UnsetValue) {
-        WriteTicketValue(ticket, key, value);
-    }
-}
-
-void WriteSet(CFDictionary& ticket, std::string_view key, const std::optional<std::string>& text)
+void WriteTextIfSet(CFDictionary& ticket, std::string_view key,
+                    const std::optional<std::string>& text)
 {
     if (text) {
         ticket.set(key, *text);
@@ -96,9 +91,9 @@ void WriteProfile(CFDictionary& ticket, std::string_view key, const ColorProfile
                   std::int32_t customKind)
 {
     if (profile.kind == customKind) {
-        WriteSet(ticket, key, profile.name);
+        WriteTextIfSet(ticket, key, profile.name);
     } else {
-        WriteSet(ticket, key, profile.kind);
+        WriteTicketValueIfSet(ticket, key, profile.kind);
     }
 }
 
@@ -217,16 +212,16 @@ CFDictionary FullColorOptions::asTicket() const
 {
     CFDictionary ticket;
     for (const NumberField& field : Numbers) {
-        WriteSet(ticket, field.key, this->*field.number);
+        WriteTicketValueIfSet(ticket, field.key, this->*field.number);
     }
     WriteCast(ticket, colorCast_);
     writeTrapping(ticket);
-    WriteSet(ticket, FullColorTRCKey, trc_);
+    WriteTextIfSet(ticket, FullColorTRCKey, trc_);
     for (const ProfileField& field : Profiles) {
         WriteProfile(ticket, field.key, this->*field.profile, field.customKind);
     }
     for (const NameField& field : GrayProfiles) {
-        WriteSet(ticket, field.key, this->*field.name);
+        WriteTextIfSet(ticket, field.key, this->*field.name);
     }
     return ticket;
 }
@@ -251,10 +246,10 @@ void FullColorOptions::fromTicket(const CFDictionary& ticket)
 
 void FullColorOptions::writeTrapping(CFDictionary& ticket) const
 {
-    WriteSet(ticket, FullColorTrappingKey, trapping_);
+    WriteTicketValueIfSet(ticket, FullColorTrappingKey, trapping_);
     if (trapping_ == TrappingOn) {
-        WriteSet(ticket, FullColorTrappingFastKey, trappingAdjustment_.fast);
-        WriteSet(ticket, FullColorTrappingSlowKey, trappingAdjustment_.slow);
+        WriteTicketValueIfSet(ticket, FullColorTrappingFastKey, trappingAdjustment_.fast);
+        WriteTicketValueIfSet(ticket, FullColorTrappingSlowKey, trappingAdjustment_.slow);
     }
 }
 

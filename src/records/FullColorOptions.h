@@ -10,11 +10,6 @@
 
 namespace tarvo {
 
-// The kinds of the profile maps in ColorMaps.h that go with a name.
-inline constexpr std::int32_t CustomRGBProfile = 5;
-inline constexpr std::int32_t CustomCMYKProfile = 3;
-inline constexpr std::int32_t CustomDestinationProfile = 2;
-
 /// One of the printer's own profiles by number, or a custom one by name. The name means nothing
 /// with another kind than the custom one, but stays for when that kind comes back.
 struct ColorProfile {

@@ -3,6 +3,8 @@
 #include "records/SpecialPageKeys.h"
 #include "settings/TicketAccess.h"
 
+#include <utility>
+
 namespace tarvo {
 namespace {
 
@@ -19,13 +21,6 @@ Stock StockFromTicket(const CFDictionary& ticket)
     return stock == nullptr ? Stock() : Stock(*stock);
 }
 
-void WriteTicketValueIfSet(CFDictionary& ticket, std::string_view key, std::int32_t value)
-{
-    if (value != UnsetValue) {
-        WriteTicketValue(ticket, key, value);
-    }
-}
-
 } // namespace
 
 SpecialPage::SpecialPage(const CFDictionary& ticket) : stock_(StockFromTicket(ticket))
@@ -36,7 +31,14 @@ SpecialPage::SpecialPage(const CFDictionary& ticket) : stock_(StockFromTicket(ti
 SpecialPage& SpecialPage::operator=(const SpecialPage& other)
 {
     startPage_ = other.startPage_;
-    stock_ = Stock(other.stock_); // a temporary, which is taken as it is
+    stock_.takeAsItIs(other.stock_);
+    return *this;
+}
+
+SpecialPage& SpecialPage::operator=(SpecialPage&& other) noexcept
+{
+    startPage_ = other.startPage_;
+    stock_.takeAsItIs(std::move(other.stock_));
     return *this;
 }
 

@@ -33,7 +33,7 @@ protected:
     SpecialPage(const SpecialPage&) = default;
     SpecialPage(SpecialPage&&) noexcept = default;
     SpecialPage& operator=(const SpecialPage& other);
-    SpecialPage& operator=(SpecialPage&&) noexcept = default;
+    SpecialPage& operator=(SpecialPage&& other) noexcept;
 
 private:
     std::int32_t startPage_ = 0;
@@ -98,6 +98,8 @@ public:
     /// A value of OutputColorMap; UnsetValue removes it.
     void setOutputColor(std::int32_t outputColor);
     std::int32_t outputColor() const;
+    /// The colour entries that the page came with and no dialog edits, keys of SpecialPageKeys.h.
+    const CFDictionary& colorEntries() const { return extra_; }
 
     /// Adds "EndPage", "SidesImaged" (the plex) and "LightenDarken" when set, a valid image shift
     /// with its mode set, and the colour entries that the page came with.

@@ -3,6 +3,7 @@
 #include "platform/text/CaseFolding.h"
 #include "settings/TicketAccess.h"
 
+#include <memory>
 #include <string_view>
 
 namespace tarvo {
@@ -12,13 +13,6 @@ void ReadString(const CFDictionary& ticket, std::string_view key, std::string& v
 {
     if (const auto* text = ticket.get<std::string>(key)) {
         value = *text;
-    }
-}
-
-void WriteNumber(CFDictionary& ticket, std::string_view key, std::int32_t value)
-{
-    if (value != UnsetValue) {
-        WriteTicketValue(ticket, key, value);
     }
 }
 
@@ -84,6 +78,12 @@ Stock& Stock::operator=(const Stock& other)
     return *this;
 }
 
+void Stock::takeAsItIs(Stock other) noexcept
+{
+    std::destroy_at(this);
+    std::construct_at(this, std::move(other));
+}
+
 void Stock::setSize(std::int32_t size)
 {
     size_ = size;
@@ -120,25 +120,25 @@ void Stock::setType(std::int32_t type)
 CFDictionary Stock::asTicket() const
 {
     CFDictionary ticket;
-    WriteNumber(ticket, StockSizeKey, size_);
+    WriteTicketValueIfSet(ticket, StockSizeKey, size_);
     if (size_ == CustomStockSize) {
         WriteTicketValue(ticket, StockWidthKey, width_);
         WriteTicketValue(ticket, StockLengthKey, length_);
     }
-    WriteNumber(ticket, StockTypeKey, type_);
+    WriteTicketValueIfSet(ticket, StockTypeKey, type_);
     WriteString(ticket, StockCustomTypeKey, customType_);
-    WriteNumber(ticket, StockModulusKey, modulus_);
-    WriteNumber(ticket, StockColorKey, color_);
+    WriteTicketValueIfSet(ticket, StockModulusKey, modulus_);
+    WriteTicketValueIfSet(ticket, StockColorKey, color_);
     WriteString(ticket, StockCustomColorKey, customColor_);
-    WriteNumber(ticket, StockWeightKey, weight_);
-    WriteNumber(ticket, StockPunchedKey, punched_);
+    WriteTicketValueIfSet(ticket, StockWeightKey, weight_);
+    WriteTicketValueIfSet(ticket, StockPunchedKey, punched_);
     WriteString(ticket, StockDescriptionKey, description_);
     if (sidesCoated_ != UnsetValue) {
         WriteTicketValue(ticket, StockSidesCoatedKey, sidesCoated_);
         WriteTicketValue(ticket, StockCoatingTypeKey, coatingType_);
     }
-    WriteNumber(ticket, StockFinishKey, finish_);
-    WriteNumber(ticket, StockGrainKey, grain_);
+    WriteTicketValueIfSet(ticket, StockFinishKey, finish_);
+    WriteTicketValueIfSet(ticket, StockGrainKey, grain_);
     WriteString(ticket, StockCustomNameKey, customName_);
     if (customNameOnly_) {
         ticket.set(StockCustomNameOnlyKey, true);

@@ -25,11 +25,11 @@ public:
     /// Copying and moving take everything as it is.
     Stock(const Stock&) = default;
     Stock(Stock&&) noexcept = default;
-    /// Assigning from a stock that stays passes every value through its setter, so a blue
+    /// Assigning, a temporary as well, passes every value through its setter, so a blue
     /// transparency that was read from a ticket becomes a clear one here.
     Stock& operator=(const Stock& other);
-    /// A temporary, or one that a list moves about, is taken as it is.
-    Stock& operator=(Stock&&) noexcept = default;
+    /// Assigns without the setters, for what holds a stock and is assigned as a whole.
+    void takeAsItIs(Stock other) noexcept;
     ~Stock() = default;
 
     /// Any other size than the custom one clears width and length.

@@ -30,35 +30,40 @@ inline constexpr SettingMap TRCMap[] = {
 
 inline constexpr const auto& GraySourceProfileMap = TRCMap;
 
+// Kinds of profile that have a name.
+inline constexpr std::int32_t CustomRGBProfile = 5;
+inline constexpr std::int32_t CustomCMYKProfile = 3;
+inline constexpr std::int32_t CustomDestinationProfile = 2;
+
 // The keys of the first two do differ in "Mod" and "Mode".
 inline constexpr SettingMap RGBSourceProfileMap[] = {
-    {"PrinterDefault",                 UnsetValue, 0},
-    {"Tarvo TrueHue Mod RGB",          1,          0},
-    {"Tarvo TrueHue Mode RGB Gamma=1", 2,          0},
-    {"Adobe RGB",                      6,          0},
-    {"sRGB",                           4,          0},
-    {"Custom...",                      5,          0},
-    {nullptr,                          0,          0},
+    {"PrinterDefault",                 UnsetValue,       0},
+    {"Tarvo TrueHue Mod RGB",          1,                0},
+    {"Tarvo TrueHue Mode RGB Gamma=1", 2,                0},
+    {"Adobe RGB",                      6,                0},
+    {"sRGB",                           4,                0},
+    {"Custom...",                      CustomRGBProfile, 0},
+    {nullptr,                          0,                0},
 };
 
 inline constexpr SettingMap CMYKSourceProfileMap[] = {
-    {"PrinterDefault",          UnsetValue, 0},
-    {"Native",                  1,          0},
-    {"Swop CMYK",               2,          0},
-    {"Swop Plus CMYK",          15,         0},
-    {"Commercial CMYK",         14,         0},
-    {"FOGRA Gloss Coated CMYK", 4,          0},
-    {"FOGRA Matte Coated CMYK", 5,          0},
-    {"FOGRA Uncoated CMYK",     6,          0},
-    {"Custom...",               3,          0},
-    {nullptr,                   0,          0},
+    {"PrinterDefault",          UnsetValue,        0},
+    {"Native",                  1,                 0},
+    {"Swop CMYK",               2,                 0},
+    {"Swop Plus CMYK",          15,                0},
+    {"Commercial CMYK",         14,                0},
+    {"FOGRA Gloss Coated CMYK", 4,                 0},
+    {"FOGRA Matte Coated CMYK", 5,                 0},
+    {"FOGRA Uncoated CMYK",     6,                 0},
+    {"Custom...",               CustomCMYKProfile, 0},
+    {nullptr,                   0,                 0},
 };
 
 inline constexpr SettingMap DestinationProfileMap[] = {
-    {"PrinterDefault",   UnsetValue, 0},
-    {"System Specified", 1,          0},
-    {"Custom...",        2,          0},
-    {nullptr,            0,          0},
+    {"PrinterDefault",   UnsetValue,               0},
+    {"System Specified", 1,                        0},
+    {"Custom...",        CustomDestinationProfile, 0},
+    {nullptr,            0,                        0},
 };
 
 inline constexpr SettingMap ObjectRenderingMap[] = {

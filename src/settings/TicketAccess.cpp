@@ -23,6 +23,13 @@ void WriteTicketValue(CFDictionary& dictionary, std::string_view key, std::int32
     dictionary.set(key, value);
 }
 
+void WriteTicketValueIfSet(CFDictionary& dictionary, std::string_view key, std::int32_t value)
+{
+    if (value != UnsetValue) {
+        WriteTicketValue(dictionary, key, value);
+    }
+}
+
 OSStatus GetTicketFromSession(const PMPrintSession* session, std::string_view name,
                               PMTicket** ticket)
 {

@@ -20,6 +20,9 @@ bool GetCFIndexFromCFDictionary(const CFDictionary* dictionary, std::string_view
 /// Stores a number under the key, replacing a value of any type.
 void WriteTicketValue(CFDictionary& dictionary, std::string_view key, std::int32_t value);
 
+/// Likewise; UnsetValue writes nothing and leaves a present value.
+void WriteTicketValueIfSet(CFDictionary& dictionary, std::string_view key, std::int32_t value);
+
 /// Finds a session's ticket, borrowed from the session.
 /// @param name  JobTicketName or PrinterInfoTicketName
 /// @return StatusOk with `ticket` untouched when the session has none of that name: initialize it

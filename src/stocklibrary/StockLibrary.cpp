@@ -5,13 +5,15 @@
 #include "settings/TicketAccess.h"
 #include "stocklibrary/StockLibraryKeys.h"
 
+#include <utility>
+
 namespace tarvo {
 
 StockLibrary::StockLibrary(const CFDictionary& entry)
 {
     GetCFIndexFromCFDictionary(&entry, EntryStatusKey, &status_);
     if (const auto* stock = entry.get<CFDictionary>(EntryStockKey)) {
-        stock_ = Stock(*stock);
+        stock_.takeAsItIs(Stock(*stock));
     }
     if (const auto* uuid = entry.get<std::string>(EntryUuidKey)) {
         uuid_ = *uuid;
@@ -20,6 +22,15 @@ StockLibrary::StockLibrary(const CFDictionary& entry)
         name_ = *name;
     }
     validateStockEntry();
+}
+
+StockLibrary& StockLibrary::operator=(StockLibrary&& other) noexcept
+{
+    status_ = other.status_;
+    stock_.takeAsItIs(std::move(other.stock_));
+    uuid_ = std::move(other.uuid_);
+    name_ = std::move(other.name_);
+    return *this;
 }
 
 CFDictionary StockLibrary::asTicket() const

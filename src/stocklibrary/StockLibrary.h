@@ -27,7 +27,7 @@ public:
     StockLibrary(const StockLibrary&) = default;
     StockLibrary(StockLibrary&&) noexcept = default;
     StockLibrary& operator=(const StockLibrary& other) { return *this = StockLibrary(other); }
-    StockLibrary& operator=(StockLibrary&&) noexcept = default;
+    StockLibrary& operator=(StockLibrary&& other) noexcept;
     ~StockLibrary() = default;
 
     void setStatus(StockEntryStatus status) { status_ = static_cast<std::int32_t>(status); }

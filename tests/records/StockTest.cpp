@@ -92,10 +92,10 @@ TEST(StockAssignment, PassesThroughTheSettersWhereCopyingDoesNot)
     assigned = full;
     EXPECT_EQ(StockText(assigned), FullStock);
 
-    // What lists do with their stocks leaves them as they are.
-    std::vector<Stock> list = {Stock(), blue};
-    list.erase(list.begin());
-    EXPECT_EQ(list.front().color(), 2);
+    assigned = StockOf("Type=2 Color=2");
+    EXPECT_EQ(assigned.color(), ClearStockColor);
+    assigned.takeAsItIs(blue);
+    EXPECT_EQ(assigned.color(), 2);
 }
 
 TEST(StockEquality, SeesEveryAttributeAndNoCase)
