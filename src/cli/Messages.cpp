@@ -6,18 +6,31 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace tarvo {
 namespace {
 
-bool IsControlByte(unsigned char byte)
+// The bytes of the control character at the beginning of a text, 0 when there is none. Some
+// terminals obey U+0080 to U+009F as well; separators of lines and paragraphs and marks of writing
+// direction let a text pretend to be another.
+std::size_t ControlLength(std::string_view text)
 {
-    return byte < ' ' || byte == 0x7F;
-}
-
-// U+0080 to U+009F: some terminals obey them as well.
-bool IsControlPair(unsigned char first, unsigned char second)
-{
-    return first == 0xC2 && second >= 0x80 && second <= 0x9F;
+    const auto byte = [text](std::size_t index) {
+        return static_cast<unsigned char>(index < text.size() ? text[index] : 0);
+    };
+    if (byte(0) < ' ' || byte(0) == 0x7F) {
+        return 1;
+    }
+    if ((byte(0) == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) || text.starts_with("\u061C")) {
+        return 2;
+    }
+    const bool isDirection = byte(0) == 0xE2 && byte(1) == 0x80 &&
+                             (byte(2) == 0x8E || byte(2) == 0x8F ||  // U+200E, U+200F
+                              (byte(2) >= 0xA8 && byte(2) <= 0xAE)); // U+2028 to U+202E
+    const bool isIsolate =
+        byte(0) == 0xE2 && byte(1) == 0x81 && byte(2) >= 0xA6 && byte(2) <= 0xA9; // from U+2066
+    return isDirection || isIsolate ? 3 : 0;
 }
 
 void WriteToStandardError(std::string_view text)
@@ -31,13 +44,10 @@ void WriteToStandardError(std::string_view text)
 std::string WithoutControls(std::string_view text)
 {
     std::string shown;
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const auto first = static_cast<unsigned char>(text[index]);
-        const auto second =
-            static_cast<unsigned char>(index + 1 < text.size() ? text[index + 1] : 0);
-        const bool pair = IsControlPair(first, second);
-        shown += pair || IsControlByte(first) ? '?' : text[index];
-        index += pair ? 1 : 0;
+    while (!text.empty()) {
+        const std::size_t control = ControlLength(text);
+        shown += control > 0 ? '?' : text.front();
+        text.remove_prefix(std::max<std::size_t>(control, 1));
     }
     return shown;
 }

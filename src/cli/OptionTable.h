@@ -196,7 +196,7 @@ inline constexpr VerbRow VerbMap[] = {
      "tell what a job ticket says",
      "Tells what a job ticket says, in the user's language: job type, paper, two-sided printing, "
      "finishing, covers, inserts, exception pages, image, colour, notes and forms. What the ticket "
-     "leaves to the printer is not named. With --pages follows the plan of one set, sheet by "
+     "does not set is not named. With --pages follows the plan of one set, sheet by "
      "sheet.\n\n"
      "Passcodes and the names of accounting are never shown."},
     {ImportVerb, "DOCUMENT... [--into TICKET] [-o FILE] [OPTION...]",

@@ -6,6 +6,7 @@
 #include "cli/TicketFile.h"
 #include "cli/TicketReport.h"
 #include "platform/bundle/CFBundle.h"
+#include "records/PageRanges.h"
 
 #include <charconv>
 #include <system_error>
@@ -13,14 +14,12 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t HighestPageNumber = 9999999; // of the system
-
 std::optional<std::int32_t> PagesFromText(const std::string& text)
 {
     std::int32_t pages = 0;
     const char* end = text.data() + text.size();
     const auto [behind, error] = std::from_chars(text.data(), end, pages);
-    if (error != std::errc() || behind != end || pages < 1 || pages > HighestPageNumber) {
+    if (error != std::errc() || behind != end || pages < 1 || pages > LargestPageNumber) {
         return std::nullopt;
     }
     return pages;
@@ -41,7 +40,8 @@ ExitStatus RunShow(const Arguments& arguments)
         pages = PagesFromText(text);
         if (!pages) {
             return PrintWrongUse(std::string(PagesOption) + " \"" + text +
-                                 "\" is no number of pages from 1 to 9999999");
+                                 "\" is no number of pages from 1 to " +
+                                 std::to_string(LargestPageNumber));
         }
     }
     ParseError error;

@@ -18,7 +18,7 @@ using Pages = std::vector<TicketReport::SpecialPage>;
 void AddSpecialPage(Pages& pages, SpecialPageTexts texts, const std::vector<std::string>& details)
 {
     for (const std::string& detail : details) {
-        texts.attributes += texts.attributes.empty() || detail.empty() ? "" : ";  ";
+        texts.attributes += texts.attributes.empty() || detail.empty() ? "" : PartSeparator;
         texts.attributes += detail;
     }
     pages.push_back({std::move(texts.page), std::move(texts.type), std::move(texts.attributes)});
@@ -29,6 +29,17 @@ std::string DetailText(const TicketSource& source, const TicketSettingRow& row, 
 {
     const std::string value = TextOfNumber(source, row, number);
     return value.empty() ? "" : source.text(row.labelKey) + source.text(":") + value;
+}
+
+// Null has none.
+void AddDetails(std::vector<std::string>& details, const TicketSource& source,
+                const CFDictionary* settings, const TicketSettingRow* row)
+{
+    for (; settings != nullptr && row->labelKey != nullptr; ++row) {
+        const CFPropertyList* value = settings->find(row->key);
+        const std::string text = value == nullptr ? "" : TextOfValue(source, *row, *value);
+        details.push_back(text.empty() ? "" : source.text(row->labelKey) + source.text(":") + text);
+    }
 }
 
 void AddCover(Pages& pages, const TicketSource& source, const std::optional<Cover>& cover,
@@ -55,7 +66,9 @@ void AddException(Pages& pages, const TicketSource& source, const ExceptionPage&
     }
     details.push_back(StockSurfaceText(source.bundle, page.stock()));
     details.push_back(DetailText(source, PageLightenDarkenRow, page.lightenDarken()));
-    details.push_back(DetailText(source, PageOutputColorRow, page.outputColor()));
+    const CFDictionary& color = page.colorEntries();
+    AddDetails(details, source, &color, PageColorRows);
+    AddDetails(details, source, color.get<CFDictionary>(PageFullColorKey), FullColorRows);
     AddSpecialPage(pages, ExceptionPageTexts(source.bundle, page), details);
 }
 

@@ -1,5 +1,6 @@
 #include "cli/TicketPlan.h"
 
+#include "cli/TicketSettings.h"
 #include "platform/bundle/CFBundle.h"
 #include "records/FinishingSummary.h"
 #include "records/StockSummary.h"
@@ -13,8 +14,6 @@
 
 namespace tarvo {
 namespace {
-
-constexpr std::int32_t SignatureBooklet = 3; // a family of finishing
 
 // The text of a key with each "%d" replaced by the next number.
 std::string Numbered(const CFBundle& bundle, const char* key,
@@ -60,22 +59,6 @@ std::string PagesText(const CFBundle& bundle, std::int32_t first, std::int32_t l
                          : Numbered(bundle, "PlanPages", {first, last});
 }
 
-// What a report calls the kind of sheet in every language.
-const char* NameOf(SheetKind kind)
-{
-    switch (kind) {
-    case SheetKind::FrontCover:
-        return "front-cover";
-    case SheetKind::Inserts:
-        return "inserts";
-    case SheetKind::BackCover:
-        return "back-cover";
-    case SheetKind::Pages:
-        break;
-    }
-    return "pages";
-}
-
 std::string ContentText(const CFBundle& bundle, const PlannedSheets& sheets)
 {
     switch (sheets.kind) {
@@ -83,6 +66,8 @@ std::string ContentText(const CFBundle& bundle, const PlannedSheets& sheets)
         return bundle.localizedString("PlanFrontCover");
     case SheetKind::BackCover:
         return bundle.localizedString("PlanBackCover");
+    case SheetKind::BookletCover:
+        return bundle.localizedString("PlanBookletCover");
     case SheetKind::Inserts:
         return InsertsText(bundle, sheets);
     case SheetKind::Pages:
@@ -115,19 +100,23 @@ std::string SidesText(const CFBundle& bundle, const PlannedSheets& sheets)
     if (sheets.kind == SheetKind::Inserts) {
         return "";
     }
-    const SettingMap* map = sheets.kind == SheetKind::Pages        ? DuplexMap
-                            : sheets.kind == SheetKind::FrontCover ? FrontCoverSidesMap
-                                                                   : BackCoverSidesMap;
+    const SettingMap* map = sheets.kind == SheetKind::Pages       ? DuplexMap
+                            : sheets.kind == SheetKind::BackCover ? BackCoverSidesMap
+                                                                  : FrontCoverSidesMap;
     const char* key = LocalizedKeyForTicketValue(map, sheets.sides);
     return key == nullptr ? "" : bundle.localizedString(key);
 }
 
 TicketReport::Sheets Describe(const CFBundle& bundle, const PlannedSheets& sheets)
 {
-    TicketReport::Sheets told{NameOf(sheets.kind),       sheets.firstSheet,
-                              sheets.lastSheet,          sheets.firstPage,
-                              sheets.lastPage,           StockWords(bundle, sheets.stock),
-                              SidesText(bundle, sheets), ""};
+    TicketReport::Sheets told{sheets.kind,
+                              sheets.firstSheet,
+                              sheets.lastSheet,
+                              sheets.firstPage,
+                              sheets.lastPage,
+                              StockWords(bundle, sheets.stock),
+                              SidesText(bundle, sheets),
+                              ""};
     told.text =
         SheetsText(bundle, sheets) + bundle.localizedString(":") + ContentText(bundle, sheets);
     for (const std::string& detail : {told.stock, told.sides}) {
@@ -138,6 +127,12 @@ TicketReport::Sheets Describe(const CFBundle& bundle, const PlannedSheets& sheet
 
 std::string UnplannedText(const CFBundle& bundle, const UnplannedPages& pages)
 {
+    if (pages.kind == SheetKind::FrontCover || pages.kind == SheetKind::BookletCover) {
+        return bundle.localizedString("PlanFrontCoverUnplanned");
+    }
+    if (pages.kind == SheetKind::BackCover) {
+        return bundle.localizedString("PlanBackCoverUnplanned");
+    }
     if (pages.kind == SheetKind::Inserts) {
         return Numbered(bundle, "PlanInsertUnplanned", {pages.firstPage});
     }
@@ -149,17 +144,11 @@ std::string UnplannedText(const CFBundle& bundle, const UnplannedPages& pages)
 
 } // namespace
 
-std::optional<std::int32_t> SidesOfJob(const CFDictionary& ticket)
-{
-    const auto sides = ticket.int32(DuplexKey);
-    return sides ? sides : ticket.int32(SystemDuplexKey);
-}
-
 PlannedJob PlannedJobOf(const CFDictionary& ticket, std::int32_t pages)
 {
     PlannedJob job;
     job.pages = pages;
-    job.sides = SidesOfJob(ticket).value_or(UnsetValue);
+    job.sides = ticket.int32(SidesRowOf(ticket).key).value_or(UnsetValue);
     const FinishingChoice finishing(ticket);
     job.isBooklet = finishing.bookletLayout || finishing.option == SignatureBooklet;
     if (const auto* stock = ticket.get<CFDictionary>(JobLevelStockKey)) {

@@ -23,47 +23,56 @@ namespace {
 
 using Section = TicketReport::Section;
 
-// "" for what says nothing: an unset number, an empty text, a value of another kind.
-std::string TextOfValue(const TicketSource& source, const TicketSettingRow& row,
-                        const CFPropertyList& value)
+// Where a setting stands: in the ticket, or in a dictionary of it.
+struct Place {
+    std::string_view key;
+    std::string_view entry = "";
+};
+
+// A dictionary of the ticket, or the ticket itself.
+struct Settings {
+    const CFDictionary* dictionary; // null has none
+    std::string_view key = "";      // under which it stands in the ticket
+    Place placeOf(std::string_view entry) const
+    {
+        return key.empty() ? Place{entry} : Place{key, entry};
+    }
+};
+
+Settings SettingsUnder(const TicketSource& source, std::string_view key)
 {
-    if (const auto* text = value.get<std::string>()) {
-        return *text;
-    }
-    if (const auto* flag = value.get<bool>()) {
-        return source.text(*flag ? "On" : "Off");
-    }
-    const auto number = Int32Value(&value);
-    return number ? TextOfNumber(source, row, *number) : "";
+    return {source.ticket.get<CFDictionary>(key), key};
 }
 
-void Add(Section& section, const TicketSource& source, std::string_view key, const char* labelKey,
+void Add(Section& section, const TicketSource& source, Place place, const char* labelKey,
          std::string text, const CFPropertyList& value)
 {
     while (text.ends_with('\n')) {
         text.pop_back();
     }
     if (!text.empty()) {
-        section.settings.push_back(
-            {std::string(key), source.text(labelKey), std::move(text), value});
+        section.settings.push_back({std::string(place.key), std::string(place.entry),
+                                    source.text(labelKey), std::move(text), value});
     }
 }
 
-// Adds the row if the dictionary has it.
-void AddRow(Section& section, const TicketSource& source, const CFDictionary& dictionary,
+// Adds the row if the settings have it.
+void AddRow(Section& section, const TicketSource& source, const Settings& settings,
             const TicketSettingRow& row)
 {
-    if (const CFPropertyList* value = dictionary.find(row.key)) {
-        Add(section, source, row.key, row.labelKey, TextOfValue(source, row, *value), *value);
+    const CFPropertyList* value =
+        settings.dictionary == nullptr ? nullptr : settings.dictionary->find(row.key);
+    if (value != nullptr) {
+        Add(section, source, settings.placeOf(row.key), row.labelKey,
+            TextOfValue(source, row, *value), *value);
     }
 }
 
-// Null has no rows.
-void AddRows(Section& section, const TicketSource& source, const CFDictionary* dictionary,
+void AddRows(Section& section, const TicketSource& source, const Settings& settings,
              const TicketSettingRow* row)
 {
-    for (; dictionary != nullptr && row->labelKey != nullptr; ++row) {
-        AddRow(section, source, *dictionary, *row);
+    for (; row->labelKey != nullptr; ++row) {
+        AddRow(section, source, settings, *row);
     }
 }
 
@@ -90,40 +99,50 @@ std::string JobTypeText(const TicketSource& source, std::int32_t type)
     return type == UnsetValue ? "" : std::to_string(type);
 }
 
+// What a type of job has beside its number, of that type alone: the rest is left over from another.
+void AddJobTypeDetails(Section& section, const TicketSource& source, const Settings& job,
+                       JobType type)
+{
+    const auto* passcode = job.dictionary->get<std::string>(SecurePrintPasswordKey);
+    const auto* time = job.dictionary->get<CFDate>(DelayedPrintTimeKey);
+    if (type == JobType::Save || type == JobType::SaveAndPrint) {
+        AddRows(section, source, job, SavedJobRows);
+    } else if (type == JobType::SecurePrint && passcode != nullptr && !passcode->empty()) {
+        Add(section, source, job.placeOf(SecurePrintPasswordKey), "ShowPasscode",
+            source.text("ShowPasscodeSet"), true);
+    } else if (type == JobType::DelayedPrint && time != nullptr) {
+        Add(section, source, job.placeOf(DelayedPrintTimeKey), "ShowDelayedUntil", DateText(*time),
+            *time);
+    }
+}
+
 void AddJobType(Section& section, const TicketSource& source)
 {
-    const auto* job = source.ticket.get<CFDictionary>(JobTypeKey);
-    if (job == nullptr) {
-        return;
-    }
-    if (const auto type = job->int32(JobTypeNumberKey)) {
-        Add(section, source, JobTypeNumberKey, "ShowJobType", JobTypeText(source, *type), *type);
-    }
-    AddRows(section, source, job, JobTypeRows);
-    const auto* passcode = job->get<std::string>(SecurePrintPasswordKey);
-    if (passcode != nullptr && !passcode->empty()) {
-        Add(section, source, SecurePrintPasswordKey, "ShowPasscode", source.text("ShowPasscodeSet"),
-            true);
-    }
-    if (const auto* time = job->get<CFDate>(DelayedPrintTimeKey)) {
-        Add(section, source, DelayedPrintTimeKey, "ShowDelayedUntil", DateText(*time), *time);
+    const Settings job = SettingsUnder(source, JobTypeKey);
+    const auto type =
+        job.dictionary == nullptr ? std::nullopt : job.dictionary->int32(JobTypeNumberKey);
+    if (type) {
+        Add(section, source, job.placeOf(JobTypeNumberKey), "ShowJobType",
+            JobTypeText(source, *type), *type);
+        AddJobTypeDetails(section, source, job, static_cast<JobType>(*type));
     }
 }
 
 void AddStock(Section& section, const TicketSource& source)
 {
-    const auto* ticket = source.ticket.get<CFDictionary>(JobLevelStockKey);
-    if (ticket == nullptr) {
+    const Settings settings = SettingsUnder(source, JobLevelStockKey);
+    if (settings.dictionary == nullptr) {
         return;
     }
-    const Stock stock(*ticket);
-    Add(section, source, StockSizeKey, "StockSize", StockSizeText(source.bundle, stock),
-        stock.size());
-    Add(section, source, JobLevelStockKey, "ShowPaper",
-        GenerateStockSummary(source.bundle, JobContext::Job, stock, "\n"), *ticket);
-    Add(section, source, StockSidesCoatedKey, "ShowStockSurface",
-        StockSurfaceText(source.bundle, stock), stock.sidesCoated());
-    AddRow(section, source, *ticket, StockCommentRow);
+    const Stock stock(*settings.dictionary);
+    const Place place{JobLevelStockKey};
+    Add(section, source, settings.placeOf(StockSizeKey), "StockSize",
+        StockSizeText(source.bundle, stock), stock.size());
+    Add(section, source, place, "ShowPaper",
+        GenerateStockSummary(source.bundle, JobContext::Job, stock, "\n"), *settings.dictionary);
+    Add(section, source, place, "ShowStockSurface", StockSurfaceText(source.bundle, stock),
+        *settings.dictionary);
+    AddRow(section, source, settings, StockCommentRow);
 }
 
 void AddFinishing(Section& section, const TicketSource& source)
@@ -132,50 +151,52 @@ void AddFinishing(Section& section, const TicketSource& source)
     if (finishing == FinishingChoice()) {
         return;
     }
-    Add(section, source, FinishingOptionsKey, "ShowFinishing",
+    Add(section, source, {FinishingOptionsKey}, "ShowFinishing",
         CreateFinishingString(finishing, source.bundle), finishing.option);
     if (IsPunched(finishing)) {
-        Add(section, source, HolesRow.key, HolesRow.labelKey,
+        Add(section, source, {HolesRow.key}, HolesRow.labelKey,
             TextOfNumber(source, HolesRow, finishing.holes), finishing.holes);
     }
     if (finishing.offset != 0 && finishing.offsetSubset != 0) {
-        AddRow(section, source, source.ticket, SubsetRow);
+        AddRow(section, source, {&source.ticket}, SubsetRow);
     }
 }
 
 // What counts for the merge only says something beside the form's name.
+void AddMergedForm(Section& section, const TicketSource& source, const Settings& forms)
+{
+    AddRow(section, source, forms, MergeWithFormRow);
+    if (forms.dictionary->int32(CyclePagesKey).value_or(0) > 0) {
+        AddRow(section, source, forms, CyclePagesRow);
+    }
+    const std::int32_t x = ShiftOffsetFromTicket(*forms.dictionary, ShiftX1Key);
+    const std::int32_t y = ShiftOffsetFromTicket(*forms.dictionary, ShiftY1Key);
+    if (x != 0 || y != 0) {
+        Add(section, source, {forms.key}, "ShowFormOffset",
+            OffsetsText(source, IsInInches(*forms.dictionary), x, y), *forms.dictionary);
+    }
+}
+
 void AddForms(Section& section, const TicketSource& source)
 {
-    const auto* forms = source.ticket.get<CFDictionary>(BackgroundFormsOptionsKey);
-    if (forms == nullptr) {
+    const Settings forms = SettingsUnder(source, BackgroundFormsOptionsKey);
+    if (forms.dictionary == nullptr) {
         return;
     }
-    const auto* merged = forms->get<std::string>(MergeWithStringKey);
+    const auto* merged = forms.dictionary->get<std::string>(MergeWithStringKey);
     if (merged != nullptr && !merged->empty()) {
-        AddRow(section, source, *forms, MergeWithFormRow);
-        if (forms->int32(CyclePagesKey).value_or(0) > 0) {
-            AddRow(section, source, *forms, CyclePagesRow);
-        }
-        const std::int32_t x = ShiftOffsetFromTicket(*forms, ShiftX1Key);
-        const std::int32_t y = ShiftOffsetFromTicket(*forms, ShiftY1Key);
-        if (x != 0 || y != 0) {
-            Add(section, source, ShiftX1Key, "ShowFormOffset",
-                OffsetsText(source, IsInInches(*forms), x, y), *forms);
-        }
+        AddMergedForm(section, source, forms);
     }
-    AddRow(section, source, *forms, NewFormRow);
+    AddRow(section, source, forms, NewFormRow);
 }
 
 void AddPaperOutput(Section& section, const TicketSource& source)
 {
     AddJobType(section, source);
     AddStock(section, source);
-    if (const auto sides = SidesOfJob(source.ticket)) {
-        Add(section, source, SidesRow.key, SidesRow.labelKey,
-            TextOfNumber(source, SidesRow, *sides), *sides);
-    }
+    AddRow(section, source, {&source.ticket}, SidesRowOf(source.ticket));
     AddFinishing(section, source);
-    AddRows(section, source, &source.ticket, OutputRows);
+    AddRows(section, source, {&source.ticket}, OutputRows);
     AddForms(section, source);
 }
 
@@ -198,7 +219,7 @@ void AddImageShift(Section& section, const TicketSource& source)
     if (const auto* ticket = source.ticket.get<CFDictionary>(JobImageShiftKey)) {
         ImageShiftOptions shift;
         ImageShiftSetOptionsFromTicket(shift, *ticket);
-        Add(section, source, JobImageShiftKey, "ImageShift", ImageShiftText(source, shift),
+        Add(section, source, {JobImageShiftKey}, "ImageShift", ImageShiftText(source, shift),
             *ticket);
     }
 }
@@ -221,36 +242,41 @@ void AddHighlight(Section& section, const TicketSource& source)
     if (const auto* ticket = source.ticket.get<CFDictionary>(HighlightColorOptionsKey)) {
         HighlightColorOptions options;
         ColorSetupHLCSetOptionsFromTicket(options, *ticket);
-        Add(section, source, HighlightColorOptionsKey, "ShowHighlight",
+        Add(section, source, {HighlightColorOptionsKey}, "ShowHighlight",
             HighlightText(source, options), *ticket);
     }
 }
 
 void AddImage(Section& section, const TicketSource& source)
 {
-    AddRows(section, source, &source.ticket, ImageRows);
+    AddRows(section, source, {&source.ticket}, ImageRows);
     AddImageShift(section, source);
     AddHighlight(section, source);
-    if (const auto* color = source.ticket.get<CFDictionary>(FullColorOptionsKey)) {
-        AddRows(section, source, color, FullColorRows);
-        AddRows(section, source, color->get<CFDictionary>(FullColorCastKey), ColorCastRows);
+    const Settings color = SettingsUnder(source, FullColorOptionsKey);
+    AddRows(section, source, color, FullColorRows);
+    if (color.dictionary != nullptr) {
+        AddRows(section, source, {color.dictionary->get<CFDictionary>(FullColorCastKey), color.key},
+                ColorCastRows);
     }
 }
 
 void AddNotes(Section& section, const TicketSource& source)
 {
-    AddRows(section, source, &source.ticket, NotesRows);
+    const Settings ticket{&source.ticket};
+    AddRow(section, source, ticket,
+           source.ticket.isTrue(UseJobNameKey) ? SystemJobNameRow : JobNameRow);
+    AddRows(section, source, {&source.ticket}, NotesRows);
 }
 
 void AddLayout(Section& section, const TicketSource& source)
 {
-    AddRows(section, source, &source.ticket, LayoutRows);
+    AddRows(section, source, {&source.ticket}, LayoutRows);
 }
 
 // The accounting client's names stay out.
 void AddAdvanced(Section& section, const TicketSource& source)
 {
-    AddRows(section, source, &source.ticket, AdvancedRows);
+    AddRows(section, source, {&source.ticket}, AdvancedRows);
 }
 
 struct SectionRow {

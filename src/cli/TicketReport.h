@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/cf/CFPropertyList.h"
+#include "records/SheetPlan.h"
 
 #include <optional>
 #include <string>
@@ -15,6 +16,7 @@ struct TicketReport {
     /// Something that the ticket says.
     struct Setting {
         std::string key;   // of the ticket
+        std::string entry; // of the dictionary under that key; "" for the key itself
         std::string label; // what it is about
         std::string text;  // may have several lines
         CFPropertyList value;
@@ -32,7 +34,7 @@ struct TicketReport {
     };
     /// Sheets that follow each other and are alike, in words and numbers.
     struct Sheets {
-        std::string kind; // "front-cover", "pages", "inserts" or "back-cover"
+        SheetKind kind = SheetKind::Pages;
         std::int64_t firstSheet = 0;
         std::int64_t lastSheet = 0;
         std::int32_t firstPage = 0; // of inserts the page that they follow; of covers 0

@@ -13,6 +13,7 @@
 #include "settings/SettingMap.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFMaps.h"
+#include "tpif/TPIFWords.h"
 
 #include <string_view>
 
@@ -20,10 +21,19 @@ namespace tarvo {
 
 // The plain settings of a ticket in words: those that one entry tells.
 
+// What a setting's value must be to say anything.
+enum class SettingKind {
+    Number,
+    Text,
+    Flag,
+    Profile, // the number of one of the printer's own, or the name of another
+};
+
 struct TicketSettingRow {
-    const char* labelKey;            // of the text that says what it is about; null ends a table
-    std::string_view key;            // of the ticket, or of a dictionary in it
-    const SettingMap* map;           // the words for its numbers; null shows the number
+    const char* labelKey; // of the text that says what it is about; null ends a table
+    std::string_view key; // of the ticket, or of a dictionary in it
+    SettingKind kind;
+    const SettingMap* map = nullptr; // the words for its numbers; null shows the number
     const TPIFWord* names = nullptr; // of numbers that no menu has
 };
 
@@ -88,99 +98,114 @@ inline constexpr SettingMap BookletOutlinesMap[] = {
 };
 
 // clang-format off
-inline constexpr TicketSettingRow JobTypeRows[] = {
-    {"ShowSavedJobName",     SavedJobNameKey,     nullptr     },
-    {"ShowSavedJobLocation", SavedJobLocationKey, nullptr     },
-    {"ShowSaveFormat",       SaveFormatKey,       JobFormatMap},
-    {nullptr,                "",                  nullptr     },
+inline constexpr TicketSettingRow SavedJobRows[] = {
+    {"ShowSavedJobName", SavedJobNameKey, SettingKind::Text},
+    {"ShowSavedJobLocation", SavedJobLocationKey, SettingKind::Text},
+    {"ShowSaveFormat", SaveFormatKey, SettingKind::Number, JobFormatMap},
+    {nullptr, "", SettingKind::Number},
 };
 
-inline constexpr TicketSettingRow SidesRow = {"ShowSides", DuplexKey, DuplexMap};
+inline constexpr TicketSettingRow SidesRow = {"ShowSides", DuplexKey, SettingKind::Number, DuplexMap};
+inline constexpr TicketSettingRow SystemSidesRow = {"ShowSides", SystemDuplexKey, SettingKind::Number, DuplexMap};
 
-inline constexpr TicketSettingRow StockCommentRow = {"ShowStockComment", StockCommentKey, nullptr};
+/// The print dialog's own two-sided mode, else the system's.
+inline const TicketSettingRow& SidesRowOf(const CFDictionary& ticket)
+{
+    return ticket.int32(DuplexKey) ? SidesRow : SystemSidesRow;
+}
+
+inline constexpr TicketSettingRow StockCommentRow = {"ShowStockComment", StockCommentKey, SettingKind::Text};
 
 // What the words for a finishing do not say.
-inline constexpr TicketSettingRow HolesRow = {"ShowHoles", HolePunchOptionsKey, HolePunchOptionsMap};
-inline constexpr TicketSettingRow SubsetRow = {"ShowPagesPerSubset", OffsetPagesPerSubsetKey, nullptr};
+inline constexpr TicketSettingRow HolesRow = {"ShowHoles", HolePunchOptionsKey, SettingKind::Number, HolePunchOptionsMap};
+inline constexpr TicketSettingRow SubsetRow = {"ShowPagesPerSubset", OffsetPagesPerSubsetKey, SettingKind::Number};
 
 inline constexpr TicketSettingRow OutputRows[] = {
-    {"ShowOutputDestination", OutputDestinationKey, OutputDestHCSS_BKMap},
-    {"ShowOutputColor",       OutputColorKey,       OutputColorMap      },
-    {nullptr,                 "",                   nullptr             },
+    {"ShowOutputDestination", OutputDestinationKey, SettingKind::Number, OutputDestHCSS_BKMap},
+    {"ShowOutputColor", OutputColorKey, SettingKind::Number, OutputColorMap},
+    {nullptr, "", SettingKind::Number},
 };
 
-inline constexpr TicketSettingRow MergeWithFormRow = {"ShowMergeWithForm", MergeWithStringKey, nullptr};
-inline constexpr TicketSettingRow CyclePagesRow = {"ShowCyclePages", CyclePagesKey, nullptr};
-inline constexpr TicketSettingRow NewFormRow = {"ShowNewForm", NewFormStringKey, nullptr};
+inline constexpr TicketSettingRow MergeWithFormRow = {"ShowMergeWithForm", MergeWithStringKey, SettingKind::Text};
+inline constexpr TicketSettingRow CyclePagesRow = {"ShowCyclePages", CyclePagesKey, SettingKind::Number};
+inline constexpr TicketSettingRow NewFormRow = {"ShowNewForm", NewFormStringKey, SettingKind::Text};
 
 // Of an exception page.
-inline constexpr TicketSettingRow PageLightenDarkenRow = {"ShowLightenDarken", PageLightenDarkenKey, nullptr};
-inline constexpr TicketSettingRow PageOutputColorRow = {"ShowOutputColor", PageOutputColorKey, OutputColorMap};
+inline constexpr TicketSettingRow PageLightenDarkenRow = {"ShowLightenDarken", PageLightenDarkenKey, SettingKind::Number};
+inline constexpr TicketSettingRow PageColorRows[] = {
+    {"ShowOutputColor", PageOutputColorKey, SettingKind::Number, OutputColorMap},
+    {"ShowHalftone", PageHalftoneScreenKey, SettingKind::Number, HalftoneScreenMap, TPIFHalftoneScreenMap},
+    {"ShowAntialiasing", PageAntialiasingKey, SettingKind::Number, AntialiasingMap},
+    {nullptr, "", SettingKind::Number},
+};
 
 inline constexpr TicketSettingRow ImageRows[] = {
-    {"ShowResolution",    ResolutionKey,     TicketResolutionMap},
-    {"ShowHalftone",      HalftoneScreenKey, HalftoneScreenMap, TPIFHalftoneScreenMap},
-    {"ShowAntialiasing",  AntialiasingKey,   AntialiasingMap  },
-    {"ShowLightenDarken", LightenDarkenKey,  nullptr          },
-    {"ShowTonerSaver",    TonerSaverKey,     nullptr          },
-    {nullptr,             "",                nullptr          },
+    {"ShowResolution", ResolutionKey, SettingKind::Number, TicketResolutionMap},
+    {"ShowHalftone", HalftoneScreenKey, SettingKind::Number, HalftoneScreenMap, TPIFHalftoneScreenMap},
+    {"ShowAntialiasing", AntialiasingKey, SettingKind::Number, AntialiasingMap},
+    {"ShowLightenDarken", LightenDarkenKey, SettingKind::Number},
+    {"ShowTonerSaver", TonerSaverKey, SettingKind::Flag},
+    {nullptr, "", SettingKind::Number},
 };
 
 inline constexpr TicketSettingRow FullColorRows[] = {
-    {"ShowLightness",          FullColorLightnessKey,           nullptr              },
-    {"ShowContrast",           FullColorContrastKey,            nullptr              },
-    {"ShowSaturation",         FullColorSaturationKey,          nullptr              },
-    {"ShowTrapping",           FullColorTrappingKey,            TrappingMap          },
-    {"ShowTrappingFast",       FullColorTrappingFastKey,        nullptr              },
-    {"ShowTrappingSlow",       FullColorTrappingSlowKey,        nullptr              },
-    {"ShowBlackOverprint",     FullColorBlackOverprintKey,      TrappingMap          },
-    {"ShowTRC",                FullColorTRCKey,                 nullptr              },
-    {"ShowRGBImages",          RGBImagesProfileKey,             RGBSourceProfileMap  },
-    {"ShowRGBText",            RGBTextAndGraphicsProfileKey,    RGBSourceProfileMap  },
-    {"ShowCMYKImages",         CMYKImagesProfileKey,            CMYKSourceProfileMap },
-    {"ShowCMYKText",           CMYKTextAndGraphicsProfileKey,   CMYKSourceProfileMap },
-    {"ShowGrayImages",         GrayImagesProfileKey,            nullptr              },
-    {"ShowGrayText",           GrayTextAndGraphicsProfileKey,   nullptr              },
-    {"ShowDestination",        DestinationProfileKey,           DestinationProfileMap},
-    {"ShowRenderingImages",    ImageRenderingKey,               ObjectRenderingMap   },
-    {"ShowRenderingText",      TextRenderingKey,                ObjectRenderingMap   },
-    {"ShowRenderingGraphics",  GraphicRenderingKey,             ObjectRenderingMap   },
-    {nullptr,                  "",                              nullptr              },
+    {"ShowLightness", FullColorLightnessKey, SettingKind::Number},
+    {"ShowContrast", FullColorContrastKey, SettingKind::Number},
+    {"ShowSaturation", FullColorSaturationKey, SettingKind::Number},
+    {"ShowTrapping", FullColorTrappingKey, SettingKind::Number, TrappingMap},
+    {"ShowTrappingFast", FullColorTrappingFastKey, SettingKind::Number},
+    {"ShowTrappingSlow", FullColorTrappingSlowKey, SettingKind::Number},
+    {"ShowBlackOverprint", FullColorBlackOverprintKey, SettingKind::Number, BlackOverprintMap},
+    {"ShowTRC", FullColorTRCKey, SettingKind::Text},
+    {"ShowRGBImages", RGBImagesProfileKey, SettingKind::Profile, RGBSourceProfileMap, RGBSourceWords},
+    {"ShowRGBText", RGBTextAndGraphicsProfileKey, SettingKind::Profile, RGBSourceProfileMap, RGBSourceWords},
+    {"ShowCMYKImages", CMYKImagesProfileKey, SettingKind::Profile, CMYKSourceProfileMap, CMYKSourceWords},
+    {"ShowCMYKText", CMYKTextAndGraphicsProfileKey, SettingKind::Profile, CMYKSourceProfileMap, CMYKSourceWords},
+    {"ShowGrayImages", GrayImagesProfileKey, SettingKind::Text},
+    {"ShowGrayText", GrayTextAndGraphicsProfileKey, SettingKind::Text},
+    {"ShowDestination", DestinationProfileKey, SettingKind::Profile, DestinationProfileMap},
+    {"ShowRenderingImages", ImageRenderingKey, SettingKind::Number, ObjectRenderingMap},
+    {"ShowRenderingText", TextRenderingKey, SettingKind::Number, ObjectRenderingMap},
+    {"ShowRenderingGraphics", GraphicRenderingKey, SettingKind::Number, ObjectRenderingMap},
+    {nullptr, "", SettingKind::Number},
 };
 
 inline constexpr TicketSettingRow ColorCastRows[] = {
-    {"ShowCyanRed",      FullColorCyanRedKey,      nullptr},
-    {"ShowMagentaGreen", FullColorMagentaGreenKey, nullptr},
-    {"ShowYellowBlue",   FullColorYellowBlueKey,   nullptr},
-    {nullptr,            "",                       nullptr},
+    {"ShowCyanRed", FullColorCyanRedKey, SettingKind::Number},
+    {"ShowMagentaGreen", FullColorMagentaGreenKey, SettingKind::Number},
+    {"ShowYellowBlue", FullColorYellowBlueKey, SettingKind::Number},
+    {nullptr, "", SettingKind::Number},
 };
 
+// Either is the job's name; the ticket says which.
+inline constexpr TicketSettingRow JobNameRow = {"ShowJobName", JobNotesJobNameKey, SettingKind::Text};
+inline constexpr TicketSettingRow SystemJobNameRow = {"ShowJobName", SystemJobNameKey, SettingKind::Text};
+
 inline constexpr TicketSettingRow NotesRows[] = {
-    {"ShowJobName",        JobNotesJobNameKey,        nullptr},
-    {"ShowSender",         JobNotesSenderNameKey,     nullptr},
-    {"ShowRecipient",      JobNotesRecipientKey,      nullptr},
-    {"ShowBannerNote",     JobNotesSheetMessageKey,   nullptr},
-    {"ShowOperatorNote",   JobNotesMessageKey,        nullptr},
-    {"ShowAdditionalInfo", JobNotesAdditionalInfoKey, nullptr},
-    {nullptr,              "",                        nullptr},
+    {"ShowSender", JobNotesSenderNameKey, SettingKind::Text},
+    {"ShowRecipient", JobNotesRecipientKey, SettingKind::Text},
+    {"ShowBannerNote", JobNotesSheetMessageKey, SettingKind::Text},
+    {"ShowOperatorNote", JobNotesMessageKey, SettingKind::Text},
+    {"ShowAdditionalInfo", JobNotesAdditionalInfoKey, SettingKind::Text},
+    {nullptr, "", SettingKind::Number},
 };
 
 inline constexpr TicketSettingRow LayoutRows[] = {
-    {"ShowBookletLayout",   BookletLayoutKey,       nullptr           },
-    {"ShowBookletFold",     BookletFoldStapleKey,   BookletFinishingMap    },
-    {"ShowBookletOutlines", BookletDrawOutlinesKey, BookletOutlinesMap},
-    {"ShowBookletNewSize",  BookletForceNewSizeKey, nullptr           },
-    {nullptr,               "",                     nullptr           },
+    {"ShowBookletLayout", BookletLayoutKey, SettingKind::Flag},
+    {"ShowBookletFold", BookletFoldStapleKey, SettingKind::Number, BookletFinishingMap},
+    {"ShowBookletOutlines", BookletDrawOutlinesKey, SettingKind::Number, BookletOutlinesMap},
+    {"ShowBookletNewSize", BookletForceNewSizeKey, SettingKind::Flag},
+    {nullptr, "", SettingKind::Number},
 };
 
 inline constexpr TicketSettingRow AdvancedRows[] = {
-    {"ShowRotation",         RotateImageKey,      RotationMap        },
-    {"ShowOutputOrder",      OutputOrderKey,      OutputOrderMap     },
-    {"ShowOPISubstitution",  OPISubstitutionKey,  OPISubstitutionMap },
-    {"ShowOPIPrescan",       OPIPrescanKey,       OPIPrescanMap      },
-    {"ShowQuillonEmulation", QuillonEmulationKey, QuillonEmulationMap},
-    {"ShowAccounting",       AccountingOnKey,     AccountingMap      },
-    {nullptr,                "",                  nullptr            },
+    {"ShowRotation", RotateImageKey, SettingKind::Number, RotationMap},
+    {"ShowOutputOrder", OutputOrderKey, SettingKind::Number, OutputOrderMap},
+    {"ShowOPISubstitution", OPISubstitutionKey, SettingKind::Number, OPISubstitutionMap},
+    {"ShowOPIPrescan", OPIPrescanKey, SettingKind::Number, OPIPrescanMap},
+    {"ShowQuillonEmulation", QuillonEmulationKey, SettingKind::Number, QuillonEmulationMap},
+    {"ShowAccounting", AccountingOnKey, SettingKind::Number, AccountingMap},
+    {nullptr, "", SettingKind::Number},
 };
 // clang-format on
 

@@ -40,6 +40,15 @@ std::string SafeLines(std::string_view text)
     }
 }
 
+// A finishing without one of its parts has an empty line for it.
+std::string WithoutEmptyLines(std::string text)
+{
+    text.erase(std::unique(text.begin(), text.end(),
+                           [](char one, char next) { return one == '\n' && next == '\n'; }),
+               text.end());
+    return text.starts_with('\n') ? text.substr(1) : text;
+}
+
 void AddSection(std::string& text, const TicketReport::Section& section, const std::string& colon)
 {
     constexpr std::size_t Column = 4;
@@ -51,7 +60,7 @@ void AddSection(std::string& text, const TicketReport::Section& section, const s
             text.resize(text.find_last_not_of(' ') + 1);
             text += '\n' + std::string(Column, ' ');
         }
-        text += Indented(SafeLines(setting.text), Column) + '\n';
+        text += Indented(WithoutEmptyLines(SafeLines(setting.text)), Column) + '\n';
     }
 }
 
@@ -154,6 +163,7 @@ Json JsonOf(const TicketReport::Section& section)
     for (const auto& setting : section.settings) {
         settings.push_back({
             {"key",   setting.key          },
+            {"entry", setting.entry        },
             {"label", setting.label        },
             {"text",  setting.text         },
             {"value", JsonOf(setting.value)},
@@ -166,19 +176,37 @@ Json JsonOf(const TicketReport::Section& section)
     };
 }
 
+// What a report calls the kind of sheet in every language.
+const char* NameOf(SheetKind kind)
+{
+    switch (kind) {
+    case SheetKind::FrontCover:
+        return "front-cover";
+    case SheetKind::Inserts:
+        return "inserts";
+    case SheetKind::BackCover:
+        return "back-cover";
+    case SheetKind::BookletCover:
+        return "booklet-cover";
+    case SheetKind::Pages:
+        break;
+    }
+    return "pages";
+}
+
 Json JsonOf(const TicketReport::Plan& plan)
 {
     Json rows = Json::array();
     for (const auto& sheets : plan.sheets) {
         Json row = {
-            {"kind",       sheets.kind      },
-            {"firstSheet", sheets.firstSheet},
-            {"lastSheet",  sheets.lastSheet },
+            {"kind",       NameOf(sheets.kind)},
+            {"firstSheet", sheets.firstSheet  },
+            {"lastSheet",  sheets.lastSheet   },
         };
-        if (sheets.kind == "pages") {
+        if (sheets.kind == SheetKind::Pages) {
             row["firstPage"] = sheets.firstPage;
             row["lastPage"] = sheets.lastPage;
-        } else if (sheets.kind == "inserts") {
+        } else if (sheets.kind == SheetKind::Inserts) {
             row["afterPage"] = sheets.firstPage;
         }
         row["stock"] = sheets.stock;

@@ -26,6 +26,22 @@ std::string TextOfNumber(const TicketSource& source, const TicketSettingRow& row
     return name ? std::string(*name) : std::to_string(number);
 }
 
+std::string TextOfValue(const TicketSource& source, const TicketSettingRow& row,
+                        const CFPropertyList& value)
+{
+    const auto* text = value.get<std::string>();
+    if (text != nullptr && (row.kind == SettingKind::Text || row.kind == SettingKind::Profile)) {
+        return *text;
+    }
+    const auto* flag = value.get<bool>();
+    if (flag != nullptr && row.kind == SettingKind::Flag) {
+        return source.text(*flag ? "On" : "Off");
+    }
+    const bool isNumber = row.kind == SettingKind::Number || row.kind == SettingKind::Profile;
+    const auto number = isNumber ? Int32Value(&value) : std::nullopt;
+    return number ? TextOfNumber(source, row, *number) : "";
+}
+
 std::string OffsetsText(const TicketSource& source, bool isInches, std::int32_t x, std::int32_t y)
 {
     std::string text;

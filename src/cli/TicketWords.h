@@ -24,6 +24,11 @@ struct TicketSource {
 std::string TextOfNumber(const TicketSource& source, const TicketSettingRow& row,
                          std::int32_t number);
 
+/// A value of the ticket in words.
+/// @return "" for what says nothing: an unset number, an empty text, a value of another kind
+std::string TextOfValue(const TicketSource& source, const TicketSettingRow& row,
+                        const CFPropertyList& value);
+
 /// "0.25 in, 0 in".
 /// @param x  in 1/100 in or in 1/10 mm, as y
 std::string OffsetsText(const TicketSource& source, bool isInches, std::int32_t x, std::int32_t y);

@@ -21,6 +21,8 @@ enum class JobType : std::int32_t {
     Hold = 2,
     Save = 3,
     SaveAndPrint = 4,
+    SecurePrint = 6,
+    DelayedPrint = 7,
     BackgroundForms = 9,
 };
 

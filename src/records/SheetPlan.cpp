@@ -2,8 +2,10 @@
 
 #include "records/TicketSpecialPages.h"
 #include "settings/JobMaps.h"
+#include "settings/SpecialPageMaps.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace tarvo {
@@ -23,8 +25,9 @@ Stock StockInJob(const Stock& page, const Stock& job)
     if (page == Stock()) {
         return job;
     }
-    Stock stock(page);
-    if (page.customNameOnly()) {
+    Stock stock;
+    stock = page; // through the setters: a transparency is clear, whatever a ticket says
+    if (page.customNameOnly() || job.customNameOnly()) { // a name tells no attributes to share
         return stock;
     }
     if (page.size() == UnsetValue) {
@@ -37,7 +40,7 @@ Stock StockInJob(const Stock& page, const Stock& job)
         stock.setCustomType(job.customType());
         stock.setModulus(job.modulus());
     }
-    if (page.color() == UnsetValue) {
+    if (stock.color() == UnsetValue) { // a transparency has brought its own
         stock.setColor(job.color());
         stock.setCustomColor(job.customColor());
     }
@@ -63,7 +66,7 @@ public:
 
 private:
     void addSheets(PlannedSheets entry, std::int64_t count);
-    void addCover(SheetKind kind, const Cover* cover);
+    void addCover(SheetKind kind, const std::optional<Cover>& cover);
     void addPages(std::int32_t first, std::int32_t last, std::int32_t sides, const Stock& stock);
     void addInsertsAfter(std::int32_t page);
     std::int32_t addStretchFrom(std::int32_t page);
@@ -85,12 +88,17 @@ void Planner::addSheets(PlannedSheets entry, std::int64_t count)
     plan_.sheets.push_back(std::move(entry));
 }
 
-void Planner::addCover(SheetKind kind, const Cover* cover)
+// A cover with sides that no table has is none to the printer.
+void Planner::addCover(SheetKind kind, const std::optional<Cover>& cover)
 {
-    if (cover != nullptr) {
-        addSheets({kind, 0, 0, 0, 0, cover->sidesImaged(), StockInJob(cover->stock(), job_.stock)},
-                  1);
+    if (!cover) {
+        return;
     }
+    if (LocalizedKeyForTicketValue(CoverSidesImagedMap, cover->sidesImaged()) == nullptr) {
+        plan_.unplanned.push_back({kind, 0, 0});
+        return;
+    }
+    addSheets({kind, 0, 0, 0, 0, cover->sidesImaged(), StockInJob(cover->stock(), job_.stock)}, 1);
 }
 
 // Pages like those before them go on where those end.
@@ -117,8 +125,12 @@ void Planner::addInsertsAfter(std::int32_t page)
         if (insert.startPage() > page) {
             return;
         }
+        if (insert.quantity() < 1) {
+            plan_.unplanned.push_back({SheetKind::Inserts, page, page});
+            continue;
+        }
         addSheets({SheetKind::Inserts, 0, 0, page, page, 0, StockInJob(insert.stock(), job_.stock)},
-                  std::max(insert.quantity(), 1));
+                  insert.quantity());
     }
 }
 
@@ -166,13 +178,13 @@ void Planner::leaveOutRest()
 
 SheetPlan Planner::sheets()
 {
-    addCover(SheetKind::FrontCover, special_.frontCover ? &*special_.frontCover : nullptr);
+    addCover(SheetKind::FrontCover, special_.frontCover);
     addInsertsAfter(0);
     for (std::int32_t page = 0; page < job_.pages;) {
         page = addStretchFrom(page + 1);
         addInsertsAfter(page);
     }
-    addCover(SheetKind::BackCover, special_.backCover ? &*special_.backCover : nullptr);
+    addCover(SheetKind::BackCover, special_.backCover);
     leaveOutRest();
     return std::move(plan_);
 }
@@ -180,8 +192,12 @@ SheetPlan Planner::sheets()
 // The covers are one sheet round all others, which the front's stock tells.
 SheetPlan Planner::booklet()
 {
-    const auto& cover = special_.frontCover ? special_.frontCover : special_.backCover;
-    addCover(SheetKind::FrontCover, cover ? &*cover : nullptr);
+    const auto& front = special_.frontCover;
+    const auto& back = special_.backCover;
+    addCover(SheetKind::BookletCover, front ? front : back);
+    if (front && back && *front != *back) {
+        plan_.unplanned.push_back({SheetKind::BackCover, 0, 0});
+    }
     addSheets({SheetKind::Pages, 0, 0, 1, job_.pages, TwoSidedShortEdge, job_.stock},
               (std::int64_t{job_.pages} + BookletPagesPerSheet - 1) / BookletPagesPerSheet);
     leaveOutRest();

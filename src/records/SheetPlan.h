@@ -9,7 +9,8 @@ namespace tarvo {
 
 struct TicketSpecialPages;
 
-enum class SheetKind { FrontCover, Pages, Inserts, BackCover };
+/// A booklet's cover is one sheet round all others.
+enum class SheetKind { FrontCover, Pages, Inserts, BackCover, BookletCover };
 
 /// Sheets that follow each other and are alike.
 struct PlannedSheets {
@@ -23,9 +24,9 @@ struct PlannedSheets {
     bool operator==(const PlannedSheets&) const = default;
 };
 
-/// An insert or an exception page that finds no place among the pages.
+/// A cover, an insert or an exception page that finds no place among the pages.
 struct UnplannedPages {
-    SheetKind kind = SheetKind::Pages; // Inserts, or Pages for an exception page
+    SheetKind kind = SheetKind::Pages; // of an exception page Pages; covers have no page numbers
     std::int32_t firstPage = 0;
     std::int32_t lastPage = 0;
     bool operator==(const UnplannedPages&) const = default;

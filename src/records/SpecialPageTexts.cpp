@@ -23,7 +23,7 @@ std::string Joined(std::initializer_list<std::string_view> parts)
 {
     std::string joined;
     for (const auto part : parts) {
-        joined += joined.empty() || part.empty() ? "" : ";  ";
+        joined += joined.empty() || part.empty() ? "" : PartSeparator;
         joined += part;
     }
     return joined;

@@ -36,7 +36,8 @@ SpecialPageTexts ExceptionPageTexts(const CFBundle& bundle, const ExceptionPage&
 /// @return StatusOk; StatusNoSuchColumn; StatusBadArgument when `text` is null
 OSStatus TextOfColumn(const SpecialPageTexts& texts, std::uint32_t column, std::string* text);
 
-// The descriptions: what is set, as parts with ";  " between them.
+// The descriptions: what is set, as parts with PartSeparator between them.
+inline constexpr const char* PartSeparator = ";  ";
 
 /// The sides imaged and the stock's summary.
 std::string CoverDescription(const CFBundle& bundle, const Cover& cover);

@@ -16,9 +16,14 @@ namespace {
 // The lines of one summary, as they come about.
 class SummaryLines {
 public:
-    SummaryLines(const CFBundle& bundle, JobContext context) : bundle_(bundle), context_(context) {}
+    /// @param isSentence  tells what is set, as part of one; else it is the print dialog's summary
+    SummaryLines(const CFBundle& bundle, JobContext context, bool isSentence)
+        : bundle_(bundle), context_(context), isSentence_(isSentence)
+    {
+    }
 
     const std::string& text(const char* key) const { return bundle_.localizedString(key); }
+    bool isSentence() const { return isSentence_; }
     bool isForJob() const { return context_ == JobContext::Job; }
     /// A job's summary names what is left to the printer, too.
     bool shows(std::int32_t value) const { return value != UnsetValue || isForJob(); }
@@ -39,7 +44,8 @@ public:
     {
         std::string all;
         for (const Line& line : lines_) {
-            (all += all.empty() ? "" : separator) += line.value;
+            all += all.empty() || line.value.empty() ? "" : separator;
+            all += line.value;
         }
         return all;
     }
@@ -51,11 +57,15 @@ private:
     };
     const CFBundle& bundle_;
     JobContext context_;
+    bool isSentence_;
     std::vector<Line> lines_;
 };
 
-std::string WithModulus(const std::string& name, const Stock& stock)
+std::string WithModulus(const SummaryLines& lines, const std::string& name, const Stock& stock)
 {
+    if (stock.modulus() == UnsetValue && lines.isSentence()) {
+        return name;
+    }
     return name + " (" + std::to_string(stock.modulus()) + ")";
 }
 
@@ -71,15 +81,16 @@ std::string TypeText(const SummaryLines& lines, const Stock& stock)
 {
     switch (stock.type()) {
     case OrderedStockType:
-        return WithModulus(stock.customType(), stock);
+        return WithModulus(lines, stock.customType(), stock);
     case PrecutTabStockType:
-        return WithModulus(lines.text("StockTypePrecutTab"), stock);
+        return WithModulus(lines, lines.text("StockTypePrecutTab"), stock);
     case CustomStockType:
         return stock.customType();
     case TabStockType:
     case HeavyTabStockType:
         if (stock.modulus() > 0) {
-            return WithModulus(GetPPDOptionAliasForTicketValue("MediaType", stock.type()), stock);
+            return WithModulus(lines, GetPPDOptionAliasForTicketValue("MediaType", stock.type()),
+                               stock);
         }
         break;
     default:
@@ -135,9 +146,10 @@ void AddWords(std::string& words, const CFBundle& bundle, const SettingMap* map,
     }
 }
 
-SummaryLines LinesOf(const CFBundle& bundle, JobContext context, const Stock& stock)
+SummaryLines LinesOf(const CFBundle& bundle, JobContext context, const Stock& stock,
+                     bool isSentence)
 {
-    SummaryLines lines(bundle, context);
+    SummaryLines lines(bundle, context, isSentence);
     if (!stock.customName().empty()) {
         lines.add("StockName", stock.customName());
     }
@@ -152,7 +164,7 @@ SummaryLines LinesOf(const CFBundle& bundle, JobContext context, const Stock& st
 std::string GenerateStockSummary(const CFBundle& bundle, JobContext context, const Stock& stock,
                                  std::string_view separator)
 {
-    return LinesOf(bundle, context, stock).joined(separator);
+    return LinesOf(bundle, context, stock, false).joined(separator);
 }
 
 std::string StockSizeText(const CFBundle& bundle, const Stock& stock)
@@ -194,7 +206,7 @@ std::string StockWords(const CFBundle& bundle, const Stock& stock)
     }
     told.setSize(UnsetValue);
     std::string words = stock.customNameOnly() ? "" : StockSizeText(bundle, stock);
-    AddWords(words, LinesOf(bundle, JobContext::ExceptionPage, told).values(", "));
+    AddWords(words, LinesOf(bundle, JobContext::ExceptionPage, told, true).values(", "));
     AddWords(words, StockSurfaceText(bundle, stock));
     return words;
 }

@@ -34,11 +34,13 @@ inline constexpr SettingMap OutputStapleHCSSMap[] = {
     {nullptr,                 0,          0},
 };
 
+inline constexpr std::int32_t SignatureBooklet = 3;
+
 // Families without a position.
 inline constexpr SettingMap PlainFinishingMap[] = {
-    {"None",             1, 0},
-    {"SignatureBooklet", 3, 0},
-    {nullptr,            0, 0},
+    {"None",             1,                0},
+    {"SignatureBooklet", SignatureBooklet, 0},
+    {nullptr,            0,                0},
 };
 
 inline constexpr SettingMap OneStapleMap[] = {

@@ -75,6 +75,20 @@ class Show(ProgramTest):
                      "Job type: Delayed Print", "Not printed before: 2026-11-21 15:00 +0000"):
             self.assertIn(f"  {line}\n", text)
 
+    def test_only_what_counts_is_told(self):
+        ticket = {"com.tarvo.print.Resolution": "hello", "com.tarvo.print.HalftoneScreen": True,
+                  "com.tarvo.print.JobNotesMessage": 5, "com.tarvo.print.BookletLayout": 1,
+                  "com.tarvo.print.FullColorOptions": {"FCLightness": "bright", "GrayImagesProfile": 4},
+                  JobType: {"JobType": 1, "SavedJobName": "x", "SecurePrintPassword": "1234",
+                            "DelayedPrintTime": datetime.datetime(2026, 11, 21)}}
+        self.assertEqual(self.show(ticket), "Paper/Output\n  Job type: Normal\n")
+
+    def test_an_exception_page_tells_its_colour(self):
+        page = {"StartPage": 3, "EndPage": 4, "Antialiasing": 2,
+                "FullColorOptionsPage": {"FCLightness": 5, "RGBImagesProfile": 3}}
+        self.assertIn("Anti-aliasing: On;  Lightness: 5;  RGB profile of images: Smpte-240m\n",
+                      self.show({"com.tarvo.print.SpecialPages.ExceptionList": [page]}))
+
     def test_what_the_panels_summaries_leave_out_is_told(self):
         finishing = "com.tarvo.print.Finishing"
         text = self.show({

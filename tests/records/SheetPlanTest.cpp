@@ -73,6 +73,9 @@ std::string TextOf(const PlannedSheets& sheets)
     case SheetKind::FrontCover:
         text += " F" + std::to_string(sheets.sides);
         break;
+    case SheetKind::BookletCover:
+        text += " R" + std::to_string(sheets.sides);
+        break;
     case SheetKind::BackCover:
         text += " B" + std::to_string(sheets.sides);
         break;
@@ -93,7 +96,10 @@ std::string TextOf(const SheetPlan& plan)
         text += (text.empty() ? "" : "; ") + TextOf(sheets);
     }
     for (const auto& pages : plan.unplanned) {
-        text += "; !" + std::string(pages.kind == SheetKind::Inserts ? "I" : "P") +
+        text += "; !" +
+                std::string(pages.kind == SheetKind::BackCover ? "B"
+                            : pages.kind == SheetKind::Inserts ? "I"
+                                                               : "P") +
                 std::to_string(pages.firstPage) + '-' + std::to_string(pages.lastPage);
     }
     return text;
@@ -138,8 +144,10 @@ TEST(SheetPlan, NamesWhatLiesOutsideThePages)
     AddException(special, -2, 0, UnsetValue, Yellow);
     AddException(special, 3, 8, UnsetValue, Yellow);
     AddException(special, 9, 10, UnsetValue, Yellow);
+    AddInsert(special, 1, 0);
+    special.backCover = CoverWith(9);
     EXPECT_EQ(TextOf(PlanSheets(Job(5, OneSided), special)),
-              "1-2 P1-2 w; 3-4 P3-4 y; 5 I4 b; 6 P5-5 y; !I9-9; !P-2-0; !P9-10");
+              "1-2 P1-2 w; 3-4 P3-4 y; 5 I4 b; 6 P5-5 y; !I1-1; !B0-0; !I9-9; !P-2-0; !P9-10");
 }
 
 TEST(SheetPlan, PutsABookletRoundAndIntoOneCover)
@@ -151,7 +159,9 @@ TEST(SheetPlan, PutsABookletRoundAndIntoOneCover)
     AddException(special, 1, 2, UnsetValue, Yellow);
     auto job = Job(13, TwoSidedShortEdge);
     job.isBooklet = true;
-    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1 F4 w; 2-5 P1-13 w; !I2-2; !P1-2");
+    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1 R4 w; 2-5 P1-13 w; !I2-2; !P1-2");
+    special.backCover = CoverWith(2);
+    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1 R4 w; 2-5 P1-13 w; !B0-0; !I2-2; !P1-2");
 }
 
 TEST(SheetPlan, TakesWhatAPageLeavesOpenFromTheJob)
@@ -180,6 +190,20 @@ TEST(SheetPlan, PrintsAPageWithoutAStockOnTheJobsOwn)
     job.stock.setCustomNameOnly(true);
     job.stock.setDescription("shelf 7");
     EXPECT_EQ(PlanSheets(job, special).sheets.front().stock, job.stock);
+    // The name tells no colour or weight that a page of its own could share.
+    special.frontCover->stock() = Colored(Blue);
+    EXPECT_EQ(PlanSheets(job, special).sheets.front().stock, Colored(Blue));
+}
+
+TEST(SheetPlan, HasClearTransparenciesOnly)
+{
+    TicketSpecialPages special;
+    AddException(special, 1, 1, UnsetValue, Yellow);
+    auto job = Job(2, OneSided);
+    job.stock.setType(TransparencyStockType);
+    const SheetPlan plan = PlanSheets(job, special);
+    EXPECT_EQ(plan.sheetCount, 2);
+    EXPECT_EQ(plan.sheets.front().stock.color(), ClearStockColor);
 }
 
 // The rule page by page.
