@@ -26,13 +26,13 @@ using Section = TicketReport::Section;
 // Where a setting stands: in the ticket, or in a dictionary of it.
 struct Place {
     std::string_view key;
-    std::string_view entry = "";
+    std::string_view entry{};
 };
 
 // A dictionary of the ticket, or the ticket itself.
 struct Settings {
     const CFDictionary* dictionary; // null has none
-    std::string_view key = "";      // under which it stands in the ticket
+    std::string_view key{};         // under which it stands in the ticket
     Place placeOf(std::string_view entry) const
     {
         return key.empty() ? Place{entry} : Place{key, entry};

@@ -91,7 +91,7 @@ bool Ask(StockDialogs& dialogs, StockQuestion question, JobContext context, Stoc
     if (!(dialogs.*question)(context, edited)) {
         return false;
     }
-    stock = std::move(edited);
+    stock = edited; // through the setters
     return true;
 }
 
