@@ -10,53 +10,52 @@
 namespace tarvo {
 namespace {
 
-// Runs one step that takes memory; the step's line of diagnostics is its own.
-template <typename Step>
-bool HasMemory(const char* diagnostic, Step step)
-{
-    try {
-        step();
-        return true;
-    } catch (const std::bad_alloc&) {
-        errno = ENOMEM;
-        std::perror(diagnostic);
-        return false;
-    }
-}
-
 constexpr const char* NoMemoryCause = "no memory";
+
+MediaReply Failure(OSStatus status, std::string cause, const char* diagnostic, int error)
+{
+    return {status, std::nullopt, std::move(cause), diagnostic, error};
+}
 
 } // namespace
 
 MediaReply RetrievePrinterMedia(const std::string& host, const ExchangeLimits& limits,
-                                const std::stop_token& stop)
+                                const std::stop_token& stop, const ExchangeManner& manner)
 {
     PrinterAddress address;
     std::string request;
-    if (!HasMemory("Unable to allocate memory for IP address",
-                   [&] { address = AddressOfAuthority(host); }) ||
-        !HasMemory("Unable to allocate memory for HTTP address",
-                   [&] { request = MediaRequest("http://" + host); })) {
-        return {StatusNoMemory, std::nullopt, NoMemoryCause};
+    const char* step = "Unable to allocate memory for IP address";
+    try {
+        address = AddressOfAuthority(host);
+        step = "Unable to allocate memory for HTTP address";
+        request = MediaRequest("http://" + host);
+    } catch (const std::bad_alloc&) {
+        return Failure(StatusNoMemory, NoMemoryCause, step, ENOMEM);
     }
-    Exchange exchange = PostToPrinter(address, std::move(request), limits, stop);
+    Exchange exchange = PostToPrinter(address, std::move(request), limits, stop, manner);
+    MediaReply reply;
     switch (exchange.result) {
     case ExchangeResult::Answered:
-        return {StatusOk, std::move(exchange.body), ""};
+        reply.bytes = std::move(exchange.body);
+        return reply;
     case ExchangeResult::NoAnswer:
-        return {StatusOk, std::nullopt, std::move(exchange.cause)};
+        reply.cause = std::move(exchange.cause);
+        return reply;
     case ExchangeResult::NotConnected:
         break;
     }
-    errno = exchange.error;
-    std::perror("Unable to connect to server");
-    return {StatusNotConnected, std::nullopt, std::move(exchange.cause)};
+    return Failure(StatusNotConnected, std::move(exchange.cause), "Unable to connect to server",
+                   exchange.error);
 }
 
 StockRetrieval RetrievePrinterStockLibrary(const std::string& host, const ExchangeLimits& limits,
                                            const std::stop_token& stop)
 {
     MediaReply reply = RetrievePrinterMedia(host, limits, stop);
+    if (reply.status != StatusOk) {
+        errno = reply.error;
+        std::perror(reply.diagnostic);
+    }
     StockRetrieval retrieval{reply.status, std::nullopt, std::move(reply.cause)};
     if (reply.bytes) {
         try {

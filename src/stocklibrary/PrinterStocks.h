@@ -20,6 +20,8 @@ struct MediaReply {
     OSStatus status = StatusOk;
     std::optional<std::string> bytes; // nullopt when there is none that counts
     std::string cause;                // why there is none, for people
+    const char* diagnostic = nullptr; // of a status that is a failure: the step
+    int error = 0;                    // and why, of errno
 };
 
 /// What became of asking a printer for its stocks.
@@ -29,14 +31,13 @@ struct StockRetrieval {
     std::string cause;                        // why there are none, for people
 };
 
-/// Asks a printer for its media. A printer that cannot be reached is a failure and told on standard
-/// error; one that gives no usable answer is not. Returns within the limits, or at once when it is
-/// called off.
+/// Asks a printer for its media. A printer that cannot be reached is a failure; one that gives no
+/// usable answer is not. Returns within the limits, or at once when it is called off.
 /// @param host  the authority of its device URI: "press.local", "user@10.0.0.7:8631"
 MediaReply RetrievePrinterMedia(const std::string& host, const ExchangeLimits& limits,
-                                const std::stop_token& stop);
+                                const std::stop_token& stop, const ExchangeManner& manner = {});
 
-/// The same, as stocks in the printer's order.
+/// The same, as stocks in the printer's order. A failure is told on standard error.
 StockRetrieval RetrievePrinterStockLibrary(const std::string& host, const ExchangeLimits& limits,
                                            const std::stop_token& stop);
 

@@ -87,6 +87,32 @@ TEST(IppReply, TellsTheFirstAttributeThatHoldsCollections)
     }
 }
 
+TEST(IppValue, IsToldInOneLine)
+{
+    // clang-format off
+    const struct {
+        int tag;
+        std::string value;
+        const char* text;
+    } cases[] = {
+        {0x44, "iso_a4\x1B",         "iso_a4 "},
+        {0x36, "\0\2de\0\3rot"s,     "rot"},
+        {0x21, "\xFF\xFF\xFF\xFE",    "-2"},
+        {0x23, "\0\0\0\5"s,           "5"},
+        {0x33, "\0\0\0\1\0\0\1\0"s,   "1-256"},
+        {0x22, "\1",                 "true"},
+        {0x22, "\0"s,                "false"},
+        {0x13, "",                   "(no value)"},
+        {0x21, "abc",                "(kind 33, 3 bytes)"},
+        {0x33, "abcd",               "(kind 51, 4 bytes)"},
+        {0x32, "123456789",          "(kind 50, 9 bytes)"},
+    };
+    // clang-format on
+    for (const auto& row : cases) {
+        EXPECT_EQ(IppValueText(static_cast<IppTag>(row.tag), row.value), row.text);
+    }
+}
+
 TEST(IppReply, IsRefusedWhenMalformed)
 {
     const std::string whole = Head + Begin("a") + Member("m") + Value(0x44, "", "w") + End + Tail;

@@ -165,7 +165,7 @@ TEST_F(StockThread, BringsThePrintersStocksAndKeepsThemForTheSamePrinter)
     testing::internal::CaptureStderr();
     EXPECT_EQ(nextEvent(), FourCharCode("TbdC"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Unable to connect to server: Host is down\n");
+              "Unable to connect to server: Connection refused\n");
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::Failed);
     EXPECT_NE(PrinterStocksCause(), "");
 }
@@ -245,7 +245,7 @@ struct MisbehaviourCase {
 constexpr const char* TooLong = "the printer took too long";
 
 constexpr MisbehaviourCase Misbehaviours[] = {
-    {"refuse",       Outcome::Failed,   "Host is down"                                        },
+    {"refuse",       Outcome::Failed,   "Connection refused"                                  },
     {"silent",       Outcome::Kept,     TooLong                                               },
     {"stall",        Outcome::Kept,     TooLong                                               },
     {"drip",         Outcome::Kept,     TooLong                                               },
@@ -364,6 +364,17 @@ TEST(RetrievePrinterStocks, FailsWithoutAHost)
     EXPECT_FALSE(retrieval.stocks);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Unable to connect to server: Invalid argument\n");
+}
+
+TEST(RetrievePrinterStocks, TellsWhoWaitsHowLong)
+{
+    const DemoPrinter printer({"--misbehave", "silent"});
+    std::vector<int> told;
+    const ExchangeManner manner = {false, [&told](int second) { told.push_back(second); }};
+    const auto reply =
+        RetrievePrinterMedia(printer.authority(), DeadlineOf(milliseconds(2'500)), {}, manner);
+    EXPECT_EQ(reply.cause, TooLong);
+    EXPECT_THAT(told, ElementsAre(1, 2));
 }
 
 TEST(RetrievePrinterStocks, GivesAnEmptyListForAPrinterWithoutMedia)

@@ -265,6 +265,35 @@ std::string ReadIppReply(std::string_view reply, std::int32_t request, IppCollec
     return ReplyWalk(reply, reader).run(request);
 }
 
+std::uint16_t IppStatus(std::string_view reply)
+{
+    return static_cast<std::uint16_t>(Number(reply.substr(2, 2)));
+}
+
+std::string IppValueText(IppTag tag, std::string_view value)
+{
+    const auto number = [value](std::size_t start) {
+        return std::to_string(static_cast<std::int32_t>(Number(value.substr(start, 4))));
+    };
+    if (const auto text = IppText(tag, value)) {
+        return *text;
+    }
+    if ((tag == IppTag::Integer || tag == IppTag::Enum) && value.size() == 4) {
+        return number(0);
+    }
+    if (tag == IppTag::Range && value.size() == 8) {
+        return number(0) + '-' + number(4);
+    }
+    if (tag == IppTag::Boolean && value.size() == 1) {
+        return value[0] == 0 ? "false" : "true";
+    }
+    if (tag >= IppTag::Unsupported && tag <= IppTag::LastWithoutValue) {
+        return "(no value)";
+    }
+    return "(kind " + std::to_string(static_cast<int>(tag)) + ", " + std::to_string(value.size()) +
+           " bytes)";
+}
+
 std::optional<std::int32_t> IppInteger(IppTag tag, std::string_view value)
 {
     if (tag != IppTag::Integer || value.size() != 4) {

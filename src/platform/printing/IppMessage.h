@@ -10,7 +10,12 @@ namespace tarvo {
 
 // Kinds of values, numbered as in the messages.
 enum class IppTag : std::uint8_t {
+    Unsupported = 0x10,
+    LastWithoutValue = 0x1F,
     Integer = 0x21,
+    Boolean = 0x22,
+    Enum = 0x23,
+    Range = 0x33,
     TextWithLanguage = 0x35,
     NameWithLanguage = 0x36,
     Text = 0x41,
@@ -57,6 +62,16 @@ inline constexpr std::size_t IppDeepestNesting = 10;
 /// @param reader  null to find out whether there is a fault before anything is built
 /// @return "" when the reply is well-formed and answers that request; else why it is refused
 std::string ReadIppReply(std::string_view reply, std::int32_t request, IppCollectionReader* reader);
+
+/// The status of a reply that ReadIppReply takes.
+std::uint16_t IppStatus(std::string_view reply);
+
+/// The last status that means that the printer did what it was asked.
+inline constexpr std::uint16_t IppLastSuccess = 0x00FF;
+
+/// Any value in one line for people: texts as they are, numbers, "true", "1-5"; what else there is
+/// as the number of its kind and of its bytes.
+std::string IppValueText(IppTag tag, std::string_view value);
 
 /// @return nullopt when it is no number
 std::optional<std::int32_t> IppInteger(IppTag tag, std::string_view value);

@@ -7,6 +7,8 @@
 #include <sys/socket.h>
 
 #include <fcntl.h>
+#include <netdb.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -24,6 +26,8 @@
 
 namespace tarvo {
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 struct Library {
     decltype(&httpConnect2) connect = nullptr;
@@ -101,11 +105,24 @@ public:
     }
 
     /// @return nullopt, with the talk called off, when the time is over or the wait is stopped
-    std::optional<Exchange> await(std::chrono::milliseconds time, const std::stop_token& stop)
+    std::optional<Exchange> await(std::chrono::milliseconds time, const std::stop_token& stop,
+                                  const std::function<void(int seconds)>& waiting)
     {
+        const auto start = Clock::now();
+        const auto deadline = start + time;
         std::unique_lock lock(mutex_);
-        const auto deadline = std::chrono::steady_clock::now() + time;
-        if (finished_.wait_until(lock, stop, deadline, [this] { return outcome_.has_value(); })) {
+        for (int second = 1; !stop.stop_requested() && Clock::now() < deadline; ++second) {
+            const auto next = std::min(deadline, start + std::chrono::seconds(second));
+            if (finished_.wait_until(lock, stop, next, [this] { return outcome_.has_value(); })) {
+                break;
+            }
+            if (waiting && next < deadline && !stop.stop_requested()) {
+                lock.unlock(); // a terminal may be slow
+                waiting(second);
+                lock.lock();
+            }
+        }
+        if (outcome_) {
             return std::move(outcome_);
         }
         isCalledOff_ = 1;
@@ -137,6 +154,47 @@ Exchange NoAnswer(std::string cause)
     return {ExchangeResult::NoAnswer, "", std::move(cause), 0};
 }
 
+// The system's reason why a socket cannot be connected; 0 while it has none.
+int ConnectError(const addrinfo& address)
+{
+    constexpr int Patience = 500; // ms; a refusal comes at once
+    const int type = address.ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC;
+    const int descriptor = socket(address.ai_family, type, address.ai_protocol);
+    int error = 0;
+    if (descriptor < 0 || connect(descriptor, address.ai_addr, address.ai_addrlen) != 0) {
+        error = errno;
+    }
+    pollfd wait = {descriptor, POLLOUT, 0};
+    if (error == EINPROGRESS) {
+        socklen_t length = sizeof error;
+        if (poll(&wait, 1, Patience) != 1 ||
+            getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &length) != 0) {
+            error = ETIMEDOUT;
+        }
+    }
+    if (descriptor >= 0) {
+        close(descriptor);
+    }
+    return error;
+}
+
+// The same for the last address of a host; 0 when it has none or can be connected.
+int ConnectError(const std::string& host, int port)
+{
+    addrinfo hints = {};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* found = nullptr;
+    if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) != 0) {
+        return 0;
+    }
+    const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> addresses(found, freeaddrinfo);
+    int error = 0;
+    for (const addrinfo* each = found; each != nullptr; each = each->ai_next) {
+        error = ConnectError(*each);
+    }
+    return error;
+}
+
 std::string OversizeText(const ExchangeLimits& limits)
 {
     return "the answer is larger than " + std::to_string(limits.bodyBytes / 1024) + " KiB";
@@ -145,10 +203,12 @@ std::string OversizeText(const ExchangeLimits& limits)
 // The talk itself, in its own task; each step returns nothing when the next may follow.
 class Talk {
 public:
-    Talk(const Library& library, Conversation& conversation, const ExchangeLimits& limits)
+    Talk(const Library& library, Conversation& conversation, const ExchangeLimits& limits,
+         bool isEncrypted)
         : library_(library),
           conversation_(conversation),
           limits_(limits),
+          isEncrypted_(isEncrypted),
           http_(nullptr, HttpDeleter{&library})
     {
     }
@@ -170,21 +230,32 @@ private:
         if (address.host.empty()) {
             return NotConnected(EINVAL, "no host is named");
         }
+        const int port = address.port.value_or(library_.port());
         errno = 0;
-        http_.reset(library_.connect(address.host.c_str(), address.port.value_or(library_.port()),
-                                     nullptr, AF_UNSPEC, library_.encryption(), 1,
+        http_.reset(library_.connect(address.host.c_str(), port, nullptr, AF_UNSPEC,
+                                     isEncrypted_ ? HTTP_ENCRYPTION_ALWAYS : library_.encryption(),
+                                     1, // blocking
                                      static_cast<int>(limits_.connect.count()),
                                      conversation_.cancelWord()));
         if (!http_) {
-            // The library leaves the number of its last socket's end behind, and says which it
-            // means.
-            const bool isTold = errno != 0 && errno != EBADF;
-            return NotConnected(isTold ? errno : EHOSTDOWN, library_.lastError());
+            return notConnected(address.host, port, errno);
         }
         if (!conversation_.connected(library_.descriptor(http_.get()))) {
             return NoAnswer("called off");
         }
         return std::nullopt;
+    }
+
+    // What the library leaves behind of a refused connection is the number of its last socket's
+    // end. It says what it means when it could not even look up the name.
+    Exchange notConnected(const std::string& host, int port, int error) const
+    {
+        if (error != 0 && error != EBADF) {
+            return NotConnected(error, library_.lastError());
+        }
+        error = conversation_.isCalledOff() ? 0 : ConnectError(host, port);
+        return error == 0 ? NotConnected(EHOSTDOWN, library_.lastError())
+                          : NotConnected(error, std::generic_category().message(error));
     }
 
     std::optional<Exchange> post(const std::string& request)
@@ -238,18 +309,19 @@ private:
     const Library& library_;
     Conversation& conversation_;
     const ExchangeLimits& limits_;
+    bool isEncrypted_;
     Http http_;
 };
 
 Exchange Hold(Conversation& conversation, const PrinterAddress& address, const std::string& request,
-              const ExchangeLimits& limits)
+              const ExchangeLimits& limits, bool isEncrypted)
 {
     const Library* library = LoadLibrary();
     if (library == nullptr) {
         return NotConnected(ENOSYS, CupsLibraryMissing);
     }
     try {
-        return Talk(*library, conversation, limits).hold(address, request);
+        return Talk(*library, conversation, limits, isEncrypted).hold(address, request);
     } catch (const std::bad_alloc&) {
         return NoAnswer("no memory for the answer");
     }
@@ -258,24 +330,33 @@ Exchange Hold(Conversation& conversation, const PrinterAddress& address, const s
 } // namespace
 
 Exchange PostToPrinter(const PrinterAddress& address, std::string request,
-                       const ExchangeLimits& limits, const std::stop_token& stop)
+                       const ExchangeLimits& limits, const std::stop_token& stop,
+                       const ExchangeManner& manner)
 {
     const auto conversation = std::make_shared<Conversation>();
-    const OSStatus started =
-        StartTask([conversation, address, request = std::move(request), limits] {
-            conversation->finish(Hold(*conversation, address, request, limits));
-        });
+    const OSStatus started = StartTask([conversation, address, request = std::move(request), limits,
+                                        isEncrypted = manner.isEncrypted] {
+        conversation->finish(Hold(*conversation, address, request, limits, isEncrypted));
+    });
     if (started != StatusOk) {
         return NotConnected(EAGAIN, std::generic_category().message(EAGAIN));
     }
-    if (std::optional<Exchange> exchange = conversation->await(limits.whole, stop)) {
+    if (std::optional<Exchange> exchange =
+            conversation->await(limits.whole, stop, manner.waiting)) {
         return std::move(*exchange);
     }
     if (stop.stop_requested()) {
         return NoAnswer("called off");
     }
-    return conversation->wasConnected() ? NoAnswer("the printer took too long")
-                                        : NotConnected(ETIMEDOUT, "the printer cannot be reached");
+    constexpr const char* TooLong = "the printer took too long";
+    return conversation->wasConnected() ? NoAnswer(TooLong) : NotConnected(ETIMEDOUT, TooLong);
+}
+
+std::string IppStatusName(std::uint16_t status)
+{
+    decltype(&ippErrorString) name = nullptr;
+    return FindCupsFunction("ippErrorString", name) ? name(static_cast<ipp_status_t>(status))
+                                                    : std::to_string(status);
 }
 
 } // namespace tarvo

@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <stop_token>
 #include <string>
 
@@ -14,6 +16,13 @@ struct ExchangeLimits {
     std::chrono::milliseconds connect{5'000};
     std::chrono::milliseconds whole{10'000}; // from looking up the name to the last byte
     std::size_t bodyBytes = std::size_t{32} * 1024 * 1024;
+};
+
+/// How a printer is asked.
+struct ExchangeManner {
+    bool isEncrypted = false; // from the first byte on; else as the printing system is set up
+    /// Called after each second of waiting, with their number, in the thread that waits.
+    std::function<void(int seconds)> waiting;
 };
 
 enum class ExchangeResult {
@@ -33,6 +42,10 @@ struct Exchange {
 /// network does, this returns within the limits, or at once when it is called off; what cannot be
 /// interrupted is left to a task of its own, which ends by itself. Asks nobody for a password.
 Exchange PostToPrinter(const PrinterAddress& address, std::string request,
-                       const ExchangeLimits& limits, const std::stop_token& stop);
+                       const ExchangeLimits& limits, const std::stop_token& stop,
+                       const ExchangeManner& manner = {});
+
+/// The printing system's name of a status in an IPP answer, "client-error-not-found".
+std::string IppStatusName(std::uint16_t status);
 
 } // namespace tarvo
