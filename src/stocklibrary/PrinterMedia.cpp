@@ -223,6 +223,7 @@ public:
     void member(std::size_t depth, std::string_view name, IppTag tag,
                 std::string_view value) override
     {
+        isKept_ = false;
         if (depth == 2 && isInSize_) {
             keepNumber(RowOfMember(SizeMembers, name), tag, value);
         } else if (depth == 1) {
@@ -230,6 +231,8 @@ public:
             keepText(RowOfMember(TextMembers, name), tag, value);
         }
     }
+    /// Whether the medium has the member that was told last.
+    bool isKept() const { return isKept_; }
 
     void endCollection(std::size_t depth) override
     {
@@ -257,6 +260,7 @@ private:
         const auto number = row == nullptr ? std::nullopt : IppInteger(tag, value);
         if (number && number != UnsetValue && !(medium_.*(row->place))) {
             medium_.*(row->place) = number;
+            isKept_ = true;
         }
     }
 
@@ -264,6 +268,7 @@ private:
     {
         if (row != nullptr && !(medium_.*(row->place))) {
             medium_.*(row->place) = IppText(tag, value);
+            isKept_ = (medium_.*(row->place)).has_value();
             textBytes_ += value.size();
         }
     }
@@ -271,17 +276,74 @@ private:
     Take take_;
     PrinterMedium medium_;
     bool isInSize_ = false;
+    bool isKept_ = false;
     std::size_t count_ = 0;
     std::size_t textBytes_ = 0;
 };
 
-// @return why the reply is refused; "" when every medium was handed on
-template <typename Take>
-std::string ReadMedia(std::string_view reply, Take take)
+// Writes down every member beside what MediaReader takes of it.
+class MemberReader : public IppCollectionReader {
+public:
+    explicit MemberReader(const std::function<void(ReportedMedium)>& take)
+        : media_(Finish{*this}), take_(take)
+    {
+    }
+
+    void beginCollection(std::size_t depth, std::string_view name) override
+    {
+        if (depth == 1) {
+            report_ = ReportedMedium();
+        }
+        prefixes_.resize(depth);
+        prefixes_.back() = depth == 1 ? "" : prefixes_[depth - 2] + PathPiece(name) + '.';
+        media_.beginCollection(depth, name);
+    }
+
+    void member(std::size_t depth, std::string_view name, IppTag tag,
+                std::string_view value) override
+    {
+        constexpr std::size_t MostMembers = 100; // media of real printers have some 30
+        media_.member(depth, name, tag, value);
+        if (report_.members.size() == MostMembers) {
+            ++report_.furtherMembers;
+            return;
+        }
+        const std::string path = prefixes_[depth - 1] + PathPiece(name);
+        report_.members.push_back({path, IppValueText(tag, value), media_.isKept()});
+    }
+
+    void endCollection(std::size_t depth) override { media_.endCollection(depth); }
+
+    std::string refusal() const { return media_.refusal(); }
+
+private:
+    static std::string PathPiece(std::string_view name)
+    {
+        return IppText(IppTag::Text, name).value_or("");
+    }
+
+    struct Finish {
+        MemberReader& reader;
+        void operator()(PrinterMedium medium) const
+        {
+            reader.report_.medium = std::move(medium);
+            reader.take_(std::move(reader.report_));
+        }
+    };
+
+    MediaReader<Finish> media_;
+    const std::function<void(ReportedMedium)>& take_;
+    ReportedMedium report_;
+    std::vector<std::string> prefixes_; // of members at each depth
+};
+
+// @return why the reply is refused; "" when the reader has handed on every medium
+template <typename Reader, typename Take>
+std::string ReadMedia(std::string_view reply, const Take& take)
 {
     std::string refusal = ReadIppReply(reply, RequestIdentifier, nullptr);
     if (refusal.empty()) {
-        MediaReader<Take> reader(std::move(take));
+        Reader reader(take);
         ReadIppReply(reply, RequestIdentifier, &reader);
         refusal = reader.refusal();
     }
@@ -290,20 +352,20 @@ std::string ReadMedia(std::string_view reply, Take take)
 
 } // namespace
 
-std::optional<std::vector<PrinterMedium>> PrinterMediaOfReply(std::string_view reply,
-                                                              std::string& reason)
-{
-    std::vector<PrinterMedium> media;
-    reason = ReadMedia(reply, [&](PrinterMedium medium) { media.push_back(std::move(medium)); });
-    return reason.empty() ? std::optional(std::move(media)) : std::nullopt;
-}
-
 std::optional<std::vector<Stock>> StocksOfReply(std::string_view reply, std::string& reason)
 {
     std::vector<Stock> stocks;
-    reason = ReadMedia(
-        reply, [&](PrinterMedium medium) { stocks.push_back(StockOfMedium(std::move(medium))); });
+    const auto take = [&](PrinterMedium medium) {
+        stocks.push_back(StockOfMedium(std::move(medium)));
+    };
+    reason = ReadMedia<MediaReader<decltype(take)>>(reply, take);
     return reason.empty() ? std::optional(std::move(stocks)) : std::nullopt;
+}
+
+std::string TellPrinterMedia(std::string_view reply,
+                             const std::function<void(ReportedMedium)>& take)
+{
+    return ReadMedia<MemberReader>(reply, take);
 }
 
 std::string MediaRequest(std::string_view uri)

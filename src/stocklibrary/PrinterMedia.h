@@ -2,7 +2,9 @@
 
 #include "records/Stock.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,14 +31,28 @@ struct PrinterMedium {
     std::optional<std::int32_t> length;     // y-dimension, in 1/100 mm
 };
 
-/// The media of a printer's answer to MediaRequest; none when it holds no collections.
+/// The stocks of a printer's answer to MediaRequest, in its order; none when it holds no
+/// collections.
 /// @return nullopt, with the reason, when the answer is refused: it is malformed, answers another
 /// request, or holds more than 50,000 media or 12 MiB of texts
-std::optional<std::vector<PrinterMedium>> PrinterMediaOfReply(std::string_view reply,
-                                                              std::string& reason);
-
-/// The stocks of the same answer, in its order.
 std::optional<std::vector<Stock>> StocksOfReply(std::string_view reply, std::string& reason);
+
+/// A medium with everything that the printer tells of it.
+struct ReportedMedium {
+    struct Member {
+        std::string name;  // "media-color"; "media-size.x-dimension" within another
+        std::string value; // for people
+        bool isKept; // in the medium; not for a name that it lacks, another kind, a second one
+    };
+    std::vector<Member> members;    // in the printer's order, the first of them
+    std::size_t furtherMembers = 0; // how many there are beyond
+    PrinterMedium medium;
+};
+
+/// Tells the media of the same answer one by one, so that they need not all be in memory.
+/// @return why the reply is refused, some media told or none; "" when they all were
+std::string TellPrinterMedia(std::string_view reply,
+                             const std::function<void(ReportedMedium)>& take);
 
 /// The request for a printer's media.
 /// @param uri  the printer's
