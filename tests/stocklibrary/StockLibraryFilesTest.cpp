@@ -5,6 +5,7 @@
 #include "stocklibrary/StockLibraryList.h"
 #include "stocklibrary/StockLibraryOrderList.h"
 #include "stocklibrary/StockLibraryTestSupport.h"
+#include "stocklibrary/StockLibraryView.h"
 
 #include <gmock/gmock.h>
 #include <sys/wait.h>
@@ -222,6 +223,55 @@ TEST_F(StockLibraryFiles, AreLeftAloneWhereTheyCannotBeWritten)
     EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("failed (40)\n"));
     fs::rename(path() + ".kept", path());
     EXPECT_EQ(StockLibraryList(folders_).stockList().begin()->key, paper.uuid());
+}
+
+TEST_F(StockLibraryFiles, TellHowTheDialogWasLeft)
+{
+    EXPECT_EQ(ReadStockLibraryView(folders_), StockLibraryView());
+    put(path(), R"(<plist version="1.0"><dict>
+<key>com.tarvo.print.StockLibrary.Preferences</key>
+<array><false/><false/><integer>0</integer><true/></array>
+<key>com.tarvo.print.StockLibrary.ColumnWidths</key><dict>
+ <key>NAME</key><integer>120</integer><key>SIZE</key><integer>0</integer>
+ <key>COLR</key><integer>32768</integer><key>ODDS</key><integer>7</integer>
+</dict>
+<key>com.tarvo.print.StockLibrary.SelectedRow</key><string>A</string>
+</dict></plist>)");
+    StockLibraryView expected;
+    expected.isHidden[1] = true;
+    expected.widths[0] = 120;
+    expected.selectedRow = "A";
+    EXPECT_EQ(ReadStockLibraryView(folders_), expected);
+
+    const auto change = [](StockLibraryView& view) {
+        view.isHidden.fill(true);
+        view.widths[12] = 32767;
+        view.selectedRow = "";
+    };
+    ASSERT_TRUE(ChangeStockLibraryView(folders_, change, failure_)) << failure_.message();
+    expected.isHidden.fill(true);
+    expected.isHidden[0] = false; // a paper without a name would be none
+    expected.widths[12] = 32767;
+    expected.selectedRow = "";
+    EXPECT_EQ(ReadStockLibraryView(folders_), expected);
+    const CFDictionary root = ReadStockLibraryFile(folders_);
+    CFArray shown(13, false);
+    shown[0] = true;
+    EXPECT_EQ(*root.get<CFArray>("com.tarvo.print.StockLibrary.Preferences"), shown);
+    const auto* widths = root.get<CFDictionary>("com.tarvo.print.StockLibrary.ColumnWidths");
+    EXPECT_EQ(widths->int32("CMNT"), 32767);
+    EXPECT_EQ(widths->int32("ODDS"), 7);
+    EXPECT_THAT(keys(), ElementsAre("Preferences", "ColumnWidths"));
+}
+
+TEST_F(StockLibraryFiles, LeaveTheSitesColumnsUntilTheUserHasOwn)
+{
+    put(sitePath("TarvoFeatures.plist"), SiteDefaults);
+    EXPECT_EQ(ReadStockLibraryView(folders_).selectedRow, ""); // the user's alone
+    const auto select = [](StockLibraryView& view) { view.selectedRow = "S"; };
+    ASSERT_TRUE(ChangeStockLibraryView(folders_, select, failure_));
+    const CFDictionary root = ReadStockLibraryFile(folders_);
+    EXPECT_EQ(*root.get<CFArray>("com.tarvo.print.StockLibrary.Preferences"), CFArray{false});
 }
 
 struct HostileCase {
