@@ -1,12 +1,13 @@
 #include "cli/StockReport.h"
 
 #include "cli/Messages.h"
+#include "cli/StockJson.h"
 #include "cli/StockPapers.h"
 #include "platform/bundle/CFBundle.h"
+#include "printer/PPDKeywordMaps.h"
 #include "records/StockSummary.h"
 #include "settings/NumberText.h"
-
-#include <nlohmann/json.hpp>
+#include "settings/StockMaps.h"
 
 #include <algorithm>
 
@@ -35,31 +36,57 @@ std::string SizeText(const Stock& stock)
     return text + " mm";
 }
 
-std::vector<std::string> LinesOf(const CFBundle& bundle, const Stock& stock)
+// The printer's word for a value, else the value itself.
+std::string PrintersWord(const PPDKeywordMap* words, std::int32_t value)
 {
-    Stock shown(stock);
-    shown.setCustomName(""); // stands above the lines
-    shown.setCustomNameOnly(false);
-    // No text holds the separator: a name may have a line feed.
-    const std::string summary =
-        GenerateStockSummary(bundle, JobContext::Cover, shown, std::string_view("\0", 1));
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start < summary.size();) {
-        const std::size_t end = std::min(summary.find('\0', start), summary.size());
-        lines.push_back(summary.substr(start, end - start));
-        start = end + 1;
-    }
-    if (stock.size() == CustomStockSize) { // else the size says it
-        lines.push_back(SizeText(stock));
-    }
-    if (!stock.comment().empty()) {
-        lines.push_back(bundle.localizedString("Stock Library Comment") + ' ' + stock.comment());
-    }
-    return lines;
+    const char* word = GetPPDOptionKeywordForTicketValue(words, value);
+    return word == nullptr ? std::to_string(value) : word;
 }
 
-// A stock's values are numbers, texts and booleans.
-Json JsonOf(const CFDictionary& stock)
+// The stock as a summary can tell it all: what only printers and documents have words for becomes a
+// colour and a type of that name.
+Stock InWords(const CFBundle& bundle, const Stock& stock)
+{
+    Stock shown(stock);
+    shown.setCustomNameOnly(false);
+    if (LocalizedKeyForTicketValue(CompleteStockColorMap, stock.color()) == nullptr) {
+        shown.setColor(CustomStockColor);
+        shown.setCustomColor(PrintersWord(MediaColorMap, stock.color()));
+    }
+    if (LocalizedKeyForTicketValue(CompleteStockTypeMap, stock.type()) == nullptr) {
+        shown.setType(CustomStockType);
+        shown.setCustomType(PrintersWord(MediaTypeMap, stock.type()));
+    }
+    if (stock.type() == OrderedStockType && stock.customType().empty()) {
+        shown.setCustomType(bundle.localizedString("StockTypeOrdered"));
+    }
+    return shown;
+}
+
+// Of what stands behind the name; null for nothing.
+const char* MarkKey(const StockLibrary& entry)
+{
+    if (entry.isInvalid()) {
+        return "StockEntryInvalid";
+    }
+    const bool isInUse = entry.status() == static_cast<std::int32_t>(StockEntryStatus::InUse);
+    return isInUse ? "StockEntryInUse" : nullptr;
+}
+
+Json JsonOf(const PaperReport& paper)
+{
+    return {
+        {"uuid",   paper.uuid            },
+        {"name",   paper.name            },
+        {"status", paper.status          },
+        {"lines",  paper.lines           },
+        {"stock",  StockJson(paper.stock)}
+    };
+}
+
+} // namespace
+
+Json StockJson(const CFDictionary& stock)
 {
     Json json = Json::object();
     for (const auto& each : stock) {
@@ -74,28 +101,47 @@ Json JsonOf(const CFDictionary& stock)
     return json;
 }
 
-Json JsonOf(const PaperReport& paper)
+std::string JsonText(const Json& json, int indent)
 {
-    return {
-        {"uuid",   paper.uuid         },
-        {"name",   paper.name         },
-        {"status", paper.status       },
-        {"lines",  paper.lines        },
-        {"stock",  JsonOf(paper.stock)}
-    };
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-std::string Dump(const Json& json)
+std::vector<std::string> StockLines(const CFBundle& bundle, const Stock& stock)
 {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    Stock shown = InWords(bundle, stock);
+    // No text holds the separator: a name may have a line feed.
+    const std::string summary =
+        GenerateStockSummary(bundle, JobContext::Cover, shown, std::string_view("\0", 1));
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < summary.size();) {
+        const std::size_t end = std::min(summary.find('\0', start), summary.size());
+        lines.push_back(summary.substr(start, end - start));
+        start = end + 1;
+    }
+    if (stock.size() == CustomStockSize) { // else the size says it
+        lines.push_back(SizeText(stock));
+    }
+    if (const std::string surface = StockSurfaceText(bundle, shown); !surface.empty()) {
+        lines.push_back(bundle.localizedString("ShowStockSurface") + bundle.localizedString(":") +
+                        surface);
+    }
+    if (!stock.comment().empty()) {
+        lines.push_back(bundle.localizedString("Stock Library Comment") + ' ' + stock.comment());
+    }
+    return lines;
 }
-
-} // namespace
 
 PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,
                           const StockLibrary& entry)
 {
-    return {uuid, PaperName(entry), StatusWord(entry), LinesOf(bundle, entry.stock()),
+    Stock shown(entry.stock());
+    shown.setCustomName(""); // stands above the lines
+    const char* mark = MarkKey(entry);
+    return {uuid,
+            PaperName(entry),
+            StatusWord(entry),
+            mark == nullptr ? "" : bundle.localizedString(mark),
+            StockLines(bundle, shown),
             entry.stock().asTicket()};
 }
 
@@ -104,7 +150,7 @@ std::string PapersText(const std::vector<PaperReport>& papers)
     std::string text;
     for (const PaperReport& paper : papers) {
         text += WithoutControls(paper.name.empty() ? "(no name)" : paper.name);
-        text += paper.status == "not-in-use" ? "\n" : " (" + paper.status + ")\n";
+        text += paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n";
         text += "  " + WithoutControls(paper.uuid) + '\n';
         for (const std::string& line : paper.lines) {
             text += "  " + WithoutControls(line) + '\n';
@@ -117,7 +163,7 @@ std::string MatchesText(const std::vector<StockMatch>& matches)
 {
     std::string text;
     for (const StockMatch& match : matches) {
-        text += match.place + ": ";
+        text += match.placeText + ": ";
         text +=
             match.paper ? WithoutControls(match.paper->name + " (" + match.paper->uuid + ')') : "-";
         text += '\n';
@@ -133,7 +179,7 @@ std::string PapersJson(const std::vector<PaperReport>& papers)
     for (const PaperReport& paper : papers) {
         json["papers"].push_back(JsonOf(paper));
     }
-    return Dump(json);
+    return JsonText(json);
 }
 
 std::string MatchesJson(const std::vector<StockMatch>& matches)
@@ -147,7 +193,7 @@ std::string MatchesJson(const std::vector<StockMatch>& matches)
             {"paper", match.paper ? JsonOf(*match.paper) : Json(nullptr)}
         });
     }
-    return Dump(json);
+    return JsonText(json);
 }
 
 } // namespace tarvo

@@ -16,15 +16,20 @@ struct PaperReport {
     std::string uuid;
     std::string name;
     std::string status;             // "not-in-use", "in-use" or "invalid"
+    std::string mark;               // the latter two in the user's language; "" for the first
     std::vector<std::string> lines; // what it is, "label: value"
     CFDictionary stock;             // keys of StockKeys.h
 };
 
 /// A stock of a job and the paper of the library that it is.
 struct StockMatch {
-    std::string place; // where the job has it
+    std::string place;     // where the job has it, "front-cover", "insert 1"
+    std::string placeText; // the same in the user's language
     std::optional<PaperReport> paper;
 };
+
+/// What a stock is, "label: value" for each attribute that is set, its name first.
+std::vector<std::string> StockLines(const CFBundle& bundle, const Stock& stock);
 
 /// @param uuid  the entry's key in its list
 PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,

@@ -15,21 +15,25 @@ namespace {
 
 // A stock that the job says something of, and where.
 struct JobStock {
-    std::string place;
+    const char* placeWord; // of StockMatch
+    const char* placeKey;  // of its text
+    std::int32_t number;   // of the insert or exception page, from 1; 0 for the others
     Stock stock;
 };
 
-void AddStock(std::vector<JobStock>& stocks, std::string place, const Stock& stock)
+void AddStock(std::vector<JobStock>& stocks, const char* placeWord, const char* placeKey,
+              std::int32_t number, const Stock& stock)
 {
     if (stock != Stock()) { // else it is the job's, or the printer decides
-        stocks.push_back({std::move(place), stock});
+        stocks.push_back({placeWord, placeKey, number, stock});
     }
 }
 
-void AddPages(std::vector<JobStock>& stocks, const std::string& kind, const SpecialPageList& pages)
+void AddPages(std::vector<JobStock>& stocks, const char* placeWord, const char* placeKey,
+              const SpecialPageList& pages)
 {
     for (std::int32_t index = 0; index < pages.count(); ++index) {
-        AddStock(stocks, kind + ' ' + std::to_string(index + 1), pages.pageAtIndex(index)->stock());
+        AddStock(stocks, placeWord, placeKey, index + 1, pages.pageAtIndex(index)->stock());
     }
 }
 
@@ -37,26 +41,30 @@ std::vector<JobStock> StocksOfJob(const CFDictionary& settings)
 {
     std::vector<JobStock> stocks;
     if (const auto* job = settings.get<CFDictionary>(JobLevelStockKey)) {
-        AddStock(stocks, "job", Stock(*job));
+        AddStock(stocks, "job", "StockPlaceJob", 0, Stock(*job));
     }
     const TicketSpecialPages pages = ReadSpecialPages(PMTicket(settings, PanelClient));
     if (pages.frontCover) {
-        AddStock(stocks, "front-cover", pages.frontCover->stock());
+        AddStock(stocks, "front-cover", "PlanFrontCover", 0, pages.frontCover->stock());
     }
     if (pages.backCover) {
-        AddStock(stocks, "back-cover", pages.backCover->stock());
+        AddStock(stocks, "back-cover", "PlanBackCover", 0, pages.backCover->stock());
     }
-    AddPages(stocks, "insert", pages.inserts);
-    AddPages(stocks, "exception", pages.exceptions);
+    AddPages(stocks, "insert", "StockPlaceInsert", pages.inserts);
+    AddPages(stocks, "exception", "StockPlaceException", pages.exceptions);
     return stocks;
 }
 
 std::vector<StockMatch> MatchStocks(const CFBundle& bundle, const StockLibraryList& list,
-                                    std::vector<JobStock> stocks)
+                                    const std::vector<JobStock>& stocks)
 {
     std::vector<StockMatch> matches;
-    for (JobStock& each : stocks) {
-        StockMatch match = {std::move(each.place), std::nullopt};
+    for (const JobStock& each : stocks) {
+        StockMatch match = {each.placeWord, bundle.localizedString(each.placeKey), std::nullopt};
+        if (each.number > 0) {
+            match.place += ' ' + std::to_string(each.number);
+            match.placeText += ' ' + std::to_string(each.number);
+        }
         if (const std::string* uuid = list.findMatch(each.stock)) {
             match.paper = DescribePaper(bundle, *uuid, *list.entry(*uuid));
         }

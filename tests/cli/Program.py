@@ -1,5 +1,6 @@
 """Runs tarvo-ticket as a process, on tickets in a folder of the test's own."""
 
+import json
 import os
 import plistlib
 import subprocess
@@ -51,3 +52,24 @@ class ProgramTest(unittest.TestCase):
 
     def files(self):
         return sorted(str(path.relative_to(self.folder)) for path in self.folder.rglob("*"))
+
+
+class LibraryTest(ProgramTest):
+    """With a home of the test's own."""
+
+    def setUp(self):
+        super().setUp()
+        self.home = {"XDG_CONFIG_HOME": str(self.folder / "config"), "XDG_DATA_HOME": str(self.folder / "data"),
+                     "XDG_DATA_DIRS": str(self.folder / "machine")}
+        self.library = self.folder / "config/tarvo/com.tarvo.print.stocklibrary"
+
+    def run_program(self, *words, language="en", **settings):
+        return super().run_program(*words, env={**os.environ, **self.home, "LANGUAGE": language}, **settings)
+
+    def stocks(self, *words, status=0, **settings):
+        result = self.run_program("stocks", *words, **settings)
+        self.assertEqual(result.returncode, status, result.stderr)
+        return result
+
+    def papers(self):
+        return json.loads(self.stocks("list", "--json").stdout)["papers"]

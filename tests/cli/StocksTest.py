@@ -8,33 +8,14 @@ import signal
 import subprocess
 import unittest
 
-from Program import Program, ProgramTest
+from Program import LibraryTest, Program
 
 Prefix = "com.tarvo.print.StockLibrary."
 JobStock = "com.tarvo.print.JobLevelStock"
 Cover = "com.tarvo.print.SpecialPages.FrontCover"
 
 
-class LibraryTest(ProgramTest):
-    """With a home of the test's own."""
-
-    def setUp(self):
-        super().setUp()
-        self.home = {"XDG_CONFIG_HOME": str(self.folder / "config"), "XDG_DATA_HOME": str(self.folder / "data"),
-                     "XDG_DATA_DIRS": str(self.folder / "machine")}
-        self.library = self.folder / "config/tarvo/com.tarvo.print.stocklibrary"
-
-    def run_program(self, *words, language="en", **settings):
-        return super().run_program(*words, env={**os.environ, **self.home, "LANGUAGE": language}, **settings)
-
-    def stocks(self, *words, status=0, **settings):
-        result = self.run_program("stocks", *words, **settings)
-        self.assertEqual(result.returncode, status, result.stderr)
-        return result
-
-    def papers(self):
-        return json.loads(self.stocks("list", "--json").stdout)["papers"]
-
+class StocksTest(LibraryTest):
     def stored(self, key):
         return plistlib.loads(self.library.read_bytes())[Prefix + key]
 
@@ -47,7 +28,7 @@ def Paper(name, **stock):
     return {"Stock": {"CustomName": name, **stock}, Prefix + "NameKey": name}
 
 
-class Stocks(LibraryTest):
+class Stocks(StocksTest):
     def test_papers_are_added_by_what_they_are(self):
         self.stocks("add", "Blue cover", "--size", "a4", "--color", "Blue", "--type", "standard", "--weight", "160", "--comment", "für Umschläge")
         self.stocks("add", "Foil", "--size", "210.5x297", "--color", "Red", "--type", "Transparency")
@@ -55,9 +36,18 @@ class Stocks(LibraryTest):
         self.assertEqual(stocks[0], {"Size": 4, "Type": 1, "Color": 2, "Weight": 160, "CustomName": "Blue cover", "CustomComment": "für Umschläge"})
         self.assertEqual(stocks[1], {"Size": 75, "Width": 21050, "Length": 29700, "Type": 2, "Color": 6, "CustomName": "Foil"})
         self.assertEqual(self.stocks("list").stdout.decode().splitlines()[0:3:2], ["Blue cover", "  Size: A4 (210 × 297 mm)"])
+        self.stocks("use", "Foil")
         german = self.stocks("list", language="de").stdout.decode()
-        self.assertIn("  Farbe: Blau\n", german)
-        self.assertIn("  Kommentar: für Umschläge\n", german)
+        for line in ("  Farbe: Blau", "  Kommentar: für Umschläge", "Foil (in Gebrauch)"):
+            self.assertIn(line, german.splitlines())
+
+    def test_what_only_printers_have_words_for_is_named_in_theirs(self):
+        odd = {"Size": 4, "Color": 15, "Type": 24, "SidesCoated": 2, "kCoatingType": 5}
+        self.put_library(self.library, {"1": Paper("Odd", **odd), "2": Paper("Set", Type=6, Modulus=3), "3": Paper("New", Color=99)})
+        lines = self.stocks("list").stdout.decode().splitlines()
+        for line in ("Odd (not offered in the menus)", "  Color: Custom1", "  Type: TabStock", "  Type: Ordered Sequence (3)", "  Color: 99",
+                     "  Coating, finish and grain: Matte, Coated on One Side"):
+            self.assertIn(line, lines)
 
     def test_a_name_that_is_there_is_replaced_on_demand_alone(self):
         self.stocks("add", "Plain", "--size", "A3")
@@ -75,12 +65,13 @@ class Stocks(LibraryTest):
         paper = self.papers()[0]
         self.assertEqual(paper["stock"], {**stock, "Weight": 75, "CustomName": "Vellum"})
         result = self.stocks("match", "job.plist", status=3)
-        self.assertEqual(result.stdout, b"job: -\nfront-cover: -\n")
+        self.assertEqual(result.stdout, b"job: -\nfront cover: -\n")
         self.assertEqual(self.messages(result), ["job.plist: job: the stock is not in the library", "job.plist: front-cover: the stock is not in the library"])
         job.write_bytes(plistlib.dumps({JobStock: paper["stock"], Cover: {"Stock": {}}}))
         with job.open("rb") as ticket:
             found = json.loads(self.stocks("match", "-", "--json", stdin=ticket).stdout)["stocks"]
         self.assertEqual([(each["place"], each["paper"]["uuid"]) for each in found], [("job", paper["uuid"])])
+        self.assertIn("Auftrag: Vellum (", self.stocks("match", "job.plist", language="de").stdout.decode())
         self.write("empty.plist", plistlib.dumps({}))
         self.assertEqual(self.messages(self.stocks("add", "x", "--from", "empty.plist", status=1)), ["empty.plist: the job has no stock of its own"])
 
@@ -194,7 +185,7 @@ class Stocks(LibraryTest):
         self.assertEqual(self.files(), [])
 
 
-class Watermarks(LibraryTest):
+class Watermarks(StocksTest):
     def test_those_of_the_site_are_shown(self):
         path = self.folder / "machine/Tarvo/com.tarvo.printing.watermarks.plist"
         self.assertEqual(self.run_program("watermarks", "list").stdout, b"")
