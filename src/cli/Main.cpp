@@ -34,6 +34,7 @@ constexpr CommandRow CommandMap[] = {
     {StocksMatchVerb,    RunStocksMatch   },
     {StocksImportVerb,   RunStocksImport  },
     {StocksExportVerb,   RunStocksExport  },
+    {StocksFetchVerb,    RunStocksFetch   },
     {WatermarksListVerb, RunWatermarksList},
     {nullptr,            nullptr          },
 };

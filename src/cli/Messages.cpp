@@ -100,15 +100,22 @@ ProgressLine::ProgressLine(std::size_t total)
 {
 }
 
+ProgressLine::ProgressLine() : total_(1), active_(isatty(STDERR_FILENO) == 1) {}
+
 void ProgressLine::show(std::size_t current)
+{
+    show(std::to_string(current) + " of " + std::to_string(total_));
+}
+
+void ProgressLine::show(std::string_view text)
 {
     if (!active_) {
         return;
     }
     clear();
-    const std::string text = std::to_string(current) + " of " + std::to_string(total_);
-    WriteToStandardError(text);
-    width_ = text.size();
+    const std::string shown = WithoutControls(text);
+    WriteToStandardError(shown);
+    width_ = shown.size();
 }
 
 void ProgressLine::clear()

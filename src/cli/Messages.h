@@ -32,17 +32,20 @@ std::string InputName(const std::string& file);
 /// "standard output" for "-", else the name itself.
 std::string OutputName(const std::string& file);
 
-/// How far the work is, on a terminal at standard error and for more than one piece; otherwise
-/// silent. The line is gone when the object is.
+/// How far the work is, on a terminal at standard error and for more than one piece or a long one;
+/// otherwise silent. The line is gone when the object is.
 class ProgressLine {
 public:
     explicit ProgressLine(std::size_t total);
+    /// One piece of work that may take long.
+    ProgressLine();
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
     ~ProgressLine() { clear(); }
 
     /// @param current  from 1
     void show(std::size_t current);
+    void show(std::string_view text);
     /// Makes room for other lines on the terminal.
     void clear();
 

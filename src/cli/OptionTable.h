@@ -21,6 +21,7 @@ inline constexpr const char* StocksUseVerb = "stocks use";
 inline constexpr const char* StocksMatchVerb = "stocks match";
 inline constexpr const char* StocksImportVerb = "stocks import";
 inline constexpr const char* StocksExportVerb = "stocks export";
+inline constexpr const char* StocksFetchVerb = "stocks fetch";
 inline constexpr const char* WatermarksListVerb = "watermarks list";
 
 inline constexpr const char* HelpOption = "--help";
@@ -47,6 +48,8 @@ inline constexpr const char* TypeOption = "--type";
 inline constexpr const char* WeightOption = "--weight";
 inline constexpr const char* CommentOption = "--comment";
 inline constexpr const char* ReplaceOption = "--replace";
+inline constexpr const char* SaveOption = "--save";
+inline constexpr const char* FetchArguments = "PRINTER-URI [NAME...]";
 inline constexpr const char* PaperNameArgument = "NAME";
 inline constexpr const char* PaperArguments = "PAPER";
 inline constexpr const char* LibraryArguments = "LIBRARY";
@@ -161,6 +164,15 @@ inline constexpr OptionRow OptionMap[] = {
      "The papers to write, each by its name or its uuid; all when none is named."},
     {StocksExportVerb, "-o", OutputOption,    "FILE",  OptionKind::File,
      "Write to FILE; - is standard output, as without this option."},
+    {StocksFetchVerb, "", FetchArguments,     "",      OptionKind::Texts,
+     "The printer's address, such as ipp://press.local, and the names of the media to show; all "
+     "when none is named."},
+    {StocksFetchVerb, "", SaveOption,         "",      OptionKind::Flag,
+     "Copy these media into the library."},
+    {StocksFetchVerb, "", ReplaceOption,      "",      OptionKind::Flag,
+     "With --save, give a paper of the library the stock of the medium of its name."},
+    {StocksFetchVerb, "", JsonOption,         "",      OptionKind::Flag,
+     "Print JSON for programs instead of words, a medium a line."},
     {WatermarksListVerb, "", JsonOption,      "",      OptionKind::Flag,
      "Print JSON for programs instead of words."},
     {"",         "-h", HelpOption,            "",      OptionKind::Flag,
@@ -247,6 +259,18 @@ inline constexpr VerbRow VerbMap[] = {
      "write papers to a library file",
      "Writes papers to a library file, which another user can import and an administrator give to "
      "everybody as TarvoFeatures.plist. A file is replaced whole or not at all."},
+    {StocksFetchVerb, "PRINTER-URI [NAME...] [--save] [--json]",
+     "show the papers that a printer has",
+     "Asks a printer over IPP for its media and shows them as it reports them, each member beside "
+     "what it makes of the stock, as the print dialog has it. What is left out says why. Sizes are "
+     "found by the first size of the same width or length, as in the dialog.\n\n"
+     "The address begins with ipp://, http:// or, for an encrypted connection, ipps://; its path "
+     "does not count. The printing system's port for IPP is asked, usually 631, where it names none "
+     "or one for other printing protocols. The printer has 10 seconds to answer. When nothing comes, "
+     "the reason is named and the exit status 1.\n\n"
+     "With --save the media shown are copied into the user's library in one step. An equal paper is "
+     "not added again; another one of a name that the library has is left out and named, or replaced "
+     "with --replace."},
     {WatermarksListVerb, "[--json]",
      "show the watermarks",
      "Shows the watermarks that the print dialog offers: the user's or, where there are none, "
@@ -288,6 +312,10 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Add the paper of a job."},
     {StocksMatchVerb, "tarvo-ticket stocks match brochure.plist",
      "Tell which papers a job needs."},
+    {StocksFetchVerb, "tarvo-ticket stocks fetch ipp://press.local",
+     "Tell what is loaded in a printer."},
+    {StocksFetchVerb, "tarvo-ticket stocks fetch ipp://press.local \"Gloss brochure\" --save",
+     "Keep one of its papers."},
     {StocksExportVerb, "tarvo-ticket stocks export | ssh press tarvo-ticket stocks import -",
      "Bring the papers to another machine."},
     {nullptr, "", ""},

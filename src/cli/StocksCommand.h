@@ -17,4 +17,6 @@ ExitStatus RunStocksUse(const Arguments& arguments);
 ExitStatus RunStocksImport(const Arguments& arguments);
 ExitStatus RunStocksExport(const Arguments& arguments);
 
+ExitStatus RunStocksFetch(const Arguments& arguments);
+
 } // namespace tarvo
