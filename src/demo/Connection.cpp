@@ -50,6 +50,10 @@ std::optional<std::string> Connection::readRequest() const
         }
     }
     const std::string head = bytes.substr(0, end + 2);
+    if (FieldOf(head, "Host").empty()) { // printers insist on it
+        sendAnswer("400 Bad Request", "text/plain", "");
+        return std::nullopt;
+    }
     std::string body = bytes.substr(end + EndOfHead.size());
     if (!FieldOf(head, "Expect").empty()) {
         send("HTTP/1.1 100 Continue\r\n\r\n");

@@ -15,8 +15,9 @@ public:
     Connection& operator=(const Connection&) = delete;
     ~Connection();
 
-    /// Reads a request with its body. A client that waits for leave to send is given it.
-    /// @return the body; nullopt when the client hangs up
+    /// Reads a request with its body. A client that waits for leave to send is given it; one that
+    /// names no host is turned away, as HTTP wants it.
+    /// @return the body; nullopt when there is none to answer
     std::optional<std::string> readRequest() const;
 
     /// @return false when the client has hung up

@@ -33,6 +33,7 @@ struct Library {
     decltype(&httpConnect2) connect = nullptr;
     decltype(&httpClose) close = nullptr;
     decltype(&httpGetFd) descriptor = nullptr;
+    decltype(&httpClearFields) clearFields = nullptr;
     decltype(&httpSetField) setField = nullptr;
     decltype(&httpSetLength) setLength = nullptr;
     decltype(&httpPost) post = nullptr;
@@ -53,6 +54,7 @@ const Library* LoadLibrary()
     static const bool loaded = FindCupsFunction("httpConnect2", library.connect) &&
                                FindCupsFunction("httpClose", library.close) &&
                                FindCupsFunction("httpGetFd", library.descriptor) &&
+                               FindCupsFunction("httpClearFields", library.clearFields) &&
                                FindCupsFunction("httpSetField", library.setField) &&
                                FindCupsFunction("httpSetLength", library.setLength) &&
                                FindCupsFunction("httpPost", library.post) &&
@@ -260,6 +262,7 @@ private:
 
     std::optional<Exchange> post(const std::string& request)
     {
+        library_.clearFields(http_.get()); // which names the host
         library_.setField(http_.get(), HTTP_FIELD_CONTENT_TYPE, "application/ipp");
         library_.setField(http_.get(), HTTP_FIELD_ACCEPT_ENCODING, "identity");
         library_.setLength(http_.get(), request.size());
