@@ -197,15 +197,15 @@ ExitStatus Save(const NamedPrinter& printer, const std::vector<Stock>& stocks, b
     return Worse(status, merged);
 }
 
-// An answer without media, with what the printer says to it.
-ExitStatus TellNothing(const NamedPrinter& printer, const std::string& reply)
+/// @return why the answer brings no media; "" when it does or the printer has none
+std::string FaultOfReply(const std::string& reply)
 {
-    const std::uint16_t status = IppStatus(reply);
-    const bool isFault = status > IppLastSuccess;
-    PrintFileMessage(printer.uri, 0,
-                     "the printer reports no media" +
-                         (isFault ? ": " + IppStatusName(status) : ""));
-    return isFault ? ExitStatus::Failed : ExitStatus::Done;
+    std::string reason;
+    const auto stocks = StocksOfReply(reply, reason);
+    if (stocks && stocks->empty() && IppStatus(reply) > IppLastSuccess) {
+        reason = "the printer reports no media: " + IppStatusName(IppStatus(reply));
+    }
+    return reason;
 }
 
 ExitStatus Show(const NamedPrinter& printer, const std::string& reply, const Arguments& arguments)
@@ -214,16 +214,19 @@ ExitStatus Show(const NamedPrinter& printer, const std::string& reply, const Arg
     const CFBundle bundle(BundleLocation(), UserLanguages());
     MediaPrinter output(arguments.has(JsonOption));
     std::vector<Stock> stocks;
-    bool isEmpty = true;
+    std::size_t count = 0;
     const auto take = [&](const ReportedMedium& medium) {
-        isEmpty = false;
+        ++count;
         if (choice.takes(medium.medium.key.value_or(""))) {
             output.print(DescribeMedium(bundle, medium));
             stocks.push_back(StockOfMedium(medium.medium));
         }
     };
     TellPrinterMedia(reply, take);
-    ExitStatus status = isEmpty ? TellNothing(printer, reply) : choice.finish(printer.uri);
+    if (count == 0) {
+        PrintFileMessage(printer.uri, 0, "the printer reports no media");
+    }
+    ExitStatus status = choice.finish(printer.uri);
     std::optional<MergeCounts> saved;
     if (arguments.has(SaveOption) && status != ExitStatus::Failed) {
         const bool mayReplace = arguments.has(ReplaceOption);
@@ -252,8 +255,8 @@ ExitStatus RunStocksFetch(const Arguments& arguments)
     if (!reply) {
         return ExitStatus::Failed;
     }
-    if (!StocksOfReply(*reply, reason)) { // before anything is printed
-        PrintFileMessage(printer->uri, 0, reason);
+    if (const std::string fault = FaultOfReply(*reply); !fault.empty()) {
+        PrintFileMessage(printer->uri, 0, fault); // before anything is printed
         return ExitStatus::Failed;
     }
     return Show(*printer, *reply, arguments);

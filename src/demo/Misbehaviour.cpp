@@ -158,6 +158,14 @@ void WrongIdentifier(const Connection& connection, std::string_view reply)
     connection.sendAnswer(OkLine, IppType, bytes);
 }
 
+void NotFound(const Connection& connection, std::string_view reply)
+{
+    std::string bytes = ReplyHead(reply);
+    bytes[2] = '\x04'; // the status is client-error-not-found
+    bytes[3] = '\x06';
+    SendReply(connection, std::move(bytes));
+}
+
 void Nested(const Connection& connection, std::string_view reply)
 {
     constexpr int Levels = 20'000;
@@ -243,6 +251,7 @@ constexpr Misbehaviour Misbehaviours[] = {
     {"417",          "expects nothing",                               HttpError<417>,    false},
     {"500",          "has an error",                                  HttpError<500>,    false},
     {"wrong-id",     "answers another request",                       WrongIdentifier,   false},
+    {"not-found",    "knows no printer of that address",              NotFound,          false},
     {"nested",       "nests 20,000 collections",                      Nested,            false},
     {"million",      "reports a million media",                       Million,           false},
     {"long-texts",   "reports texts of 64 KB",                        LongTexts,         false},

@@ -233,7 +233,7 @@ TEST_F(StockThread, EndsSilentlyWhenItsPortsNameIsTaken)
 enum class Outcome {
     Kept,     // the former list stays
     Failed,   // so it does, and the status tells
-    Replaced, // by one medium
+    Replaced, // by one medium or none
 };
 
 struct MisbehaviourCase {
@@ -263,6 +263,7 @@ constexpr MisbehaviourCase Misbehaviours[] = {
     {"417",          Outcome::Kept,     "the printer answered 417 Expectation Failed"         },
     {"500",          Outcome::Kept,     "the printer answered 500 Internal Server Error"      },
     {"wrong-id",     Outcome::Kept,     "the printer answered another request"                },
+    {"not-found",    Outcome::Replaced, ""                                                    },
     {"nested",       Outcome::Kept,     "collections are nested too deep"                     },
     {"million",      Outcome::Kept,     "the printer reports more than 50000 media"           },
     {"long-texts",   Outcome::Kept,     "a text is longer than 32,767 bytes"                  },
