@@ -46,6 +46,11 @@ bool CanBeShown(const std::string& text)
                                         [](char letter) { return letter >= 0 && letter < ' '; });
 }
 
+bool IsShown(const ReportedMedium::Member& member)
+{
+    return CanBeShown(member.name) && CanBeShown(member.value);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
@@ -63,6 +68,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         if (!CanBeShown(stock.customName()) || !CanBeShown(stock.comment())) {
             std::abort();
         }
+    }
+    std::size_t told = 0;
+    const std::string refusal = TellPrinterMedia(reply, [&](const ReportedMedium& medium) {
+        const bool isThere =
+            told < stocks->size() && StockOfMedium(medium.medium) == (*stocks)[told];
+        if (!isThere || !std::all_of(medium.members.begin(), medium.members.end(), IsShown)) {
+            std::abort();
+        }
+        ++told;
+    });
+    if (!refusal.empty() || told != stocks->size()) {
+        std::abort();
     }
     if (LibrarysCount(reply).value_or(stocks->size()) != stocks->size()) {
         std::abort();
