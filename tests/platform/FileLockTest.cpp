@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <atomic>
 #include <csignal>
 #include <filesystem>
 #include <optional>
@@ -39,6 +40,28 @@ TEST_F(FileLockTest, IsHeldByOneAtATime)
     release.join();
     // Nothing of the one that gave up keeps it.
     EXPECT_EQ(FileLock(path("lock"), 60s).state(), FileLock::State::Held);
+}
+
+TEST_F(FileLockTest, GoesToWhoWaitsBeforeWhoComesAgain)
+{
+    for (int round = 0; round < 20; ++round) {
+        std::optional<FileLock> mine(std::in_place, path("lock"), 0ms);
+        std::atomic<bool> isTaken = false;
+        std::thread other([this, &isTaken] {
+            const FileLock lock(path("lock"), 60s);
+            isTaken = true;
+        });
+        std::this_thread::sleep_for(20ms); // it waits now
+        int turns = 0;
+        while (!isTaken && turns < 1000) {
+            mine.reset();
+            mine.emplace(path("lock"), 60s);
+            ++turns;
+        }
+        mine.reset();
+        other.join();
+        EXPECT_EQ(turns, 1);
+    }
 }
 
 TEST_F(FileLockTest, GoesWithItsProcess)

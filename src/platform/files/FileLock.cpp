@@ -26,6 +26,34 @@ int Lock(const Descriptor& file, int operation)
     return result;
 }
 
+// Who lets a lock go and comes again at once would be faster than those whom the system only wakes
+// up then. So whoever is next waits with another lock on the file, which everybody must have first.
+// Where there are none of its kind, chance decides.
+class Turnstile {
+public:
+    explicit Turnstile(const Descriptor& file) : file_(file) {}
+
+    /// @return false when somebody else has it
+    bool tryEnter() const { return change(F_OFD_SETLK, F_WRLCK) == 0 || errno != EAGAIN; }
+    void enter() const { change(F_OFD_SETLKW, F_WRLCK); }
+    void leave() const { change(F_OFD_SETLK, F_UNLCK); }
+
+private:
+    int change(int command, short type) const
+    {
+        struct flock whole = {};
+        whole.l_type = type;
+        whole.l_whence = SEEK_SET;
+        int result = 0;
+        do {
+            result = fcntl(file_.number(), command, &whole);
+        } while (result != 0 && errno == EINTR);
+        return result;
+    }
+
+    const Descriptor& file_;
+};
+
 // The system's wait has no end, so a holder that is stopped would stop the dialog with it. Asking
 // again and again instead leaves it to chance who among many is next. So a thread waits, which
 // gives back what it gets too late.
@@ -34,7 +62,10 @@ State Wait(std::shared_ptr<const Descriptor> file, std::chrono::milliseconds pat
     std::promise<State> answer;
     std::future<State> future = answer.get_future();
     std::thread([file = std::move(file), answer = std::move(answer)]() mutable {
+        const Turnstile turnstile(*file);
+        turnstile.enter();
         const State state = Lock(*file, LOCK_EX) == 0 ? State::Held : State::Impossible;
+        turnstile.leave();
         file.reset(); // the last owner closes, which unlocks
         answer.set_value(state);
     }).detach();
@@ -46,11 +77,13 @@ State Take(const std::shared_ptr<const Descriptor>& file, std::chrono::milliseco
     if (!file->valid()) {
         return State::Impossible;
     }
-    if (Lock(*file, LOCK_EX | LOCK_NB) == 0) {
-        return State::Held;
-    }
-    if (errno != EWOULDBLOCK) {
-        return State::Impossible;
+    const Turnstile turnstile(*file);
+    if (turnstile.tryEnter()) {
+        const int error = Lock(*file, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+        turnstile.leave();
+        if (error != EWOULDBLOCK) {
+            return error == 0 ? State::Held : State::Impossible;
+        }
     }
     return patience.count() > 0 ? Wait(file, patience) : State::TimedOut;
 }
