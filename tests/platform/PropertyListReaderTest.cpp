@@ -56,6 +56,30 @@ TEST(PropertyListReader, ReadsEveryFormOfAScalar)
     }
 }
 
+std::string TextOf(const PropertyListPlace& place)
+{
+    std::string text = std::to_string(place.line);
+    for (const PropertyListPlace& each : place.inside) {
+        text += (&each == &place.inside.front() ? "(" : " ") + TextOf(each);
+    }
+    return text + (place.inside.empty() ? "" : ")");
+}
+
+TEST(PropertyListReader, TellsTheLineOfEachValueOrItsKey)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"\n<true/>",                                                               "3"                  },
+        {"<dict><key>a</key>\n<dict/>\n<key>b\n</key><array>\n<true/>\n<dict>\n<key>c</key><data/>"
+         "</dict><string>\n</string></array>\n<key>d</key><true/></dict>", "2(2 4(6 7(8) 8) 10)"},
+    };
+    for (const auto& [body, places] : cases) {
+        ParseError error;
+        PropertyListPlace place;
+        ASSERT_TRUE(ReadPropertyList(Document(body), error, &place)) << error.reason;
+        EXPECT_EQ(TextOf(place), places);
+    }
+}
+
 TEST(PropertyListReader, ReadsContainersInTheirOrder)
 {
     const CFPropertyList value = Read("\xEF\xBB\xBF<?xml version='1.0' encoding='utf-8'?>\n"

@@ -72,7 +72,8 @@ bool IsWhiteSpace(std::string_view text)
 // Builds the values from the parser's events. The first error stops the parser.
 class PropertyListBuilder {
 public:
-    explicit PropertyListBuilder(xmlParserCtxt* parser) : parser_(parser)
+    PropertyListBuilder(xmlParserCtxt* parser, bool wantsPlaces)
+        : parser_(parser), wantsPlaces_(wantsPlaces)
     {
         for (std::size_t index = 0; index < ElementNames.size(); ++index) {
             const std::string_view name = ElementNames[index].first;
@@ -87,12 +88,10 @@ public:
     void endElement();
     void characters(std::string_view text);
     void fail(std::size_t line, std::string reason);
-    void fail(std::string reason)
-    {
-        fail(static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_)), std::move(reason));
-    }
+    void fail(std::string reason) { fail(line(), std::move(reason)); }
 
     std::optional<CFPropertyList> takeRoot() { return std::move(root_); }
+    PropertyListPlace takePlace() { return std::move(place_); }
     const std::optional<ParseError>& error() const { return error_; }
 
 private:
@@ -102,6 +101,7 @@ private:
         bool hasKey = false;        // of a dictionary; its value is still to come
         std::size_t firstEntry = 0; // of a dictionary, in entries_
         CFArray array;
+        std::vector<PropertyListPlace> places; // of the members; empty when nobody wants them
     };
 
     Element elementOfName(const xmlChar* name) const;
@@ -110,9 +110,12 @@ private:
     void endScalar(Element element);
     template <typename Type>
     void addParsed(Element element, std::optional<Type> value);
-    void add(CFPropertyList&& value);
+    void add(CFPropertyList&& value, std::vector<PropertyListPlace>&& inside = {});
+    void beginPlace(Element element);
+    std::size_t line() const { return static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_)); }
 
     xmlParserCtxt* parser_;
+    bool wantsPlaces_;
     // The parser hands out one pointer for equal names: comparing pointers is enough.
     std::array<const xmlChar*, ElementNames.size()> internedNames_ = {};
     bool inPlist_ = false;
@@ -125,6 +128,7 @@ private:
     std::vector<CFDictionary::Entry> entries_;
     std::size_t count_ = 0;
     std::optional<CFPropertyList> root_;
+    PropertyListPlace place_; // of the root
     std::optional<ParseError> error_;
 };
 
@@ -155,6 +159,7 @@ void PropertyListBuilder::startElement(const xmlChar* name)
         fail(std::move(reason));
         return;
     }
+    beginPlace(element);
     switch (element) {
     case Element::Plist:
         inPlist_ = seenPlist_ = true;
@@ -165,12 +170,23 @@ void PropertyListBuilder::startElement(const xmlChar* name)
             fail("values are nested deeper than " + std::to_string(PropertyListMaximumDepth));
             return;
         }
-        open_.push_back({element == Element::Dict, false, entries_.size(), {}});
+        open_.push_back({element == Element::Dict, false, entries_.size(), {}, {}});
         break;
     default:
         leaf_ = element;
         text_.clear();
     }
+}
+
+// Notes where the next value of the open container, or the root, begins: at its key, if it has one.
+void PropertyListBuilder::beginPlace(Element element)
+{
+    const bool isBehindKey = !open_.empty() && open_.back().hasKey;
+    if (!wantsPlaces_ || element == Element::Plist || isBehindKey) {
+        return;
+    }
+    auto* places = open_.empty() ? nullptr : &open_.back().places;
+    (places == nullptr ? place_ : places->emplace_back()).line = line();
 }
 
 // Why the element may not stand here; empty when it may.
@@ -242,7 +258,7 @@ void PropertyListBuilder::endContainer()
     Container container = std::move(open_.back());
     open_.pop_back();
     if (!container.isDictionary) {
-        add(std::move(container.array));
+        add(std::move(container.array), std::move(container.places));
         return;
     }
     const auto first = entries_.begin() + static_cast<std::ptrdiff_t>(container.firstEntry);
@@ -253,7 +269,7 @@ void PropertyListBuilder::endContainer()
         fail("key \"" + *twice + "\" appears twice");
     }
     entries_.erase(first, entries_.end());
-    add(std::move(dictionary));
+    add(std::move(dictionary), std::move(container.places));
 }
 
 void PropertyListBuilder::endScalar(Element element)
@@ -292,7 +308,7 @@ void PropertyListBuilder::addParsed(Element element, std::optional<Type> value)
          (shown.size() < text_.size() ? "...\"" : "\""));
 }
 
-void PropertyListBuilder::add(CFPropertyList&& value)
+void PropertyListBuilder::add(CFPropertyList&& value, std::vector<PropertyListPlace>&& inside)
 {
     if (++count_ > PropertyListMaximumValues) {
         fail("more than " + std::to_string(PropertyListMaximumValues) + " values");
@@ -300,9 +316,13 @@ void PropertyListBuilder::add(CFPropertyList&& value)
     }
     if (open_.empty()) {
         root_ = std::move(value);
+        place_.inside = std::move(inside);
         return;
     }
     Container& container = open_.back();
+    if (!inside.empty()) {
+        container.places.back().inside = std::move(inside);
+    }
     if (!container.isDictionary) {
         container.array.push_back(std::move(value));
         return;
@@ -378,7 +398,8 @@ struct ParserDeleter {
 
 } // namespace
 
-std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError& error)
+std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError& error,
+                                               PropertyListPlace* place)
 {
     if (auto broken = CheckXmlLimits(xml, PropertyListLimits)) {
         error = std::move(*broken);
@@ -393,7 +414,7 @@ std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError&
         error = ParseError{0, "no memory for the parser"};
         return std::nullopt;
     }
-    PropertyListBuilder builder(parser.get());
+    PropertyListBuilder builder(parser.get(), place != nullptr);
     // Limits of our own stand in place of the parser's, which are narrower.
     xmlCtxtUseOptions(parser.get(), XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
     *parser->sax = Handlers();
@@ -408,12 +429,16 @@ std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError&
         error = ParseError{0, "not a complete XML document"};
         return std::nullopt;
     }
+    if (place != nullptr) {
+        *place = builder.takePlace();
+    }
     return root;
 }
 
-std::optional<CFDictionary> ReadPropertyListDictionary(std::string_view xml, ParseError& error)
+std::optional<CFDictionary> ReadPropertyListDictionary(std::string_view xml, ParseError& error,
+                                                       PropertyListPlace* place)
 {
-    auto root = ReadPropertyList(xml, error);
+    auto root = ReadPropertyList(xml, error, place);
     if (!root) {
         return std::nullopt;
     }
