@@ -103,12 +103,19 @@ bool AreOnTheSameSide(const SettingMap* staples, std::int32_t staple, std::int32
     return side > 0 && side == TicketToUI(PunchMap, punch);
 }
 
-std::string StapleText(const FinishingChoice& choice, bool besideHoles, const CFBundle& bundle)
+// The first staple family that is set; null when none is.
+const StapleRow* StaplesOf(const FinishingChoice& choice)
 {
     const auto* family =
         std::find_if(std::begin(StapleFamilies), std::end(StapleFamilies),
                      [&choice](const StapleRow& row) { return IsSet(choice.*row.position); });
-    if (family == std::end(StapleFamilies)) {
+    return family == std::end(StapleFamilies) ? nullptr : family;
+}
+
+std::string StapleText(const FinishingChoice& choice, bool besideHoles, const CFBundle& bundle)
+{
+    const auto* family = StaplesOf(choice);
+    if (family == nullptr) {
         return "";
     }
     const std::int32_t position = choice.*family->position;
@@ -149,14 +156,73 @@ std::string FamilyText(const FinishingChoice& choice, const CFBundle& bundle)
     return bundle.localizedString("PrinterDefault");
 }
 
+// Null for a family of its own.
+const CombinationRow* CombinationOf(const FinishingChoice& choice)
+{
+    const auto* combination =
+        std::find_if(std::begin(Combinations), std::end(Combinations),
+                     [&choice](const CombinationRow& row) { return row.option == choice.option; });
+    return combination == std::end(Combinations) ? nullptr : combination;
+}
+
 std::string FamilyLines(const FinishingChoice& choice, const CFBundle& bundle)
 {
-    for (const CombinationRow& row : Combinations) {
-        if (row.option == choice.option) {
-            return CombinedLines(row, choice, bundle);
-        }
+    const auto* combination = CombinationOf(choice);
+    return combination == nullptr ? FamilyText(choice, bundle) + "\n"
+                                  : CombinedLines(*combination, choice, bundle);
+}
+
+using Position = std::int32_t FinishingChoice::*;
+
+std::string_view KeyOf(Position position)
+{
+    return std::find_if(std::begin(NumberEntries), std::end(NumberEntries),
+                        [position](const NumberEntry& entry) { return entry.value == position; })
+        ->key;
+}
+
+bool HasWord(const SettingMap* map, std::int32_t position)
+{
+    return position != 0 && LocalizedKeyForTicketValue(map, position) != nullptr;
+}
+
+// Beside staples or a Z-fold the driver has a further position, which no menu offers.
+constexpr std::int32_t DriversPunchPosition = 49;
+
+// The positions that the parts of a combination need and lack; of staples any family's will do.
+std::vector<Position> MissingParts(const CombinationRow& parts, const FinishingChoice& choice)
+{
+    std::vector<Position> missing;
+    const auto* staples = StaplesOf(choice);
+    if (parts.staples &&
+        (staples == nullptr || !HasWord(staples->map, choice.*staples->position))) {
+        missing.push_back(staples == nullptr ? &FinishingChoice::oneStaple : staples->position);
     }
-    return FamilyText(choice, bundle) + "\n";
+    if (parts.holes && choice.punch != DriversPunchPosition && !HasWord(PunchMap, choice.punch)) {
+        missing.push_back(&FinishingChoice::punch);
+    }
+    if (parts.zFold && !HasWord(ZFoldMap, choice.zFold)) {
+        missing.push_back(&FinishingChoice::zFold);
+    }
+    return missing;
+}
+
+// Those that decide on the chosen family.
+std::vector<Position> UsedPositions(const FinishingChoice& choice)
+{
+    std::vector<Position> used;
+    if (const auto* parts = CombinationOf(choice)) {
+        const auto* staples = parts->staples ? StaplesOf(choice) : nullptr;
+        used.push_back(staples == nullptr ? nullptr : staples->position);
+        used.push_back(parts->holes ? &FinishingChoice::punch : nullptr);
+        used.push_back(parts->zFold ? &FinishingChoice::zFold : nullptr);
+    } else if (choice.option == 0 || choice.option == UnsetValue) {
+        used.push_back(&FinishingChoice::bookletFold); // nothing chosen: the booklet's own folding
+    }
+    for (const FamilyRow& row : Families) {
+        used.push_back(row.option == choice.option ? row.position : nullptr);
+    }
+    return used;
 }
 
 std::string OffsetText(std::int32_t offset, const CFBundle& bundle)
@@ -186,6 +252,47 @@ bool IsPunched(const FinishingChoice& choice)
                        [&choice](const CombinationRow& row) {
                            return row.option == choice.option && row.holes;
                        });
+}
+
+std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice)
+{
+    if (choice.option == CustomFinishing && choice.customText.empty()) {
+        return {CustomFinishingKey};
+    }
+    std::vector<std::string_view> keys;
+    if (const auto* parts = CombinationOf(choice)) {
+        for (const Position position : MissingParts(*parts, choice)) {
+            keys.push_back(KeyOf(position));
+        }
+        return keys;
+    }
+    for (const FamilyRow& row : Families) {
+        if (row.option != choice.option) {
+            continue;
+        }
+        if (HasWord(row.map, choice.*row.position)) {
+            return {};
+        }
+        keys = {KeyOf(row.position)};
+    }
+    return keys;
+}
+
+std::vector<std::string_view> UnusedFinishingKeys(const FinishingChoice& choice)
+{
+    const auto used = UsedPositions(choice);
+    std::vector<std::string_view> keys;
+    for (const Position position :
+         {&FinishingChoice::oneStaple, &FinishingChoice::twoStaples, &FinishingChoice::centerStaple,
+          &FinishingChoice::fold, &FinishingChoice::bind, &FinishingChoice::punch,
+          &FinishingChoice::zFold, &FinishingChoice::bookletFold}) {
+        constexpr std::int32_t None = 1; // of holes, of a booklet's folding
+        const bool isChosen = IsSet(choice.*position) && choice.*position != None;
+        if (isChosen && std::find(used.begin(), used.end(), position) == used.end()) {
+            keys.push_back(KeyOf(position));
+        }
+    }
+    return keys;
 }
 
 std::string CreateFinishingString(const FinishingChoice& choice, const CFBundle& bundle)

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace tarvo {
 
@@ -35,6 +37,14 @@ struct FinishingChoice {
 
 /// Whether the family, or a part of a combined one, makes holes, so that their number counts.
 bool IsPunched(const FinishingChoice& choice);
+
+/// Ticket keys of what the chosen family, or each part of a combined one, needs and the choice
+/// lacks or has no word for.
+std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice);
+
+/// Ticket keys of the positions that are set and do not count: those of other families, and staples
+/// beside those of the first family that is set.
+std::vector<std::string_view> UnusedFinishingKeys(const FinishingChoice& choice);
 
 /// The finishing in words, a line for each part: the family with its position, booklet layout, slip
 /// sheets, offset. Every line ends with a line feed, the last one as well. Of a combined family a

@@ -141,6 +141,57 @@ TEST(FinishingSummary, EndsWithWhatAnyFamilyMayHave)
     }
 }
 
+std::string Joined(const std::vector<std::string_view>& keys)
+{
+    std::string joined;
+    for (std::string_view key : keys) {
+        key.remove_prefix(std::string_view("com.tarvo.print.").size());
+        joined.append(joined.empty() ? "" : " ").append(key);
+    }
+    return joined;
+}
+
+struct PartsCase {
+    const char* name;
+    std::int32_t option;
+    std::vector<std::pair<std::int32_t Finishing::*, std::int32_t>> positions;
+    const char* missing;
+    const char* unused;
+};
+
+// clang-format off
+const PartsCase PartsCases[] = {
+    {"nothing chosen",                 0,  {},                                 "",                        ""},
+    {"no finishing needs no position", 1,  {},                                 "",                        ""},
+    {"a family's position",            9,  {{&Finishing::twoStaples, 10}},     "",                        ""},
+    {"another family's position",      9,  {{&Finishing::oneStaple, 5}},       "FinishingStaple2Value",   "FinishingStaple1Value"},
+    {"unset is no position",           36, {{&Finishing::zFold, UnsetValue}},  "FinishingZFoldValue",     ""},
+    {"a position without a word",      18, {{&Finishing::fold, 41}},           "FinishingFoldValue",      ""},
+    {"the second table of a family",   40, {{&Finishing::fold, 48}},           "",                        ""},
+    {"a template without a name",      22, {},                                 "FinishingCustom",         ""},
+    {"a booklet's own folding",        0,  {{&Finishing::bookletFold, 7}},     "",                        ""},
+    {"folding beside a family",        3,  {{&Finishing::bookletFold, 8}},     "",                        "BookletFoldStaple"},
+    {"None is no position",            1,  {{&Finishing::punch, 1}},           "",                        ""},
+    {"a combination without parts",    50, {},                                 "FinishingStaple1Value FinishingHolePunchValue FinishingZFoldValue", ""},
+    {"a second staple family",         51, {{&Finishing::oneStaple, 5}, {&Finishing::centerStaple, 26}, {&Finishing::zFold, 38}}, "", "FinishingStapleCenterValue"},
+    {"holes where only drivers punch", 52, {{&Finishing::punch, 49}, {&Finishing::zFold, 39}, {&Finishing::bind, 15}}, "", "FinishingBindValue"},
+    {"the same without a combination", 30, {{&Finishing::punch, 49}},          "FinishingHolePunchValue", ""},
+};
+// clang-format on
+
+TEST(FinishingChoice, TellsWhatAFamilyLacksAndWhatDoesNotCount)
+{
+    for (const auto& row : PartsCases) {
+        Finishing finishing;
+        finishing.option = row.option;
+        for (const auto& [position, value] : row.positions) {
+            finishing.*position = value;
+        }
+        EXPECT_EQ(Joined(MissingFinishingKeys(finishing)), row.missing) << row.name;
+        EXPECT_EQ(Joined(UnusedFinishingKeys(finishing)), row.unused) << row.name;
+    }
+}
+
 TEST(FinishingChoice, ReadsTheTicketsKeys)
 {
     struct NumberCase {
