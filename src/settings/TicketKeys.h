@@ -67,6 +67,10 @@ inline constexpr std::string_view FullColorOptionsKey =
 inline constexpr std::string_view AntialiasingKey = "com.tarvo.print.Antialiasing";
 inline constexpr std::string_view LightenDarkenKey = "com.tarvo.print.LightenDarken";
 inline constexpr std::string_view TonerSaverKey = "com.tarvo.print.TonerSaver"; // boolean
+inline constexpr std::string_view InvertImageOptionsKey =
+    "com.tarvo.print.InvertImageOptions"; // dictionary of the next two, booleans
+inline constexpr std::string_view NegativeImageKey = "NegativeImage";
+inline constexpr std::string_view MirrorImageKey = "MirrorImage";
 
 // Job notes, strings.
 inline constexpr std::string_view JobNotesJobNameKey = "com.tarvo.print.JobNotesJobName";
@@ -88,6 +92,9 @@ inline constexpr std::string_view OPIPrescanKey = "com.tarvo.print.OPIPrescan";
 inline constexpr std::string_view OutputOrderKey = "com.tarvo.print.OutputOrder";
 inline constexpr std::string_view QuillonEmulationKey = "com.tarvo.print.QuillonEmulation";
 inline constexpr std::string_view RotateImageKey = "com.tarvo.print.AdvancedRotateImage180";
+inline constexpr std::string_view BookletLayoutOrderKey =
+    "com.tarvo.print.AdvancedBookletLayoutOrderStr"; // a number for all its name
+inline constexpr std::string_view EmitTPIFKey = "com.tarvo.print.EmitTPIF";
 
 // Accounting, written by the site's accounting client.
 inline constexpr std::string_view AccountingOnKey = "com.tarvo.Act.tpif.On";

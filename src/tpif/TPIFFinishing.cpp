@@ -240,6 +240,15 @@ constexpr FamilyRow Families[] = {
 };
 constexpr std::int32_t CustomFinishing = 22; // a template of the front end's, by name
 
+// Null when there is none, as for a template.
+const FamilyRow* FamilyOf(std::int32_t option)
+{
+    const auto* family =
+        std::find_if(std::begin(Families), std::end(Families),
+                     [option](const FamilyRow& each) { return each.option == option; });
+    return family == std::end(Families) ? nullptr : family;
+}
+
 FinishingData PartsOf(const FinishingChoices& choices, const CFDictionary& settings)
 {
     FinishingData parts;
@@ -247,10 +256,8 @@ FinishingData PartsOf(const FinishingChoices& choices, const CFDictionary& setti
         parts.templateName = EscapedTPIFText(settings, CustomFinishingKey);
         return parts;
     }
-    const auto* family =
-        std::find_if(std::begin(Families), std::end(Families),
-                     [&choices](const FamilyRow& each) { return each.option == choices.option; });
-    if (family == std::end(Families)) {
+    const auto* family = FamilyOf(choices.option);
+    if (family == nullptr) {
         return parts;
     }
     const auto index = [&choices](const PartRule& rule) {
@@ -339,6 +346,11 @@ private:
 };
 
 } // namespace
+
+bool IsFinishingFamily(std::int32_t option)
+{
+    return option == CustomFinishing || FamilyOf(option) != nullptr;
+}
 
 void WriteTPIFFinishing(TPIFChannel& writeData, const CFDictionary& settings)
 {

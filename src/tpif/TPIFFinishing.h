@@ -19,6 +19,9 @@ struct FinishingData {
     std::string templateName; // escaped; written in place of the parts when not empty
 };
 
+/// Whether the ticket's number of a finishing family is one; 0, for nothing chosen, is.
+bool IsFinishingFamily(std::int32_t option);
+
 /// Slip sheets, finishing, offset; says on standard error what it read.
 void WriteTPIFFinishing(TPIFChannel& writeData, const CFDictionary& settings);
 

@@ -158,12 +158,18 @@ void FillMediaColor(MediaData& media, const CFDictionary& stock)
     }
 }
 
-void FillMediaType(MediaData& media, const CFDictionary& stock)
+// Null when there is none.
+const StockTypeRow* RowOfType(std::optional<std::int32_t> type)
 {
-    const auto type = stock.int32(StockTypeKey);
     const auto* row = std::find_if(std::begin(StockTypeRows), std::end(StockTypeRows),
                                    [type](const StockTypeRow& each) { return type == each.type; });
-    if (row == std::end(StockTypeRows)) {
+    return row == std::end(StockTypeRows) ? nullptr : row;
+}
+
+void FillMediaType(MediaData& media, const CFDictionary& stock)
+{
+    const auto* row = RowOfType(stock.int32(StockTypeKey));
+    if (row == nullptr) {
         return;
     }
     media.typeForm = row->form;
@@ -286,6 +292,11 @@ const CFDictionary& DictionaryOrEmpty(const CFDictionary& dictionary, std::strin
 }
 
 } // namespace
+
+bool IsStockType(std::int32_t type)
+{
+    return RowOfType(type) != nullptr;
+}
 
 std::optional<std::int32_t> StockTypeOfName(std::string_view name)
 {

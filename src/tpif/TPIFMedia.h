@@ -33,6 +33,9 @@ struct MediaData {
     std::optional<std::int32_t> grain;
 };
 
+/// Whether a document can tell the stock type: one of the menus' or of the printer's own.
+bool IsStockType(std::int32_t type);
+
 /// The stock type that a document has exactly that name for and that implies nothing else; nullopt
 /// for every other name.
 std::optional<std::int32_t> StockTypeOfName(std::string_view name);
