@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_map>
+#include <utility>
 
 namespace tarvo {
 namespace {
@@ -79,19 +80,20 @@ std::string ExportOf(CFDictionary ticket)
     return document;
 }
 
-// Those of the elements that the other document has fewer of.
-std::vector<Element> MissingFrom(const std::string& document, const std::string& xml)
+// Those of the elements that an export has fewer of.
+std::vector<Element> MissingFrom(const std::vector<Element>& exported,
+                                 const std::vector<Element>& elements)
 {
     const auto key = [](const Element& element) { return element.path + '\0' + element.text; };
     std::unordered_map<std::string, std::size_t> counts;
-    for (const Element& element : ElementsOf(document)) {
+    for (const Element& element : exported) {
         ++counts[key(element)];
     }
     std::vector<Element> missing;
-    for (Element& element : ElementsOf(xml)) {
+    for (const Element& element : elements) {
         const auto found = counts.find(key(element));
         if (found == counts.end() || found->second == 0) {
-            missing.push_back(std::move(element));
+            missing.push_back(element);
         } else {
             --found->second;
         }
@@ -99,12 +101,43 @@ std::vector<Element> MissingFrom(const std::string& document, const std::string&
     return missing;
 }
 
-constexpr std::array<const char*, 4> OutcomeNames = {"taken", "ignored", "refused", "lost"};
-
-const char* NameOf(TPIFImportOutcome outcome)
+// ".tpif.job-template-attributes.sides" of that element and of all inside it.
+std::string_view AttributeOf(std::string_view path)
 {
-    return OutcomeNames[static_cast<std::size_t>(outcome)];
+    constexpr std::size_t Names = 3;
+    std::size_t end = 0;
+    for (std::size_t name = 0; name < Names && end != std::string_view::npos; ++name) {
+        end = path.find('.', end + 1);
+    }
+    return path.substr(0, end);
 }
+
+// The first elements of the attributes that an export has before one that comes earlier here.
+std::vector<Element> MisplacedIn(const std::vector<Element>& exported,
+                                 const std::vector<Element>& elements)
+{
+    std::unordered_map<std::string_view, std::size_t> ranks;
+    for (const Element& element : exported) {
+        ranks.emplace(AttributeOf(element.path), ranks.size());
+    }
+    std::vector<Element> misplaced;
+    std::string_view former;
+    std::size_t highest = 0;
+    for (const Element& element : elements) {
+        const std::string_view attribute = AttributeOf(element.path);
+        const auto rank = ranks.find(attribute);
+        if (rank == ranks.end() || std::exchange(former, attribute) == attribute) {
+            continue;
+        }
+        if (rank->second < highest) {
+            misplaced.push_back({element.line, std::string(attribute), ""});
+        }
+        highest = std::max(highest, rank->second);
+    }
+    return misplaced;
+}
+
+constexpr std::array<const char*, 4> OutcomeNames = {"taken", "ignored", "refused", "lost"};
 
 nlohmann::ordered_json JsonOf(const CFPropertyList& value)
 {
@@ -116,20 +149,13 @@ nlohmann::ordered_json JsonOf(const CFPropertyList& value)
     return text == nullptr ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(*text);
 }
 
-std::string Shown(const std::string& text)
-{
-    constexpr std::size_t Longest = 60; // bytes
-    const std::string_view prefix = Utf8Prefix(text, Longest);
-    return '"' + WithoutControls(prefix) + (prefix.size() < text.size() ? "...\"" : "\"");
-}
-
 std::string ValueText(const CFPropertyList& value)
 {
     if (const auto* number = value.get<std::int64_t>()) {
         return *number == UnsetValue ? "the printer's default" : std::to_string(*number);
     }
     const auto* text = value.get<std::string>();
-    return text == nullptr ? "" : Shown(*text);
+    return text == nullptr ? "" : ShownText(*text);
 }
 
 // "  12  sides "one-sided"", the path below the document's root and group.
@@ -137,12 +163,7 @@ std::string ElementText(const Element& element)
 {
     std::string line = std::to_string(element.line);
     line.insert(0, line.size() < 6 ? 6 - line.size() : 0, ' ');
-    std::string_view path = element.path;
-    for (const std::string_view group :
-         {".tpif.job-template-attributes.", ".tpif.tpif-operation-attributes."}) {
-        path.remove_prefix(path.starts_with(group) ? group.size() : 0);
-    }
-    return line + "  " + WithoutControls(path) + ' ' + Shown(element.text);
+    return line + "  " + ShownPath(element.path) + ' ' + ShownText(element.text);
 }
 
 void AddSteps(std::string& text, const ImportReport& report)
@@ -208,6 +229,27 @@ nlohmann::ordered_json JsonOf(const ImportReport& report)
 
 } // namespace
 
+std::string ShownPath(std::string_view path)
+{
+    for (const std::string_view group :
+         {".tpif.job-template-attributes.", ".tpif.tpif-operation-attributes."}) {
+        path.remove_prefix(path.starts_with(group) ? group.size() : 0);
+    }
+    return WithoutControls(path);
+}
+
+std::string ShownText(std::string_view text)
+{
+    constexpr std::size_t Longest = 60; // bytes
+    const std::string_view prefix = Utf8Prefix(text, Longest);
+    return '"' + WithoutControls(prefix) + (prefix.size() < text.size() ? "...\"" : "\"");
+}
+
+const char* NameOf(TPIFImportOutcome outcome)
+{
+    return OutcomeNames[static_cast<std::size_t>(outcome)];
+}
+
 ImportReport ImportWithReport(const TPIFImportFeatures& features, const std::string& file,
                               const std::string& xml, CFDictionary& result)
 {
@@ -233,7 +275,10 @@ ImportReport ImportWithReport(const TPIFImportFeatures& features, const std::str
                      [](const auto& first, const auto& second) {
                          return first.element.line < second.element.line;
                      });
-    report.missing = MissingFrom(ExportOf(own), xml);
+    const auto exported = ElementsOf(ExportOf(own));
+    const auto elements = ElementsOf(xml);
+    report.missing = MissingFrom(exported, elements);
+    report.misplaced = MisplacedIn(exported, elements);
     for (auto& entry : std::move(own).takeEntries()) {
         result.set(entry.key, std::move(entry.value));
     }

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarvo {
@@ -27,12 +28,20 @@ struct ImportReport {
     std::optional<ParseError> error; // of an unreadable document; the rest is empty then
     std::vector<Step> steps;         // in the order of the document
     std::vector<Element> missing;    // that a new export would not contain
+    std::vector<Element> misplaced;  // the first of each attribute that an export has further up
 };
 
 /// Imports a document and tells what became of each element. The whole of it is kept in memory.
 /// @param result  as of TPIFImportDocument
 ImportReport ImportWithReport(const TPIFImportFeatures& features, const std::string& file,
                               const std::string& xml, CFDictionary& result);
+
+/// The path of an element for people: from its group down, without control characters.
+std::string ShownPath(std::string_view path);
+/// A text in quotes, without control characters and cut when it is long.
+std::string ShownText(std::string_view text);
+/// "taken", "ignored", "refused" or "lost".
+const char* NameOf(TPIFImportOutcome outcome);
 
 /// For a person at a terminal.
 std::string ImportText(const std::vector<ImportReport>& reports);

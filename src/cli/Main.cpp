@@ -1,4 +1,5 @@
 #include "cli/ArgumentParser.h"
+#include "cli/CheckCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/HelpText.h"
 #include "cli/ImportCommand.h"
@@ -26,6 +27,7 @@ constexpr CommandRow CommandMap[] = {
     {ExportVerb,         RunExport        },
     {ShowVerb,           RunShow          },
     {ImportVerb,         RunImport        },
+    {CheckVerb,          RunCheck         },
     {PrinterVerb,        RunPrinter       },
     {StocksListVerb,     RunStocksList    },
     {StocksAddVerb,      RunStocksAdd     },

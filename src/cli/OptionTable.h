@@ -13,6 +13,7 @@ inline constexpr const char* ProgramName = "tarvo-ticket";
 inline constexpr const char* ExportVerb = "export";
 inline constexpr const char* ShowVerb = "show";
 inline constexpr const char* ImportVerb = "import";
+inline constexpr const char* CheckVerb = "check";
 inline constexpr const char* PrinterVerb = "printer";
 inline constexpr const char* StocksListVerb = "stocks list";
 inline constexpr const char* StocksAddVerb = "stocks add";
@@ -40,6 +41,7 @@ inline constexpr const char* ReportOption = "--report";
 inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
 inline constexpr const char* DocumentArguments = "DOCUMENT";
+inline constexpr const char* CheckedArguments = "FILE";
 inline constexpr const char* PPDArgument = "PPD";
 inline constexpr const char* FromOption = "--from";
 inline constexpr const char* SizeOption = "--size";
@@ -125,6 +127,10 @@ inline constexpr OptionRow OptionMap[] = {
      "Print what became of each element in place of the ticket, which is written with -o only."},
     {ImportVerb, "",   JsonOption,            "",      OptionKind::Flag,
      "Print the report as JSON for programs."},
+    {CheckVerb,  "",   CheckedArguments,      "",      OptionKind::Files,
+     "The tickets and documents to check; - is standard input."},
+    {CheckVerb,  "",   JsonOption,            "",      OptionKind::Flag,
+     "Print JSON for programs instead of lines."},
     {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
      "The description of the printer, an uncompressed PPD file; - is standard input."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
@@ -221,6 +227,18 @@ inline constexpr VerbRow VerbMap[] = {
      "of a ticket stands for it; and which elements a new export would not contain.\n\n"
      "A document that cannot be read is named with the line and the reason; the others are imported "
      "all the same and the exit status is 3. When none can be read, nothing is written."},
+    {CheckVerb, "FILE... [--json]",
+     "tell what is wrong with tickets and documents",
+     "Tells for each job ticket or TPIF document, whichever the file holds, what is wrong with it: a "
+     "line each with file, line, entry and reason.\n\n"
+     "Of a ticket: keys that are none, values of another kind, numbers and texts outside their "
+     "limits, and entries that do not go together, such as a finishing without its position, "
+     "exception pages that overlap, or a transparency printed on both sides. Of a document: what "
+     "an import refuses or a new export would not contain, elements that stand out of order, and "
+     "what does not go together in its ticket. The text of an entry, such as a passcode, is never "
+     "shown.\n\n"
+     "The exit status is 0 when nothing is found and 3 when something is. A file that cannot be "
+     "read is named on standard error; when none can, the exit status is 1."},
     {PrinterVerb, "PPD [--json]",
      "tell what a printer offers",
      "Tells what the printer of a PPD file offers: its options by group with their choices, what "
@@ -304,6 +322,8 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Take the covers of a document into a ticket."},
     {ImportVerb, "tarvo-ticket import --report report.xml",
      "Tell what an import of the document takes, and what it loses."},
+    {CheckVerb, "tarvo-ticket check tickets/*.plist documents/*.xml",
+     "Tell what is wrong with the files of two folders."},
     {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
      "Tell what the QL900 offers."},
     {StocksAddVerb, "tarvo-ticket stocks add \"Blue cover\" --size A4 --color Blue --weight 160",
