@@ -1,5 +1,6 @@
 // Any property list as the ticket of every record and as a job ticket: what a record writes, it
-// reads back as the same record, and everything can be told in words.
+// reads back as the same record, everything can be told in words, and what is wrong with its line.
+#include "cli/TicketCheck.h"
 #include "cli/TicketReport.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListReader.h"
@@ -119,18 +120,30 @@ void TellInWords(const CFDictionary& ticket)
     Expect(!TicketText(report, bundle).empty() && !TicketJson(report).empty());
 }
 
+void Check(const CFDictionary& ticket, const PropertyListPlace& place)
+{
+    Findings findings;
+    CheckTicketEntries(TicketPlace(ticket, &place), findings);
+    CheckTicketContradictions(TicketPlace(ticket, &place), findings);
+    for (const Finding& finding : findings.list()) {
+        Expect(finding.line > 0 && !finding.reason.empty());
+    }
+}
+
 } // namespace
 } // namespace tarvo
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     tarvo::ParseError error;
-    const auto ticket =
-        tarvo::ReadPropertyListDictionary({reinterpret_cast<const char*>(bytes), size}, error);
+    tarvo::PropertyListPlace place;
+    const auto ticket = tarvo::ReadPropertyListDictionary(
+        {reinterpret_cast<const char*>(bytes), size}, error, &place);
     if (ticket) {
         tarvo::ReadAll(*ticket);
         tarvo::ReadAsJob(*ticket);
         tarvo::TellInWords(*ticket);
+        tarvo::Check(*ticket, place);
     }
     return 0;
 }
