@@ -108,7 +108,7 @@ std::optional<std::string> ReadDocument(const std::string& document, std::string
     if (document == "-") {
         return ReadDescriptorContents(STDIN_FILENO, TPIFImportLimits.bytes, reason);
     }
-    const auto regular = FileReader::Open(document, reason);
+    const auto regular = FileReader::Open(document, TPIFImportLimits.bytes, reason);
     return regular ? ReadFileContents(document, TPIFImportLimits.bytes, reason) : std::nullopt;
 }
 

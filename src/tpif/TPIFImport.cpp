@@ -42,7 +42,7 @@ OSStatus TPIFImportFileAtPath(const TPIFImportFeatures& features, const std::str
                               const TPIFImportObserver* observer)
 {
     std::string reason;
-    auto file = FileReader::Open(path, reason);
+    auto file = FileReader::Open(path, TPIFImportLimits.bytes, reason);
     if (!file) {
         error = ParseError{0, "cannot read: " + reason};
         return StatusUnreadableDocument;

@@ -19,8 +19,9 @@ inline constexpr OSStatus StatusUnreadableDocument = -208;
 inline constexpr XmlLimits TPIFImportLimits = {
     .attributesInAll = static_cast<std::size_t>(-1),
 };
-/// Inserts and exception pages of a document, together.
-inline constexpr std::size_t TPIFImportMaximumPages = 250'000;
+/// Inserts and exception pages of a document, together: as many as the largest document has room
+/// for when each says something, and few enough that empty ones fill no memory.
+inline constexpr std::size_t TPIFImportMaximumPages = 100'000;
 
 /// Imports one document: ticket entries by their keys, each replacing the one of a former document
 /// under the same key. Elements that nothing asks for, and values that their features do not take,

@@ -99,7 +99,8 @@ TEST_F(FileContents, GoToPipesAndDevicesAsTheyAre)
 TEST_F(FileContents, AreReadInPiecesFromRegularFilesOnly)
 {
     write("a", "text");
-    auto file = FileReader::Open(path("a"), reason_);
+    constexpr std::size_t Most = std::size_t{1} << 20;
+    auto file = FileReader::Open(path("a"), Most, reason_);
     ASSERT_TRUE(file) << reason_;
     char got[3] = {};
     EXPECT_EQ(file->read(got, sizeof got, reason_), 3U);
@@ -107,14 +108,16 @@ TEST_F(FileContents, AreReadInPiecesFromRegularFilesOnly)
     EXPECT_EQ(file->read(got, sizeof got, reason_), 1U);
     EXPECT_EQ(file->read(got, sizeof got, reason_), 0U);
     ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    write("large", std::string(Most + 1, 'x'));
     const std::pair<std::string, const char*> refused[] = {
+        {path("large"),  "larger than 1 MiB"        },
         {path("pipe"),   "not a regular file"       }, // nobody writes: it must not be waited for
         {"/dev/zero",    "not a regular file"       },
         {folder_,        "Is a directory"           },
         {path("absent"), "No such file or directory"},
     };
     for (const auto& [name, reason] : refused) {
-        EXPECT_FALSE(FileReader::Open(name, reason_)) << name;
+        EXPECT_FALSE(FileReader::Open(name, Most, reason_)) << name;
         EXPECT_EQ(reason_, reason) << name;
     }
 }

@@ -163,7 +163,7 @@ std::vector<HostileDocument> Shapes()
         {"end tags alone", Times(100'000, "</a>"), "startTag"},
         {"tags that cross", "<tpif><a><b></a></b></tpif>", "mismatch"},
         {"exceptions without anything", Pages(50'000, ""), Read},
-        {"more exceptions than a job has", Pages(250'002, ""), "exception pages"},
+        {"more exceptions than a job has", Pages(100'002, ""), "exception pages"},
         {"as many finishings",
          Job("<finishings>" + Times(100'000, "<value syntax='enum'>20</value>") + "</finishings>"), Read},
         {"as many sets of them", Job(Times(100'000, "<finishings><value/></finishings>")), Read},

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -23,6 +24,12 @@ namespace {
 std::string SystemReason(int error)
 {
     return std::generic_category().message(error);
+}
+
+std::string TooLarge(std::size_t maximumBytes)
+{
+    constexpr std::size_t Mebibyte = std::size_t{1024} * 1024;
+    return "larger than " + std::to_string(maximumBytes / Mebibyte) + " MiB";
 }
 
 // The file that a chain of symbolic links ends at, there or not; nullopt when it has no end.
@@ -169,11 +176,12 @@ std::optional<std::string> ReadDescriptorContents(int descriptor, std::size_t ma
         }
         wanted = Step;
     }
-    reason = "larger than " + std::to_string(maximumBytes / (Kibibyte * Kibibyte)) + " MiB";
+    reason = TooLarge(maximumBytes);
     return std::nullopt;
 }
 
-std::optional<FileReader> FileReader::Open(const std::string& path, std::string& reason)
+std::optional<FileReader> FileReader::Open(const std::string& path, std::size_t maximumBytes,
+                                           std::string& reason)
 {
     struct stat status = {};
     FileReader file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
@@ -184,6 +192,10 @@ std::optional<FileReader> FileReader::Open(const std::string& path, std::string&
     }
     if (!S_ISREG(status.st_mode)) {
         reason = S_ISDIR(status.st_mode) ? SystemReason(EISDIR) : "not a regular file";
+        return std::nullopt;
+    }
+    if (static_cast<std::uintmax_t>(status.st_size) > maximumBytes) {
+        reason = TooLarge(maximumBytes);
         return std::nullopt;
     }
     return file;

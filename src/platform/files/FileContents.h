@@ -21,9 +21,10 @@ ReadDescriptorContents(int descriptor, std::size_t maximumBytes, std::string& re
 class FileReader {
 public:
     /// Opens a regular file; anything else is refused and not waited for.
+    /// @param maximumBytes  a file that is larger is refused before any of it is read
     /// @return nullopt with the reason in `reason`
-    [[nodiscard]] static std::optional<FileReader> Open(const std::string& path,
-                                                        std::string& reason);
+    [[nodiscard]] static std::optional<FileReader>
+    Open(const std::string& path, std::size_t maximumBytes, std::string& reason);
     /// Reads from an open file, from where it stands; the file stays open.
     explicit FileReader(int descriptor) : descriptor_(descriptor) {}
     FileReader(FileReader&& other) noexcept;
