@@ -231,12 +231,12 @@ inline constexpr VerbRow VerbMap[] = {
      "tell what is wrong with tickets and documents",
      "Tells for each job ticket or TPIF document, whichever the file holds, what is wrong with it: a "
      "line each with file, line, entry and reason.\n\n"
-     "Of a ticket: keys that are none, values of another kind, numbers and texts outside their "
+     "Of a ticket: unknown keys, values of another kind, numbers and texts outside their "
      "limits, and entries that do not go together, such as a finishing without its position, "
      "exception pages that overlap, or a transparency printed on both sides. Of a document: what "
      "an import refuses or a new export would not contain, elements that stand out of order, and "
-     "what does not go together in its ticket. The text of an entry, such as a passcode, is never "
-     "shown.\n\n"
+     "what does not go together in its ticket. The text of a ticket's entry, such as a passcode, "
+     "is never shown.\n\n"
      "The exit status is 0 when nothing is found and 3 when something is. A file that cannot be "
      "read is named on standard error; when none can, the exit status is 1."},
     {PrinterVerb, "PPD [--json]",
@@ -348,11 +348,11 @@ struct ExitStatusRow {
 };
 
 inline constexpr ExitStatusRow ExitStatusMap[] = {
-    {ExitStatus::Done,     "Done."                                                     },
-    {ExitStatus::Failed,   "The work failed."                                          },
-    {ExitStatus::WrongUse, "Wrong use; nothing was done."                              },
-    {ExitStatus::LeftOut,  "Done, but something was left out; standard error names it."},
-    {ExitStatus::Done,     nullptr                                                     },
+    {ExitStatus::Done,     "Done."                                                          },
+    {ExitStatus::Failed,   "The work failed."                                               },
+    {ExitStatus::WrongUse, "Wrong use; nothing was done."                                   },
+    {ExitStatus::LeftOut,  "Done, but something was left out, or found wrong, and is named."},
+    {ExitStatus::Done,     nullptr                                                          },
 };
 
 } // namespace tarvo
