@@ -1,12 +1,15 @@
 #include "platform/files/FileLock.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <atomic>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <optional>
+#include <string>
 #include <thread>
 
 namespace tarvo {
@@ -20,6 +23,20 @@ protected:
     FileLockTest() { EXPECT_NE(mkdtemp(folder_.data()), nullptr); }
     ~FileLockTest() override { fs::remove_all(folder_); }
     std::string path(const char* name) const { return folder_ + "/" + name; }
+    // The system lists who waits for a lock: "1: -> FLOCK ... device:inode 0 EOF".
+    bool somebodyWaits() const
+    {
+        struct stat status = {};
+        EXPECT_EQ(stat(path("lock").c_str(), &status), 0);
+        const std::string file = ':' + std::to_string(status.st_ino) + ' ';
+        std::ifstream locks("/proc/locks");
+        for (std::string line; std::getline(locks, line);) {
+            if (line.find("-> FLOCK") != line.npos && line.find(file) != line.npos) {
+                return true;
+            }
+        }
+        return false;
+    }
 
     std::string folder_ = testing::TempDir() + "tarvo-lock-XXXXXX";
 };
@@ -51,7 +68,9 @@ TEST_F(FileLockTest, GoesToWhoWaitsBeforeWhoComesAgain)
             const FileLock lock(path("lock"), 60s);
             isTaken = true;
         });
-        std::this_thread::sleep_for(20ms); // it waits now
+        while (!somebodyWaits()) {
+            std::this_thread::yield();
+        }
         int turns = 0;
         while (!isTaken && turns < 1000) {
             mine.reset();
