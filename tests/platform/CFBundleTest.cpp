@@ -47,6 +47,28 @@ TEST(CFBundle, FindsEachTextInTheMostWantedLanguage)
     fs::remove_all(root);
 }
 
+TEST(CFBundle, FindsEachResourceInTheMostWantedLanguage)
+{
+    std::string root = ::testing::TempDir() + "tarvo-bundle-XXXXXX";
+    ASSERT_NE(mkdtemp(root.data()), nullptr);
+    const fs::path resources = fs::path(root) / "Contents/Resources";
+    for (const char* name : {"en.lproj/help.html", "de.lproj/help.html", "Up.png"}) {
+        fs::create_directories((resources / name).parent_path());
+        std::ofstream(resources / name) << name;
+    }
+    const CFBundle bundle(root, {"de"});
+    EXPECT_EQ(bundle.resourcePath("help.html"), resources / "de.lproj/help.html");
+    EXPECT_EQ(bundle.resourcePath("Up.png"), resources / "Up.png");
+    EXPECT_EQ(bundle.resourcePath("Down.png"), std::nullopt);
+    EXPECT_EQ(CFBundle(root, {"fr"}).resourcePath("help.html"), resources / "en.lproj/help.html");
+
+    EXPECT_TRUE(bundle.infoDictionary().empty());
+    std::ofstream(fs::path(root) / "Contents/Info.plist")
+        << "<plist><dict><key>CFBundleName</key><string>Bander</string></dict></plist>";
+    EXPECT_EQ(*bundle.infoDictionary().get<std::string>("CFBundleName"), "Bander");
+    fs::remove_all(root);
+}
+
 TEST(UserLanguages, GoFromTheMostWantedToTheGeneral)
 {
     setenv("LANGUAGE", "de_AT:fr", 1);

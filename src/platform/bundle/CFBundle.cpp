@@ -6,6 +6,8 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace tarvo {
 namespace {
@@ -40,12 +42,12 @@ std::vector<std::string> WithLastLanguage(std::vector<std::string> languages)
 } // namespace
 
 CFBundle::CFBundle(const std::string& directory, const std::vector<std::string>& languages)
-    : resources_(directory + "/Contents/Resources/")
+    : contents_(directory + "/Contents/"),
+      resources_(contents_ + "Resources/"),
+      languages_(WithLastLanguage(languages))
 {
-    for (const std::string& language : WithLastLanguage(languages)) {
-        if (!IsFolderName(language)) {
-            continue;
-        }
+    std::erase_if(languages_, [](const std::string& language) { return !IsFolderName(language); });
+    for (const std::string& language : languages_) {
         if (auto table = ReadResource(resources_ + language + ".lproj/Localizable.plist")) {
             tables_.push_back(std::move(*table));
         }
@@ -69,6 +71,24 @@ const std::string& CFBundle::localizedString(const char* key) const
 std::optional<CFDictionary> CFBundle::propertyList(const std::string& name) const
 {
     return ReadResource(resources_ + name + ".plist");
+}
+
+CFDictionary CFBundle::infoDictionary() const
+{
+    return ReadResource(contents_ + "Info.plist").value_or(CFDictionary());
+}
+
+std::optional<std::string> CFBundle::resourcePath(const std::string& name) const
+{
+    std::error_code error; // unread: what cannot be looked at is not there
+    for (const std::string& language : languages_) {
+        std::string path = resources_ + language + ".lproj/" + name;
+        if (std::filesystem::exists(path, error)) {
+            return path;
+        }
+    }
+    std::string path = resources_ + name;
+    return std::filesystem::exists(path, error) ? std::optional(path) : std::nullopt;
 }
 
 std::vector<std::string> UserLanguages()

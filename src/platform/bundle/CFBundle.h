@@ -8,8 +8,9 @@
 
 namespace tarvo {
 
-/// A bundle folder: <directory>/Contents/Resources/ with a <language>.lproj for each language. The
-/// texts that people read are in Localizable.plist there, a dictionary of key to text.
+/// A bundle folder: <directory>/Contents/ with an Info.plist, and Resources/ in it with a
+/// <language>.lproj for each language. The texts that people read are in Localizable.plist there, a
+/// dictionary of key to text.
 class CFBundle {
 public:
     /// Reads the texts. A table that is absent or cannot be read is an empty one.
@@ -24,8 +25,19 @@ public:
     /// @return nullopt when it is absent, cannot be read or is no dictionary
     std::optional<CFDictionary> propertyList(const std::string& name) const;
 
+    /// What the bundle says of itself: Info.plist, read at each call.
+    /// @return an empty dictionary when it is absent or cannot be read
+    CFDictionary infoDictionary() const;
+
+    /// Finds a resource of any kind: that of the most wanted language, else the one for all.
+    /// @param name  relative to the folder of resources, such as "help/index.html"
+    /// @return nullopt when there is no such file or folder
+    std::optional<std::string> resourcePath(const std::string& name) const;
+
 private:
-    std::string resources_;            // the folder, with a slash
+    std::string contents_;  // the folder, with a slash
+    std::string resources_; // likewise
+    std::vector<std::string> languages_;
     std::vector<CFDictionary> tables_; // one for each language that has texts, most wanted first
 };
 
