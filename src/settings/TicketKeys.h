@@ -86,7 +86,11 @@ inline constexpr std::string_view BookletDrawOutlinesKey = "com.tarvo.print.Book
 inline constexpr std::string_view BookletForceNewSizeKey =
     "com.tarvo.print.BookletForceNewSize"; // boolean
 
-// Advanced. The missing "t" of the first is the ticket's own.
+// Advanced. The missing "t" of "OPISubsitution" is the ticket's own.
+inline constexpr std::string_view BookletLayoutOrderKey =
+    "com.tarvo.print.AdvancedBookletLayoutOrderStr"; // a number, for all its name
+inline constexpr std::string_view EmitTPIFKey = "com.tarvo.print.EmitTPIF";
+inline constexpr std::string_view RotateBookletKey = "com.tarvo.print.RotateBooklet180Degrees";
 inline constexpr std::string_view OPISubstitutionKey = "com.tarvo.print.OPISubsitution";
 inline constexpr std::string_view OPIPrescanKey = "com.tarvo.print.OPIPrescan";
 inline constexpr std::string_view OutputOrderKey = "com.tarvo.print.OutputOrder";

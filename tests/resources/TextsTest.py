@@ -3,13 +3,15 @@
 A key is found in the sources where it stands
 - in a row, of a table or alone, in a field of type const char* named "key" or "...Key",
 - in a call, as the argument for a parameter of such a type and name,
-- in the value of a variable, or the body of a function, of type const char* with a name like that.
+- in the value of a variable, or the body of a function, of type const char* with a name like that,
+- in a dialog description, as a text that people read.
 """
 
 import os
 import plistlib
 import re
 import unittest
+import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
 Root = Path(os.environ["TARVO_SOURCE_DIR"])
@@ -18,6 +20,8 @@ Literal = re.compile(r'"((?:[^"\\]|\\.)*)"')
 
 # Keys that say in full what they mean in English are words: "Front Cover Only", "Width:", "PDF".
 Words = re.compile(r"[A-Z]+[a-z]*(?:[-/][A-Z][a-z]*)*|to|and|\d")
+# Properties of widgets that people read.
+ReadProperties = {"label", "title", "tooltip-text", "accessible-name", "placeholder-text"}
 # Texts that may be their key in every language.
 Literals = {",", "-", "sRGB"}
 # Texts that a value follows directly.
@@ -119,10 +123,18 @@ def keys_of_names(sources):
         yield from (match[0] for match in Literal.finditer(inside(sources, function.end(), "{}")))
 
 
+def keys_of_descriptions():
+    for path in sorted((Root / "resources").glob("*.ui")):
+        for text in ElementTree.parse(path).iter("property"):
+            if text.get("name") in ReadProperties and text.text:
+                yield text.text
+
+
 def used_keys():
     sources = read_sources()
     found = {*keys_of_rows(sources), *keys_of_calls(sources), *keys_of_names(sources)}
-    return {literal[1:-1].replace('\\"', '"') for literal in found if literal.startswith('"')}
+    in_sources = {literal[1:-1].replace('\\"', '"') for literal in found if literal.startswith('"')}
+    return in_sources | set(keys_of_descriptions())
 
 
 def placeholders(text):
@@ -134,7 +146,7 @@ class Texts(unittest.TestCase):
         used = used_keys()
         # One of each way to be found, so that a scan that has gone blind is seen.
         samples = {"LetterStockSize", '7 x 10"', "Multiple Finishing...", "SecurePrint", "Top Tray", "Offset", "2 Staples",
-                   "ShowHoles", "StockWeight", "Default Stock", "HLMappingColor", "PlanSheets"}
+                   "ShowHoles", "StockWeight", "Default Stock", "HLMappingColor", "PlanSheets", "CustomValueTitle"}
         self.assertEqual(samples - used, set())
         for language in Languages:
             self.assertEqual(used - read_texts(language).keys(), set(), language)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <gtkmm/window.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+class CFBundle;
+
+/// One row of a file chooser's filter; a filter without patterns takes every file.
+struct FileFilter {
+    const char* key; // of its text
+    std::vector<const char*> patterns;
+};
+
+/// What the desktop does for a panel. Replaceable, so that a program can answer without a user.
+struct DesktopServices {
+    /// Asks where to save; asks before it replaces a file.
+    /// @return nullopt when the user cancels
+    std::function<std::optional<std::string>(const CFBundle& bundle, Gtk::Window* parent,
+                                             const char* titleKey)>
+        chooseFileToSave;
+    /// Asks for files to open, in the order of the choice; none when the user cancels.
+    std::function<std::vector<std::string>(const CFBundle& bundle, Gtk::Window* parent,
+                                           const char* titleKey,
+                                           const std::vector<FileFilter>& filters)>
+        chooseFilesToOpen;
+    /// Opens a link with the desktop's default program.
+    /// @return 0, or a number that is not when there is no such program
+    std::function<int(Gtk::Window* parent, const std::string& uri)> openURI;
+};
+
+/// Those of the process, the desktop's own at first.
+DesktopServices& TheDesktopServices();
+
+} // namespace tarvo

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "panels/toolkit/WidgetTexts.h"
+
+#include <gtest/gtest.h>
+#include <gtkmm/combobox.h>
+#include <gtkmm/dialog.h>
+#include <gtkmm/label.h>
+#include <gtkmm/window.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// The name of a widget in its dialog description; "" for one that has none.
+inline std::string NameInDescription(Gtk::Widget& widget)
+{
+    const char* name = gtk_buildable_get_name(GTK_BUILDABLE(widget.gobj()));
+    return name == nullptr ? "" : name;
+}
+
+/// The widget of a name in a dialog description; null when there is none of that type.
+template <typename Widget>
+Widget* FindWidget(Gtk::Widget& root, const std::string& name)
+{
+    Widget* found = nullptr;
+    ForEachWidget(root, [&](Gtk::Widget& widget) {
+        if (NameInDescription(widget) == name) {
+            found = dynamic_cast<Widget*>(&widget);
+        }
+    });
+    return found;
+}
+
+/// Handles what GTK has waiting.
+inline void TurnMainLoop()
+{
+    while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+    }
+}
+
+/// The text that a pop-up button shows; "" when nothing is chosen.
+inline std::string ShownText(Gtk::ComboBox& button)
+{
+    Glib::ustring text;
+    if (const auto row = button.get_active()) {
+        row->get_value(0, text);
+    }
+    return text;
+}
+
+/// Calls the function with the next dialog that runs, once it is shown.
+class DialogAnswer {
+public:
+    explicit DialogAnswer(std::function<void(Gtk::Dialog&)> answer) : answer_(std::move(answer))
+    {
+        source_ = g_timeout_add(1, OnTimeout, this);
+    }
+    DialogAnswer(const DialogAnswer&) = delete;
+    DialogAnswer& operator=(const DialogAnswer&) = delete;
+    ~DialogAnswer()
+    {
+        EXPECT_EQ(source_, 0U) << "no dialog was shown";
+        if (source_ != 0) {
+            g_source_remove(source_);
+        }
+    }
+
+private:
+    static gboolean OnTimeout(gpointer self) { return static_cast<DialogAnswer*>(self)->look(); }
+
+    gboolean look()
+    {
+        for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+            auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
+            if (dialog != nullptr && dialog->get_mapped()) {
+                source_ = 0;
+                answer_(*dialog);
+                return FALSE;
+            }
+        }
+        return TRUE;
+    }
+
+    std::function<void(Gtk::Dialog&)> answer_;
+    guint source_ = 0;
+};
+
+// What the focus can be on; inside a pop-up button that is the pop-up button.
+inline bool TakesFocus(Gtk::Widget& widget)
+{
+    const bool isPopup = dynamic_cast<Gtk::ComboBox*>(&widget) != nullptr;
+    const bool isInPopup = widget.get_ancestor(GTK_TYPE_COMBO_BOX) != nullptr;
+    return isPopup || (widget.get_can_focus() && !isInPopup);
+}
+
+inline bool IsLabelOfControl(Gtk::Label& label)
+{
+    const bool isInButton = label.get_ancestor(GTK_TYPE_BUTTON) != nullptr &&
+                            label.get_ancestor(GTK_TYPE_COMBO_BOX) == nullptr;
+    return label.get_mnemonic_widget() != nullptr || (isInButton && !label.get_text().empty());
+}
+
+/// What is wrong for somebody who works by keyboard or listens to the screen: controls without a
+/// name, and labels without a letter, or with the letter of another.
+inline std::vector<std::string> AccessibilityFaults(Gtk::Widget& root)
+{
+    std::vector<std::string> faults;
+    std::set<guint> letters;
+    ForEachWidget(root, [&](Gtk::Widget& widget) {
+        if (!widget.get_visible()) {
+            return;
+        }
+        const char* name = atk_object_get_name(gtk_widget_get_accessible(widget.gobj()));
+        if (TakesFocus(widget) && (name == nullptr || *name == '\0')) {
+            faults.push_back("no name: " + NameInDescription(widget));
+        }
+        auto* label = dynamic_cast<Gtk::Label*>(&widget);
+        if (label == nullptr || !IsLabelOfControl(*label)) {
+            return;
+        }
+        const guint key = gtk_label_get_mnemonic_keyval(label->gobj());
+        if (key == GDK_KEY_VoidSymbol || !letters.insert(gdk_keyval_to_lower(key)).second) {
+            faults.push_back("no letter of its own: " + label->get_text());
+        }
+    });
+    return faults;
+}
+
+} // namespace tarvo
