@@ -48,7 +48,7 @@ typedef int32_t TarvoStatus;
     }
 
 /// QueryInterface: there is no such interface.
-#define TARVO_NO_INTERFACE ((TarvoStatus)(-2147483647 - 1 + 4)) // 0x80000004
+#define TARVO_NO_INTERFACE (-2147483647 - 1 + 4) // 0x80000004
 
 // The factory under its identifier in Info.plist, and its name.
 #define TARVO_FACTORY_ID "875CF6AF-A4B0-419E-8325-9809A507D90A"
@@ -89,7 +89,7 @@ typedef struct TarvoEvent {
 #define TARVO_CANCEL_BUTTON (-6)
 
 /// The event goes on.
-#define TARVO_EVENT_NOT_HANDLED ((TarvoStatus)-9874)
+#define TARVO_EVENT_NOT_HANDLED (-9874)
 
 /// @return TARVO_EVENT_NOT_HANDLED to let the event go on, 0 to swallow it
 typedef TarvoStatus (*TarvoEventHandler)(const TarvoEvent* event, void* userData);

@@ -1,0 +1,412 @@
+#include "shell/Shell.h"
+
+#include "panels/PanelEnvironment.h"
+#include "panels/toolkit/Dialogs.h"
+#include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/Help.h"
+#include "platform/printing/PPDFile.h"
+#include "platform/printing/PrinterAddress.h"
+#include "printer/FeatureMap.h"
+#include "settings/TicketAccess.h"
+#include "settings/TicketKeys.h"
+#include "shell/BundleLookup.h"
+#include "shell/SecurePrint.h"
+#include "shell/ShellCommands.h"
+#include "stocklibrary/PrinterStockThread.h"
+
+#include <gtk/gtk.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarvo {
+namespace {
+
+constexpr std::string_view Maker = "Tarvo";
+
+// Of the process. The first one outlives a dialog: the next begins by leaving that panel.
+std::int32_t lastTabIndex = 0;
+std::int32_t currentPanelNumber = 0; // 0: none has been shown in this dialog
+
+std::vector<Shell*>& LivingShells() // the current one last
+{
+    static std::vector<Shell*> living;
+    return living;
+}
+
+OSStatus FailInitialize(const std::string& step)
+{
+    static_cast<void>(std::fprintf(stderr, "Initialize()%s\n", step.c_str()));
+    return StatusNullContext;
+}
+
+// The whole job is what an export takes, and no booklet is turned round by itself.
+void StoreExportOptions(PMTicket& ticket)
+{
+    CFDictionary options;
+    options.set(ExportAllKey, true);
+    ticket.setItem(ExportOptionsClient, ExportOptionsKey, std::move(options));
+    ticket.removeItem(PanelClient, RotateBookletKey);
+}
+
+TarvoStatus ShellEventHandler(const TarvoEvent* event, void* shell)
+{
+    if (event == nullptr || event->eventClass != TARVO_CONTROL_CLASS ||
+        event->kind != TARVO_CONTROL_HIT) {
+        return EventNotHandled;
+    }
+    try {
+        return static_cast<Shell*>(shell)->handleControlHit(event->signature, event->control);
+    } catch (...) {
+        ReportCaughtException();
+        return EventNotHandled;
+    }
+}
+
+} // namespace
+
+Shell::Shell(const CFBundle* bundle, const PanelGetter* getters) : bundle_(bundle)
+{
+    currentPanelNumber = 0;
+    LivingShells().push_back(this);
+    publish();
+    if (bundle_ != nullptr) {
+        title_ = bundle_->localizedString("PDE Shell");
+        loadPanels(getters);
+    }
+}
+
+Shell::~Shell()
+{
+    for (const Record& record : records_) {
+        record.panel->terminate(terminateStatus_);
+    }
+    if (host_ != nullptr) {
+        host_->SetEventHandler(host_->self, nullptr, nullptr);
+    }
+    view_.reset();
+    records_.clear();
+    g_clear_object(&parentPane_);
+    std::erase(LivingShells(), this);
+    if (!LivingShells().empty()) {
+        LivingShells().back()->publish();
+    } else {
+        ThePanelEnvironment() = PanelEnvironment();
+        ThePanelEnvironment().bundle = bundle_;
+    }
+}
+
+// What the panels find is this dialog.
+void Shell::publish()
+{
+    PanelEnvironment& environment = ThePanelEnvironment();
+    environment.bundle = bundle_;
+    environment.session = session_;
+    environment.sync = [this](SyncDirection direction) { return sync(session_, direction); };
+    environment.window = [this] { return window(); };
+    environment.printerStockList.reset();
+}
+
+Gtk::Window* Shell::window() const
+{
+    GtkWidget* top =
+        parentPane_ == nullptr ? nullptr : gtk_widget_get_toplevel(GTK_WIDGET(parentPane_));
+    return GTK_IS_WINDOW(top) ? Glib::wrap(GTK_WINDOW(top)) : nullptr;
+}
+
+// A panel that cannot be had leaves out those behind it, too.
+void Shell::loadPanels(const PanelGetter* getters)
+{
+    PanelDescription description; // a panel may leave it as the one before has said
+    for (; *getters != nullptr; ++getters) {
+        auto panel = (*getters)();
+        if (!panel || panel->prologue(description) != StatusOk) {
+            return;
+        }
+        Record record;
+        record.panel = std::move(panel);
+        record.title = description.title;
+        record.kind = description.kind;
+        record.tabIndex = static_cast<std::int32_t>(records_.size()) + 1;
+        records_.push_back(std::move(record));
+    }
+}
+
+OSStatus Shell::initialize(const TarvoPDEHost* host, GtkContainer* parentPane,
+                           PMPrintSession* session)
+{
+    if (session == nullptr) {
+        return StatusNullContext;
+    }
+    PMTicket* information = nullptr;
+    if (GetTicketFromSession(session, PrinterInfoTicketName, &information) != StatusOk) {
+        return FailInitialize("::GetTicketFromSession() failed.");
+    }
+    if (const OSStatus status = describePrinter(information); status != StatusOk) {
+        return status;
+    }
+    std::string failedStep = "CreateNibReferenceWithCFBundle";
+    auto view = bundle_ == nullptr ? nullptr : ShellView::Load(*bundle_, failedStep);
+    if (!view) {
+        printer_.reset();
+        return FailInitialize("::" + failedStep + "() failed.");
+    }
+    view_ = std::move(view);
+    session_ = session;
+    parentPane_ = parentPane == nullptr ? nullptr : GTK_CONTAINER(g_object_ref_sink(parentPane));
+    publish();
+    RegisterMyHelpBook(bundle_); // help that is missing is told of when it is asked for
+    if (host != nullptr && host->SetEventHandler != nullptr) {
+        host_ = host;
+        host_->SetEventHandler(host_->self, ShellEventHandler, this);
+    }
+    initializePanels();
+    return sync(session_, SyncDirection::FromTicket);
+}
+
+OSStatus Shell::describePrinter(const PMTicket* information)
+{
+    ParseError error; // unread: the message is always the same
+    auto ppd = ppdOpenCompiledPPDFromTicket(information, error);
+    if (!ppd) {
+        return FailInitialize("::ppdOpenCompiledPPDFromTicket() failed.");
+    }
+    if (ppd->manufacturer() != Maker) {
+        return FailInitialize(" not a Tarvo PDE.");
+    }
+    if (bundle_ != nullptr) {
+        printer_ = std::make_unique<PrinterDescription>(std::move(ppd), information,
+                                                        InstalledFeatures, *bundle_);
+    }
+    return StatusOk;
+}
+
+void Shell::initializePanels()
+{
+    for (Record& record : records_) {
+        record.pane = std::make_unique<Gtk::Box>(Gtk::ORIENTATION_VERTICAL);
+        record.pane->set_name("TSgb" + std::to_string(record.tabIndex));
+        record.pane->set_no_show_all(true); // the dialog shows all of its tab
+        record.panel->initialize(*record.pane, session_);
+    }
+}
+
+OSStatus Shell::sync(PMPrintSession* session, SyncDirection direction)
+{
+    if (session == nullptr) {
+        return StatusNoSession;
+    }
+    Panel* last = nullptr;
+    for (const Record& record : records_) {
+        if (record.tabIndex == lastTabIndex) {
+            last = record.panel.get();
+        } else {
+            record.panel->sync(session, direction);
+        }
+    }
+    if (last != nullptr) {
+        last->sync(session, direction);
+    }
+    PMTicket* ticket = nullptr;
+    GetTicketFromSession(session, JobTicketName, &ticket);
+    if (direction == SyncDirection::ToTicket && ticket != nullptr) {
+        StoreExportOptions(*ticket);
+    }
+    return StatusOk;
+}
+
+// Each panel clears what the one before has filled: the texts of two are not put together.
+PanelSummary Shell::getSummaryText()
+{
+    PanelSummary summary;
+    for (const Record& record : records_) {
+        record.panel->getSummaryText(summary);
+    }
+    return summary;
+}
+
+OSStatus Shell::open()
+{
+    if (!view_) {
+        return StatusNullContext; // it was never initialized
+    }
+    windowEvents_.emplace(HandleWindowEvent);
+    if (!isOpened_) {
+        isOpened_ = true;
+        startWorker();
+        buildView();
+    }
+    if (currentPanelNumber == 0) {
+        currentPanelNumber = 1;
+    }
+    selectPanel(currentPanelNumber);
+    view_->setPopupValue(currentPanelNumber);
+    return StatusOk;
+}
+
+void Shell::startWorker()
+{
+    const auto host = session_->currentPrinter
+                          ? AuthorityOfDeviceURI(session_->currentPrinter->deviceUri)
+                          : std::nullopt;
+    if (host && !host->empty()) {
+        static_cast<void>(MySpawnThread(BundleIdentifier, *host, windowEvents_->window()));
+    }
+}
+
+void Shell::buildView()
+{
+    if (parentPane_ != nullptr) {
+        view_->embed(parentPane_);
+    }
+    Menu panels;
+    for (const Record& record : records_) {
+        view_->panelContainer().add(*record.pane);
+        MenuItem item;
+        item.text = record.title;
+        item.value = record.tabIndex;
+        panels.push_back(std::move(item));
+    }
+    view_->connect(panels,
+                   {[this](std::int32_t control) { handleControlHit(ShellSignature, control); },
+                    [this](std::uint32_t command) { handleCommand(command); }});
+}
+
+// A panel's controls are made when it is first seen: making those of all would be felt when the
+// dialog opens.
+void Shell::openPanel(Record& record) const
+{
+    if (!record.isOpen) {
+        record.isOpen = true;
+        record.panel->open();
+        view_->assignMnemonics(*record.pane);
+    }
+}
+
+void Shell::selectPanel(std::int32_t index)
+{
+    for (const Record& record : records_) {
+        if (record.tabIndex == lastTabIndex) { // the one that is left
+            record.panel->sync(session_, SyncDirection::ToTicket);
+        }
+    }
+    view_->setSwitchGroupVisible(false);
+    for (Record& record : records_) {
+        if (record.tabIndex != lastTabIndex) { // what the others changed shows
+            record.panel->sync(session_, SyncDirection::FromTicket);
+        }
+        const bool isSelected = record.tabIndex == index;
+        if (isSelected) {
+            openPanel(record);
+            currentPanelNumber = index;
+        }
+        record.pane->set_sensitive(isSelected);
+        record.pane->set_visible(isSelected);
+    }
+    lastTabIndex = index;
+    view_->setSwitchGroupVisible(true);
+}
+
+void Shell::showPanel(std::int32_t index)
+{
+    selectPanel(index);
+    view_->setPopupValue(index);
+}
+
+// Goes round from the last panel to the first and back.
+void Shell::step(std::int32_t difference)
+{
+    const auto count = static_cast<std::int32_t>(records_.size());
+    if (count > 0 && view_ && isOpened_) {
+        showPanel((lastTabIndex - 1 + difference + count) % count + 1);
+    }
+}
+
+OSStatus Shell::close()
+{
+    for (Record& record : records_) {
+        if (record.isOpen) {
+            record.isOpen = false;
+            record.panel->close();
+        }
+    }
+    MyRemoveThread(); // nothing when there is none
+    windowEvents_.reset();
+    return StatusOk;
+}
+
+OSStatus Shell::handleControlHit(std::uint32_t signature, std::int32_t control)
+{
+    if (signature == 0 && control == TARVO_DEFAULT_BUTTON) {
+        return blockJobWithoutPasscode();
+    }
+    if (signature != ShellSignature || !view_ || !isOpened_) {
+        return EventNotHandled;
+    }
+    switch (control) {
+    case PanelPopupControl: {
+        const std::int32_t chosen = view_->popupValue(lastTabIndex);
+        if (chosen == lastTabIndex) {
+            return EventNotHandled;
+        }
+        selectPanel(chosen);
+        return StatusOk;
+    }
+    case NextPanelControl:
+        step(1);
+        return StatusOk;
+    case PreviousPanelControl:
+        step(-1);
+        return StatusOk;
+    case HelpControl:
+        return handleCommand(HelpCommand);
+    default:
+        return EventNotHandled;
+    }
+}
+
+OSStatus Shell::handleCommand(std::uint32_t command)
+{
+    switch (command) {
+    case HelpCommand:
+        DisplayHelp(bundle_, window(), nullptr, nullptr);
+        break;
+    case NextPanelCommand:
+        step(1);
+        break;
+    case PreviousPanelCommand:
+        step(-1);
+        break;
+    default:
+        break;
+    }
+    return EventNotHandled;
+}
+
+OSStatus Shell::blockJobWithoutPasscode() const
+{
+    const bool isBlocked = std::any_of(records_.begin(), records_.end(), [](const Record& record) {
+        return LacksPasscode(record.panel->jobType());
+    });
+    if (!isBlocked || bundle_ == nullptr) {
+        return EventNotHandled;
+    }
+    DisplayNotice(*bundle_, window(), "Invalid Secure Print Passcode Header",
+                  "Invalid Secure Print Passcode Message");
+    return StatusOk;
+}
+
+// The worker has an answer of the printer.
+OSStatus Shell::HandleWindowEvent(const Event& event)
+{
+    if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
+        return EventNotHandled;
+    }
+    const auto stocks = PrinterStocks();
+    if (CurrentPrinterStockStatus() == PrinterStockStatus::Complete && stocks) {
+        ThePanelEnvironment().printerStockList = MakePrinterStockLibraryList(*stocks);
+    }
+    return StatusOk;
+}
+
+} // namespace tarvo

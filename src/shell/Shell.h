@@ -1,0 +1,91 @@
+#pragma once
+
+#include "panels/Panel.h"
+#include "platform/events/WindowEvents.h"
+#include "printer/PrinterDescription.h"
+#include "shell/PlugInInterface.h"
+#include "shell/ShellView.h"
+
+#include <gtkmm/box.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvo {
+
+/// The print features in one print dialog: a pane that shows one panel at a time. Operations of the
+/// dialog are passed to every panel in turn; what the panels return counts for nothing.
+class Shell {
+public:
+    /// Loads the panels; none without a bundle.
+    /// @param bundle  may be null; outlives this
+    /// @param getters  as PanelMap
+    Shell(const CFBundle* bundle, const PanelGetter* getters);
+    Shell(const Shell&) = delete;
+    Shell& operator=(const Shell&) = delete;
+    /// Ends every panel and takes the pane out of the dialog.
+    ~Shell();
+
+    /// @return the pane's title; null without a bundle
+    const std::string* title() const { return title_ ? &*title_ : nullptr; }
+
+    /// Checks that the printer is ours and reads the session's ticket.
+    /// @return StatusNullContext, with nothing kept, when a step fails; standard error tells which
+    OSStatus initialize(const TarvoPDEHost* host, GtkContainer* parentPane,
+                        PMPrintSession* session);
+    /// The panel that is shown comes last, so that its view of the ticket wins.
+    /// @return StatusNoSession without a session
+    OSStatus sync(PMPrintSession* session, SyncDirection direction);
+    /// Gives what the last panel gives.
+    PanelSummary getSummaryText();
+    OSStatus open();
+    OSStatus close();
+    void terminate(OSStatus status) { terminateStatus_ = status; }
+
+    /// Something has happened to a control of the pane or to a button of the dialog.
+    /// @return EventNotHandled to let it go on, StatusOk to swallow it
+    OSStatus handleControlHit(std::uint32_t signature, std::int32_t control);
+    /// @return EventNotHandled: a command goes on, too
+    OSStatus handleCommand(std::uint32_t command);
+
+private:
+    struct Record {
+        std::unique_ptr<Panel> panel;
+        std::string title;
+        std::string kind;
+        std::int32_t tabIndex = 0; // from 1
+        std::unique_ptr<Gtk::Box> pane;
+        bool isOpen = false;
+    };
+
+    void loadPanels(const PanelGetter* getters);
+    OSStatus describePrinter(const PMTicket* information);
+    void initializePanels();
+
+    void buildView();
+    void startWorker();
+    void openPanel(Record& record) const;
+    void selectPanel(std::int32_t index);
+    void showPanel(std::int32_t index);
+    void step(std::int32_t difference);
+    OSStatus blockJobWithoutPasscode() const;
+    static OSStatus HandleWindowEvent(const Event& event);
+    Gtk::Window* window() const;
+    void publish();
+
+    const CFBundle* bundle_;
+    std::optional<std::string> title_;
+    PMPrintSession* session_ = nullptr;
+    const TarvoPDEHost* host_ = nullptr;
+    GtkContainer* parentPane_ = nullptr; // owned
+    std::unique_ptr<PrinterDescription> printer_;
+    std::vector<Record> records_;
+    std::unique_ptr<ShellView> view_;
+    std::optional<WindowEventHandler> windowEvents_; // while it is open
+    bool isOpened_ = false;                          // once at least
+    OSStatus terminateStatus_ = StatusOk;
+};
+
+} // namespace tarvo
