@@ -95,22 +95,6 @@ std::string LineOf(const CFBundle& bundle, const ImportedFile& file)
            file.error->reason + "\n";
 }
 
-void ShowImportSummary(const CFBundle& bundle, const ImportOutcome& outcome)
-{
-    auto nib = Nib::Open(bundle, "ImportSummary");
-    if (!nib) {
-        return;
-    }
-    const auto dialog = nib->window<Gtk::Dialog>("ImportSummary");
-    const auto text = nib->widget<Gtk::Label>("TPDE1");
-    if (!nib->isComplete()) {
-        return;
-    }
-    nib.reset();
-    text->set_text(ImportSummaryText(bundle, outcome));
-    RunModalWindow(bundle, *dialog.get(), GetPDEWindow());
-}
-
 } // namespace
 
 bool IsExportPath(const std::string& path)
@@ -196,6 +180,22 @@ std::string ImportSummaryText(const CFBundle& bundle, const ImportOutcome& outco
         text += LineOf(bundle, file);
     }
     return text + FilledNumber(bundle.localizedString("ImportedSettings"), outcome.settings);
+}
+
+void ShowImportSummary(const CFBundle& bundle, const ImportOutcome& outcome)
+{
+    auto nib = Nib::Open(bundle, "ImportSummary");
+    if (!nib) {
+        return;
+    }
+    const auto dialog = nib->window<Gtk::Dialog>("ImportSummary");
+    const auto text = nib->widget<Gtk::Label>("TPDE1");
+    if (!nib->isComplete()) {
+        return;
+    }
+    nib.reset();
+    text->set_text(ImportSummaryText(bundle, outcome));
+    RunModalWindow(bundle, *dialog.get(), GetPDEWindow());
 }
 
 } // namespace tarvo

@@ -46,5 +46,7 @@ ImportOutcome ImportIntoJobTicket(const std::vector<std::string>& paths);
 
 /// The text of the summary, for people; no values of settings are in it.
 std::string ImportSummaryText(const CFBundle& bundle, const ImportOutcome& outcome);
+/// Shows it; nothing when the dialog's description cannot be read.
+void ShowImportSummary(const CFBundle& bundle, const ImportOutcome& outcome);
 
 } // namespace tarvo

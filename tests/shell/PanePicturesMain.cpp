@@ -1,0 +1,106 @@
+// Draws the pane with each of its panels, and the dialogs, into PNG files to look at: in the
+// language of the process, with text at its size and at twice that. Usage: tarvo-pane-pictures
+// FOLDER
+#include "DialogSession.h"
+#include "panels/advanced/JobTicketFiles.h"
+#include "panels/toolkit/Dialogs.h"
+#include "settings/SettingMap.h"
+#include "shell/PanelTable.h"
+#include "shell/Shell.h"
+#include "shell/ShellCommands.h"
+#include "support/BuiltBundle.h"
+#include "support/Widgets.h"
+
+#include <gdkmm/pixbuf.h>
+#include <gdkmm/window.h>
+#include <gtkmm/main.h>
+#include <gtkmm/offscreenwindow.h>
+#include <gtkmm/settings.h>
+
+#include <cstdio>
+
+namespace tarvo {
+namespace {
+
+constexpr int DotsPerInch = 96 * 1024; // as GTK counts them
+
+void DrawPanels(const CFBundle& bundle, const std::string& prefix)
+{
+    DialogSession dialog;
+    Gtk::OffscreenWindow window;
+    Gtk::Box pane;
+    window.set_size_request(540, 300);
+    window.add(pane);
+    window.show_all();
+    Shell shell(&bundle, PanelMap);
+    shell.initialize(nullptr, GTK_CONTAINER(pane.gobj()), &dialog.session);
+    shell.open();
+    const auto& panels = FindWidget<Gtk::ComboBox>(pane, "Tshl16")->get_model()->children();
+    for (std::size_t number = 1; number <= panels.size(); ++number) {
+        TurnMainLoop();
+        const std::string path = prefix + "-" + std::to_string(number) + ".png";
+        window.get_pixbuf()->save(path, "png");
+        std::puts(path.c_str());
+        shell.handleControlHit(ShellSignature, NextPanelControl);
+    }
+}
+
+// Draws the dialog that the function runs, and cancels it.
+void DrawDialog(const std::string& path, const std::function<void()>& run)
+{
+    const DialogAnswer answer([&path](Gtk::Dialog& dialog) {
+        for (int turn = 0; turn < 50; ++turn) { // until it has its size
+            TurnMainLoop();
+            g_usleep(2'000);
+        }
+        const auto window = dialog.get_window();
+        Gdk::Pixbuf::create(window, 0, 0, window->get_width(), window->get_height())
+            ->save(path, "png");
+        std::puts(path.c_str());
+        dialog.response(Gtk::RESPONSE_CANCEL);
+    });
+    run();
+}
+
+void DrawDialogs(const CFBundle& bundle, const std::string& prefix)
+{
+    DrawDialog(prefix + "-value.png", [&bundle] {
+        std::optional<std::string> text = "Trim";
+        std::int32_t result = 0;
+        RunModalCustomValueDialog(bundle, nullptr, 40, text, result);
+    });
+    DrawDialog(prefix + "-notice.png", [&bundle] {
+        DisplayNotice(bundle, nullptr, "Invalid Secure Print Passcode Header",
+                      "Invalid Secure Print Passcode Message");
+    });
+    DrawDialog(prefix + "-import.png", [&bundle] {
+        ShowImportSummary(bundle, {
+                                      {{"/jobs/spring brochure.xml", std::nullopt},
+                                       {"/jobs/summer.xml", ParseError{12, "mismatched tag"}}},
+                                      23
+        });
+    });
+}
+
+} // namespace
+} // namespace tarvo
+
+int main(int argc, char** argv)
+{
+    using namespace tarvo;
+    Gtk::Main::init_gtkmm_internals();
+    if (argc != 2 || gtk_init_check(&argc, &argv) == FALSE) {
+        std::fputs("usage: tarvo-pane-pictures FOLDER, with a display\n", stderr);
+        return 2;
+    }
+    const CFBundle bundle(BuiltBundleFolder, UserLanguages());
+    std::filesystem::create_directories(argv[1]);
+    for (const int scale : {1, 2}) {
+        Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * DotsPerInch;
+        const std::string prefix = std::string(argv[1]) + "/" + UserLanguages().front() + "-" +
+                                   std::to_string(scale * 100);
+        DrawPanels(bundle, prefix);
+        DrawDialogs(bundle, prefix);
+    }
+    return 0;
+}
