@@ -6,7 +6,6 @@
 #include "cli/OptionTable.h"
 #include "cli/TicketFile.h"
 #include "platform/bundle/CFBundle.h"
-#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
 #include "printer/FeatureDatabase.h"
 #include "settings/TicketKeys.h"
@@ -147,17 +146,6 @@ CFDictionary Merged(CFDictionary ticket, CFDictionary result)
         ticket.set(entry.key, std::move(entry.value));
     }
     return ticket;
-}
-
-bool WriteTicket(const std::string& output, const CFDictionary& ticket)
-{
-    ParseError error;
-    const auto text = WritePropertyList(ticket, error);
-    if (!text) {
-        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
-        return false;
-    }
-    return WriteOutput(output, *text);
 }
 
 std::optional<CFDictionary> TicketToImportInto(const ImportRequest& request)

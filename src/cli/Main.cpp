@@ -1,6 +1,7 @@
 #include "cli/ArgumentParser.h"
 #include "cli/CheckCommand.h"
 #include "cli/ExportCommand.h"
+#include "cli/FromJobCommand.h"
 #include "cli/HelpText.h"
 #include "cli/ImportCommand.h"
 #include "cli/Messages.h"
@@ -28,6 +29,7 @@ constexpr CommandRow CommandMap[] = {
     {ShowVerb,           RunShow          },
     {ImportVerb,         RunImport        },
     {CheckVerb,          RunCheck         },
+    {FromJobVerb,        RunFromJob       },
     {PrinterVerb,        RunPrinter       },
     {StocksListVerb,     RunStocksList    },
     {StocksAddVerb,      RunStocksAdd     },

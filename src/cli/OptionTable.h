@@ -14,6 +14,7 @@ inline constexpr const char* ExportVerb = "export";
 inline constexpr const char* ShowVerb = "show";
 inline constexpr const char* ImportVerb = "import";
 inline constexpr const char* CheckVerb = "check";
+inline constexpr const char* FromJobVerb = "from-job";
 inline constexpr const char* PrinterVerb = "printer";
 inline constexpr const char* StocksListVerb = "stocks list";
 inline constexpr const char* StocksAddVerb = "stocks add";
@@ -42,6 +43,7 @@ inline constexpr const char* JsonOption = "--json";
 inline constexpr const char* TicketArguments = "TICKET.plist";
 inline constexpr const char* DocumentArguments = "DOCUMENT";
 inline constexpr const char* CheckedArguments = "FILE";
+inline constexpr const char* JobOptionsArgument = "OPTIONS";
 inline constexpr const char* PPDArgument = "PPD";
 inline constexpr const char* FromOption = "--from";
 inline constexpr const char* SizeOption = "--size";
@@ -131,6 +133,13 @@ inline constexpr OptionRow OptionMap[] = {
      "The tickets and documents to check; - is standard input."},
     {CheckVerb,  "",   JsonOption,            "",      OptionKind::Flag,
      "Print JSON for programs instead of lines."},
+    {FromJobVerb, "",  JobOptionsArgument,    "",      OptionKind::Texts,
+     "The options of the job, which a filter is given as its fifth argument; - is standard input."},
+    {FromJobVerb, "-o", OutputOption,         "FILE",  OptionKind::File,
+     "Write the ticket to FILE; - is standard output, as without this option."},
+    {FromJobVerb, "",  JsonOption,            "",      OptionKind::Flag,
+     "Print what the ticket says as JSON for programs in place of the ticket, which is written with "
+     "-o only."},
     {PrinterVerb, "",  PPDArgument,           "",      OptionKind::PPDs,
      "The description of the printer, an uncompressed PPD file; - is standard input."},
     {PrinterVerb, "",  JsonOption,            "",      OptionKind::Flag,
@@ -239,6 +248,13 @@ inline constexpr VerbRow VerbMap[] = {
      "is never shown.\n\n"
      "The exit status is 0 when nothing is found and 3 when something is. A file that cannot be "
      "read is named on standard error; when none can, the exit status is 1."},
+    {FromJobVerb, "OPTIONS [-o FILE] [--json]",
+     "read the ticket that a print job carries",
+     "Reads the job ticket back that the print dialog has sent with a job. The job carries it as the "
+     "option \"com.tarvo.print.Ticket\": the ticket's XML property list in base64 with \"-\" and "
+     "\"_\" for \"+\" and \"/\", in pieces between commas. A driver takes the options apart with "
+     "cupsParseOptions, puts the pieces together and decodes them; this verb does the same.\n\n"
+     "The ticket of a job holds no passcodes: every user of the print server can read it."},
     {PrinterVerb, "PPD [--json]",
      "tell what a printer offers",
      "Tells what the printer of a PPD file offers: its options by group with their choices, what "
@@ -324,6 +340,8 @@ inline constexpr ExampleRow ExampleMap[] = {
      "Tell what an import of the document takes, and what it loses."},
     {CheckVerb, "tarvo-ticket check tickets/*.plist documents/*.xml",
      "Tell what is wrong with the files of two folders."},
+    {FromJobVerb, "tarvo-ticket from-job \"$5\" -o ticket.plist",
+     "Write the ticket of the job at hand, in a filter that is a shell script."},
     {PrinterVerb, "tarvo-ticket printer TarvoQL900.ppd",
      "Tell what the QL900 offers."},
     {StocksAddVerb, "tarvo-ticket stocks add \"Blue cover\" --size A4 --color Blue --weight 160",

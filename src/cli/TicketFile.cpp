@@ -3,6 +3,7 @@
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "platform/cf/PropertyListReader.h"
+#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
 
 namespace tarvo {
@@ -15,6 +16,17 @@ std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& err
         return std::nullopt;
     }
     return ReadPropertyListDictionary(*contents, error);
+}
+
+bool WriteTicket(const std::string& output, const CFDictionary& ticket)
+{
+    ParseError error;
+    const auto text = WritePropertyList(ticket, error);
+    if (!text) {
+        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
+        return false;
+    }
+    return WriteOutput(output, *text);
 }
 
 bool WriteOutput(const std::string& output, std::string_view text)

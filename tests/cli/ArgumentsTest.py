@@ -25,6 +25,8 @@ WrongUse = (
     ("one document for two tickets", ["export", "a.plist", "d/a.plist", "--out-dir", "out"], "out/a.xml"),
     ("one file by two names", ["export", "a.plist", "b.plist", "--out-dir", "linked"], "linked/b.xml"),
     ("the document is a link to the ticket", ["export", "a.plist", "-o", "link"], "link is a ticket"),
+    ("no options of a job", ["from-job"], "no options"),
+    ("options that were not quoted", ["from-job", "a=1", "b=2"], "in quotes"),
     ("a document is another ticket", ["export", "x.plist", "in/x.xml", "--out-dir", "in"], "in/x.xml"),
 )
 

@@ -29,7 +29,7 @@ class Documents(ProgramTest):
     def setUp(self):
         super().setUp()
         general = self.run_program("--help").stdout.decode()
-        self.verbs = re.findall(r"^  (\w+(?: \w+)?)  ", general[:general.index("Options:")], re.MULTILINE)
+        self.verbs = re.findall(r"^  ([\w-]+(?: \w+)?)  ", general[:general.index("Options:")], re.MULTILINE)
         self.help = {verb: self.run_program(*verb.split(), "--help").stdout.decode() for verb in self.verbs}
         self.options = {verb: OptionsOf(r"^  (?:-\w, |    )--.*?(?=  |$)", text) for verb, text in self.help.items()}
 
