@@ -72,21 +72,18 @@ bool IsPlain(std::string_view text)
 }
 
 // Sets the choices of the PPD. What is no keyword of one is left out: no choice can stand for it.
-bool SetPlainOptions(JobOptions& options, const CFDictionary& choices)
+// Returns the bytes that they take.
+std::size_t SetPlainOptions(JobOptions& options, const CFDictionary& choices)
 {
     std::size_t bytes = 0;
     for (const auto& entry : choices) {
         const auto* choice = entry.value.get<std::string>();
-        if (choice == nullptr || !IsPlain(entry.key) || !IsPlain(*choice)) {
-            continue;
+        if (choice != nullptr && IsPlain(entry.key) && IsPlain(*choice)) {
+            bytes += entry.key.size() + choice->size() + 2; // "=" and a blank
+            options.set(entry.key, *choice);
         }
-        bytes += entry.key.size() + choice->size() + 2; // "=" and a blank
-        if (bytes > PlainOptionsMaximumBytes) {
-            return false;
-        }
-        options.set(entry.key, *choice);
     }
-    return true;
+    return bytes;
 }
 
 // base64 whose digits no part of the printing system takes for syntax, or the way back.
@@ -255,21 +252,20 @@ const std::string* JobOptions::find(std::string_view name) const
 
 std::optional<JobOptions> JobOptionsOf(const PMTicket& ticket, JobOptionsFault& fault)
 {
-    fault = JobOptionsFault::TooLarge;
-    JobOptions options;
-    if (!SetPlainOptions(options, ticket.ppdDictionary())) {
-        return std::nullopt;
-    }
+    fault = JobOptionsFault::NotWritable;
     ParseError error;
     auto xml = WritePropertyList(EntriesOf(ticket), error);
     if (!xml) {
-        fault = JobOptionsFault::NotWritable;
         return std::nullopt;
     }
     std::string text = Base64FromData(CFData{std::move(*xml)});
     Exchange(text, UsualDigits, OptionDigits);
     text = InPieces(text);
-    if (text.size() > TicketOptionMaximumBytes) {
+    fault = JobOptionsFault::TooLarge;
+    JobOptions options;
+    const std::size_t plainBytes = SetPlainOptions(options, ticket.ppdDictionary());
+    if (text.size() > TicketOptionMaximumBytes ||
+        plainBytes + text.size() > JobOptionsMaximumBytes) {
         return std::nullopt;
     }
     options.set(TicketOptionName, std::move(text));

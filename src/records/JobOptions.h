@@ -39,9 +39,10 @@ private:
 inline constexpr std::string_view TicketOptionName = "com.tarvo.print.Ticket";
 // A print server of another make may refuse names above 255 bytes, which each piece counts as.
 inline constexpr std::size_t TicketPieceBytes = 250;
-// A program's argument ends at 128 KiB, and the ticket is not alone in it.
+// All options together are one argument of a program, which ends at 128 KiB. The rest is for the
+// dialog's own, such as the number of copies.
 inline constexpr std::size_t TicketOptionMaximumBytes = std::size_t{96} * 1024;
-inline constexpr std::size_t PlainOptionsMaximumBytes = std::size_t{16} * 1024;
+inline constexpr std::size_t JobOptionsMaximumBytes = std::size_t{124} * 1024;
 
 /// Why a ticket cannot travel with a job.
 enum class JobOptionsFault { None, TooLarge, NotWritable };

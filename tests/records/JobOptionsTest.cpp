@@ -124,11 +124,11 @@ TEST(JobOptions, AreRefusedWhenAFilterCouldNotBeStarted)
     CFDictionary control;
     control.set("com.tarvo.print.JobNotesMessage", "\x01");
     EXPECT_EQ(FaultOf(TicketWith(control)), JobOptionsFault::NotWritable);
-    PMTicket choices;
-    for (int number = 0; number < 1'000; ++number) {
+    PMTicket choices = withText(20'000);
+    for (int number = 0; number < 4'000; ++number) {
         choices.ppdDictionary().set("Keyword" + std::to_string(number), "ChoiceOfThePrinter");
     }
-    EXPECT_EQ(FaultOf(choices), JobOptionsFault::TooLarge);
+    EXPECT_EQ(FaultOf(choices), JobOptionsFault::TooLarge); // together
 }
 
 struct DamageCase {
