@@ -111,7 +111,7 @@ typedef struct TarvoVersion {
 /// context.
 typedef struct TarvoPrintSession TarvoPrintSession;
 
-struct _GtkContainer; // gtk/gtk.h
+struct _GtkContainer; // NOLINT(bugprone-reserved-identifier): of gtk/gtk.h
 
 /// The dialog's operations; an interface object begins with a pointer to them.
 typedef struct TarvoPDE TarvoPDE;
