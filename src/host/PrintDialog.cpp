@@ -1,0 +1,145 @@
+#include "host/PrintDialog.h"
+
+#include "host/Guarded.h"
+#include "host/PendingTickets.h"
+#include "host/PrinterInquiries.h"
+#include "platform/bundle/CFBundle.h"
+
+#include <gtk/gtk.h>
+#include <gtk/gtkunixprint.h>
+
+namespace tarvo {
+namespace {
+
+// What is wrong, and what to do about it, when a ticket cannot travel with its job.
+constexpr const char* CannotSendHeader = "Job Settings Not Sent Header";
+constexpr const char* TooLargeMessage = "Job Settings Too Large Message";
+constexpr const char* NotWritableMessage = "Job Settings Not Writable Message";
+
+std::string NameOf(GtkPrinter* printer)
+{
+    const bool isQueue = printer != nullptr && !gtk_printer_is_virtual(printer);
+    return isQueue ? gtk_printer_get_name(printer) : "";
+}
+
+// The plug-in's number of a button; 0 for one that it is not asked about.
+std::int32_t ControlOf(int response)
+{
+    switch (response) {
+    case GTK_RESPONSE_OK:
+        return TARVO_DEFAULT_BUTTON;
+    case GTK_RESPONSE_CANCEL:
+    case GTK_RESPONSE_DELETE_EVENT:
+        return TARVO_CANCEL_BUTTON;
+    default:
+        return 0;
+    }
+}
+
+void Alert(GtkPrintUnixDialog* dialog, const char* header, const char* message)
+{
+    const CFBundle bundle(BundleOfThisModule(), UserLanguages());
+    GtkWidget* alert =
+        gtk_message_dialog_new(GTK_WINDOW(dialog), GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
+                               GTK_BUTTONS_OK, "%s", bundle.localizedString(header).c_str());
+    gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(alert), "%s",
+                                             bundle.localizedString(message).c_str());
+    gtk_dialog_run(GTK_DIALOG(alert));
+    gtk_widget_destroy(alert);
+}
+
+using Owner = std::shared_ptr<PrintDialog>;
+
+void DeleteOwner(gpointer owner)
+{
+    std::unique_ptr<Owner>(static_cast<Owner*>(owner)).reset();
+}
+
+} // namespace
+
+void PrintDialog::Watch(GtkPrintUnixDialog* dialog)
+{
+    auto owner = std::make_unique<Owner>(std::make_shared<PrintDialog>(dialog));
+    (*owner)->connectSignals();
+    g_object_set_data_full(G_OBJECT(dialog), "tarvo-print-dialog", owner.release(), DeleteOwner);
+}
+
+void PrintDialog::connectSignals()
+{
+    g_signal_connect(dialog_, "notify::selected-printer",
+                     G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
+                         Guarded([self] { static_cast<PrintDialog*>(self)->printerSelected(); });
+                     }),
+                     this);
+    g_signal_connect(dialog_, "response",
+                     G_CALLBACK(+[](GtkDialog* dialog, gint response, gpointer self) {
+                         Guarded([dialog, response, self] {
+                             if (!static_cast<PrintDialog*>(self)->respond(response)) {
+                                 g_signal_stop_emission_by_name(dialog, "response");
+                             }
+                         });
+                     }),
+                     this);
+    g_signal_connect(dialog_, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
+                         Guarded([self] { static_cast<PrintDialog*>(self)->end(); });
+                     }),
+                     this);
+}
+
+void PrintDialog::printerSelected()
+{
+    std::string printer = NameOf(gtk_print_unix_dialog_get_selected_printer(dialog_));
+    if (session_ && printer == printer_) {
+        return;
+    }
+    end();
+    printer_ = std::move(printer);
+    if (printer_.empty()) {
+        return;
+    }
+    PrinterInquiries::Shared().ask(
+        printer_, [weak = weak_from_this(), name = printer_](const PrinterFacts& facts) {
+            if (const auto self = weak.lock()) {
+                self->begin(name, facts);
+            }
+        });
+}
+
+// The user may have gone on to another printer meanwhile, and back.
+void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
+{
+    const bool isGone = gtk_widget_in_destruction(GTK_WIDGET(dialog_));
+    if (!isGone && printer == printer_ && !session_ && facts.isOurs()) {
+        session_ = DialogSession::Begin(dialog_, facts);
+    }
+}
+
+// False keeps the dialog open. The plug-in may turn the main loop, in which everything can end.
+bool PrintDialog::respond(int response)
+{
+    const auto self = shared_from_this();
+    const auto session = session_;
+    const std::int32_t control = ControlOf(response);
+    if (!session || control == 0) {
+        return true;
+    }
+    if (!session->allowsButton(control)) {
+        return false;
+    }
+    return response != GTK_RESPONSE_OK || session != session_ || keepTicket(*session);
+}
+
+bool PrintDialog::keepTicket(DialogSession& session) const
+{
+    JobOptionsFault fault = JobOptionsFault::None;
+    auto options = JobOptionsOf(session.fillTicket(), fault);
+    if (!options) {
+        Alert(dialog_, CannotSendHeader,
+              fault == JobOptionsFault::TooLarge ? TooLargeMessage : NotWritableMessage);
+        return false;
+    }
+    PendingTickets::Shared().keep(printer_, std::move(*options));
+    return true;
+}
+
+} // namespace tarvo

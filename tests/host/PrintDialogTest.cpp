@@ -1,0 +1,311 @@
+#include "DialogDriver.h"
+#include "FakePlugIn.h"
+#include "platform/files/FileContents.h"
+#include "records/JobOptions.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+
+namespace tarvo {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* Tab = "Fake Features";
+constexpr const char* OurPrinter = "Tarvo_QL900";
+constexpr const char* OurOtherPrinter = "Tarvo_Desk210";
+constexpr const char* AnothersPrinter = "Office";
+constexpr const char* Canary = "48151623-canary";
+
+// Of the plug-in that the dialogs load.
+FakePlugInState& State()
+{
+    static FakePlugInState* const state = [] {
+        void* module = dlopen(TARVO_FAKE_PLUG_IN, RTLD_NOW | RTLD_LOCAL);
+        const auto get =
+            reinterpret_cast<FakePlugInStateFunction>(dlsym(module, FakePlugInStateName));
+        return get();
+    }();
+    return *state;
+}
+
+fs::path ServerFolder()
+{
+    return std::getenv("CUPSD_FOLDER"); // NOLINT(concurrency-mt-unsafe)
+}
+
+std::size_t CountJobs()
+{
+    std::size_t count = 0;
+    for (const auto& entry : fs::directory_iterator(ServerFolder() / "jobs")) {
+        count += entry.path().extension() == ".options" ? 1U : 0U;
+    }
+    return count;
+}
+
+std::string Contents(const fs::path& path)
+{
+    std::string reason;
+    return ReadFileContents(path.string(), std::size_t{16} * 1024 * 1024, reason).value_or("");
+}
+
+// The jobs of the server are numbered from 1, one after the other.
+JobOptions OptionsOfLastJob()
+{
+    const fs::path jobs = ServerFolder() / "jobs";
+    return JobOptionsFromText(Contents(jobs / (std::to_string(CountJobs()) + ".options")));
+}
+
+// Which files of a folder hold a text.
+std::string FilesWith(const fs::path& folder, const std::string& text)
+{
+    std::string names;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file() && Contents(entry.path()).find(text) != std::string::npos) {
+            names += ' ' + fs::relative(entry.path(), folder).string();
+        }
+    }
+    return names;
+}
+
+std::size_t OpenFiles()
+{
+    const fs::directory_iterator files("/proc/self/fd");
+    return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+}
+
+class PrintDialogTest : public testing::Test {
+protected:
+    void SetUp() override { State() = FakePlugInState(); }
+    // Whatever a test does, the plug-in gets everything back.
+    void TearDown() override
+    {
+        const FakePlugInState& state = State();
+        EXPECT_EQ(state.instances, 0);
+        EXPECT_EQ(state.interfaces, 0);
+        EXPECT_EQ(state.contexts, 0);
+    }
+};
+
+TEST_F(PrintDialogTest, TheTabComesAndGoesWithThePrinter)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    EXPECT_EQ(State().calls, " Prologue Initialize");
+    ASSERT_TRUE(driver.choose(AnothersPrinter));
+    EXPECT_EQ(driver.tab(Tab), nullptr);
+    EXPECT_EQ(State().calls, " Prologue Initialize Terminate");
+
+    ASSERT_TRUE(driver.choose(OurOtherPrinter));
+    ASSERT_TRUE(driver.showTab(Tab));
+    State().calls.clear();
+    ASSERT_TRUE(driver.choose("Print to File"));
+    EXPECT_EQ(driver.tab(Tab), nullptr);
+    EXPECT_EQ(State().calls, " Close Terminate");
+
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(driver.showTab(Tab));
+    driver.close();
+    EXPECT_EQ(State().calls, " Close Terminate Prologue Initialize Open Close Terminate");
+}
+
+TEST_F(PrintDialogTest, ThePlugInLearnsOfPrinterAndPage)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    EXPECT_EQ(State().printer.deviceUri, "file:/dev/null");
+    EXPECT_EQ(State().printer.makeAndModel, "Tarvo QL900, 1.0");
+    EXPECT_EQ(State().maker, "Tarvo");
+    EXPECT_EQ(*State().choices.get<std::string>("Duplex"), "None");
+
+    GtkPageSetup* setup = gtk_page_setup_new();
+    GtkPaperSize* size = gtk_paper_size_new(GTK_PAPER_NAME_A4);
+    gtk_page_setup_set_paper_size(setup, size);
+    gtk_page_setup_set_orientation(setup, GTK_PAGE_ORIENTATION_REVERSE_LANDSCAPE);
+    gtk_print_unix_dialog_set_page_setup(driver.dialog(), setup);
+    gtk_paper_size_free(size);
+    g_object_unref(setup);
+    ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    EXPECT_EQ(State().pageFormat.orientation, PageOrientation::ReverseLandscape);
+    EXPECT_EQ(State().pageFormat.width, 842);
+    EXPECT_EQ(State().pageFormat.length, 595);
+    EXPECT_EQ(State().maker, "Tarvo"); // its description stays as long as the session
+}
+
+TEST_F(PrintDialogTest, APrinterThatThePlugInRefusesHasNoTab)
+{
+    State().refusesPrinter = true;
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return State().calls == " Prologue Initialize Terminate"; }));
+    EXPECT_EQ(driver.tab(Tab), nullptr);
+    EXPECT_TRUE(driver.press(GTK_RESPONSE_OK));
+}
+
+TEST_F(PrintDialogTest, ThePlugInCanKeepTheDialogOpen)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    State().calls.clear();
+    State().refusesToPrint = true;
+    EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
+    EXPECT_EQ(State().calls, " print?");
+    State().refusesToPrint = false;
+    EXPECT_TRUE(driver.press(GTK_RESPONSE_OK));
+    EXPECT_EQ(State().calls, " print? print? Sync(false)");
+    EXPECT_TRUE(driver.press(GTK_RESPONSE_CANCEL));
+    EXPECT_TRUE(driver.press(GTK_RESPONSE_APPLY)); // a preview is none of its business
+    EXPECT_EQ(State().calls, " print? print? Sync(false) cancel?");
+}
+
+// The ticket of a job with every kind of value, more entries than a small map, and a passcode.
+CFDictionary OddTicket(bool hasPasscode)
+{
+    CFDictionary jobType;
+    jobType.set("JobType", 6);
+    if (hasPasscode) {
+        jobType.set("SecurePrintPassword", Canary);
+    }
+    CFDictionary ticket;
+    ticket.set("com.tarvo.print.JobType", jobType);
+    ticket.set("com.tarvo.print.JobNotesMessage", "K\xC3\xA4se, \"50 %\" {\\} <&>'\t\n");
+    ticket.set("com.tarvo.print.When", CFDate{1'000'000});
+    ticket.set("com.tarvo.print.List", CFArray{true, 2.5, UnsetValue, CFData{"\xFF"}});
+    for (int number = 0; number < 40; ++number) {
+        ticket.set("com.tarvo.print.Key" + std::to_string(number), std::string(500, '~'));
+    }
+    return ticket;
+}
+
+TEST_F(PrintDialogTest, TheTicketReachesTheDriverWithoutItsPasscode)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    State().ticket = OddTicket(true);
+    State().ppdChoices.set("Duplex", "DuplexTumble");
+    const std::size_t jobs = CountJobs();
+    ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    ASSERT_TRUE(driver.print());
+    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
+    const JobOptions options = OptionsOfLastJob();
+    std::string reason;
+    EXPECT_EQ(TicketOfJobOptions(options, reason), OddTicket(false)) << reason;
+    EXPECT_EQ(*options.find("Duplex"), "DuplexTumble"); // before the dialog's own choice
+
+    const fs::path spool = ServerFolder() / "spool"; // the attributes of jobs are kept there too
+    EXPECT_TRUE(TurnUntil([&] { return !FilesWith(spool, "com.tarvo.print.Ticket").empty(); }));
+    EXPECT_EQ(FilesWith(ServerFolder(), Canary), "");
+    EXPECT_EQ(FilesWith(g_get_home_dir(), Canary), "");
+
+    ASSERT_TRUE(driver.print()); // a second job of a dialog that has been answered once
+    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs + 1; }));
+    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+}
+
+TEST_F(PrintDialogTest, AnothersPrinterGetsNoTicket)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    ASSERT_TRUE(driver.choose(AnothersPrinter));
+    const std::size_t jobs = CountJobs();
+    ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    ASSERT_TRUE(driver.print());
+    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
+    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+}
+
+TEST_F(PrintDialogTest, ATicketThatCannotTravelIsToldOfAndNotSent)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    State().ticket.set("com.tarvo.print.JobNotesMessage", std::string(80'000, 'x'));
+    bool isTold = false;
+    const guint source = g_timeout_add(
+        5,
+        [](gpointer told) -> gboolean {
+            GtkWidget* front = gtk_grab_get_current();
+            GtkWidget* alert = front == nullptr ? nullptr : gtk_widget_get_toplevel(front);
+            if (GTK_IS_MESSAGE_DIALOG(alert)) {
+                *static_cast<bool*>(told) = true;
+                gtk_dialog_response(GTK_DIALOG(alert), GTK_RESPONSE_OK);
+            }
+            return G_SOURCE_CONTINUE;
+        },
+        &isTold);
+    EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
+    EXPECT_TRUE(isTold);
+    g_source_remove(source);
+}
+
+TEST_F(PrintDialogTest, AHundredDialogsLeaveNothingBehind)
+{
+    std::size_t files = 0;
+    int dialogs = 0;
+    for (int round = 0; round < 100; ++round) {
+        DialogDriver driver;
+        ++dialogs;
+        g_object_weak_ref(
+            G_OBJECT(driver.dialog()),
+            [](gpointer count, GObject*) { --*static_cast<int*>(count); }, &dialogs);
+        ASSERT_TRUE(driver.showTab(Tab));
+        files = round == 10 ? OpenFiles() : files;
+    }
+    ASSERT_TRUE(TurnUntil([&] { return dialogs == 0; }));
+    EXPECT_LE(OpenFiles(), files);
+}
+
+// Keeps the print server from answering.
+class StoppedServer {
+public:
+    StoppedServer() { kill(process_, SIGSTOP); }
+    StoppedServer(const StoppedServer&) = delete;
+    StoppedServer& operator=(const StoppedServer&) = delete;
+    ~StoppedServer() { kill(process_, SIGCONT); }
+
+private:
+    pid_t process_ = std::atoi(std::getenv("CUPSD_PID")); // NOLINT(concurrency-mt-unsafe)
+};
+
+TEST_F(PrintDialogTest, AServerThatHangsHoldsNobodyUp)
+{
+    using Clock = std::chrono::steady_clock;
+    DialogDriver driver;
+    ASSERT_TRUE(driver.showTab(Tab));
+    ASSERT_TRUE(driver.choose(AnothersPrinter)); // so that the dialog itself knows both
+    const StoppedServer stopped;
+    auto last = Clock::now();
+    Clock::duration longest{0};
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    int turns = 0;
+    ASSERT_TRUE(TurnUntil([&] {
+        longest = std::max(longest, Clock::now() - last);
+        last = Clock::now();
+        return ++turns == 50;
+    }));
+    EXPECT_LT(longest, std::chrono::seconds(2)); // the answer is waited for three
+    EXPECT_EQ(driver.tab(Tab), nullptr);
+    driver.close(); // nothing waits for the worker, which finds the dialog gone
+}
+
+} // namespace
+} // namespace tarvo
+
+int main(int count, char** words)
+{
+    testing::InitGoogleTest(&count, words);
+    gtk_init(&count, &words);
+    return RUN_ALL_TESTS();
+}
