@@ -7,7 +7,6 @@
 
 #include <dlfcn.h>
 
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -250,11 +249,11 @@ TEST_F(PrintDialogTest, ATicketThatCannotTravelIsToldOfAndNotSent)
     g_source_remove(source);
 }
 
-TEST_F(PrintDialogTest, AHundredDialogsLeaveNothingBehind)
+TEST_F(PrintDialogTest, ManyDialogsLeaveNothingBehind)
 {
     std::size_t files = 0;
     int dialogs = 0;
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < TARVO_DIALOG_COUNT; ++round) {
         DialogDriver driver;
         ++dialogs;
         g_object_weak_ref(
@@ -279,23 +278,29 @@ private:
     pid_t process_ = std::atoi(std::getenv("CUPSD_PID")); // NOLINT(concurrency-mt-unsafe)
 };
 
+// Threads that the toolkit has not named, this one left out.
+int CountTasks()
+{
+    const std::string own = Contents("/proc/self/comm");
+    int count = -1;
+    for (const auto& entry : fs::directory_iterator("/proc/self/task")) {
+        count += Contents(entry.path() / "comm") == own ? 1 : 0;
+    }
+    return count;
+}
+
 TEST_F(PrintDialogTest, AServerThatHangsHoldsNobodyUp)
 {
-    using Clock = std::chrono::steady_clock;
+    constexpr int FewTurns = 10;
     DialogDriver driver;
     ASSERT_TRUE(driver.showTab(Tab));
     ASSERT_TRUE(driver.choose(AnothersPrinter)); // so that the dialog itself knows both
+    ASSERT_TRUE(TurnUntil([] { return CountTasks() == 0; }));
     const StoppedServer stopped;
-    auto last = Clock::now();
-    Clock::duration longest{0};
     ASSERT_TRUE(driver.choose(OurPrinter));
-    int turns = 0;
-    ASSERT_TRUE(TurnUntil([&] {
-        longest = std::max(longest, Clock::now() - last);
-        last = Clock::now();
-        return ++turns == 50;
-    }));
-    EXPECT_LT(longest, std::chrono::seconds(2)); // the answer is waited for three
+    int turns = 0; // while somebody waits for the server
+    ASSERT_TRUE(TurnUntil([&] { return CountTasks() == 0 || ++turns == FewTurns; }));
+    EXPECT_EQ(turns, FewTurns);
     EXPECT_EQ(driver.tab(Tab), nullptr);
     driver.close(); // nothing waits for the worker, which finds the dialog gone
 }
