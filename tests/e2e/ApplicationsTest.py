@@ -31,6 +31,15 @@ class Applications(DesktopTest):
     def test_gedit(self):
         self.check("gedit", ".txt", b"A page\n")
 
+    def test_a_line_in_the_toolkits_settings_turns_it_on(self):
+        line = f"[Settings]\ngtk-modules={os.environ['GTK_MODULES']}\n"
+        for variable in ("XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"):  # of a user, of a machine
+            with self.subTest(variable), tempfile.TemporaryDirectory() as folder:
+                settings = Path(folder) / "gtk-3.0/settings.ini"
+                settings.parent.mkdir()
+                settings.write_text(line)
+                self.check("gedit", ".txt", b"A page\n", GTK_MODULES="", **{variable: folder})
+
     def test_evince(self):
         self.check("evince", ".pdf", Pdf)
 
