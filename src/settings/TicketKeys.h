@@ -96,9 +96,6 @@ inline constexpr std::string_view OPIPrescanKey = "com.tarvo.print.OPIPrescan";
 inline constexpr std::string_view OutputOrderKey = "com.tarvo.print.OutputOrder";
 inline constexpr std::string_view QuillonEmulationKey = "com.tarvo.print.QuillonEmulation";
 inline constexpr std::string_view RotateImageKey = "com.tarvo.print.AdvancedRotateImage180";
-inline constexpr std::string_view BookletLayoutOrderKey =
-    "com.tarvo.print.AdvancedBookletLayoutOrderStr"; // a number for all its name
-inline constexpr std::string_view EmitTPIFKey = "com.tarvo.print.EmitTPIF";
 
 // Accounting, written by the site's accounting client.
 inline constexpr std::string_view AccountingOnKey = "com.tarvo.Act.tpif.On";
