@@ -12,9 +12,9 @@ namespace tarvo {
 namespace {
 
 // What is wrong, and what to do about it, when a ticket cannot travel with its job.
-constexpr const char* CannotSendHeader = "Job Settings Not Sent Header";
-constexpr const char* TooLargeMessage = "Job Settings Too Large Message";
-constexpr const char* NotWritableMessage = "Job Settings Not Writable Message";
+constexpr const char* CannotSendHeaderKey = "Job Settings Not Sent Header";
+constexpr const char* TooLargeMessageKey = "Job Settings Too Large Message";
+constexpr const char* NotWritableMessageKey = "Job Settings Not Writable Message";
 
 std::string NameOf(GtkPrinter* printer)
 {
@@ -134,8 +134,8 @@ bool PrintDialog::keepTicket(DialogSession& session) const
     JobOptionsFault fault = JobOptionsFault::None;
     auto options = JobOptionsOf(session.fillTicket(), fault);
     if (!options) {
-        Alert(dialog_, CannotSendHeader,
-              fault == JobOptionsFault::TooLarge ? TooLargeMessage : NotWritableMessage);
+        Alert(dialog_, CannotSendHeaderKey,
+              fault == JobOptionsFault::TooLarge ? TooLargeMessageKey : NotWritableMessageKey);
         return false;
     }
     PendingTickets::Shared().keep(printer_, std::move(*options));

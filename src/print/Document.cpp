@@ -24,7 +24,7 @@ constexpr std::size_t PdfMarkWithin = 1'024; // bytes; some programs write other
 
 bool IsPdf(const std::string& path, std::string& reason)
 {
-    auto reader = FileReader::Open(path, reason);
+    auto reader = FileReader::Open(path, InputMaximumBytes, reason);
     std::string beginning(PdfMarkWithin, '\0');
     const auto size =
         reader ? reader->read(beginning.data(), beginning.size(), reason) : std::nullopt;
