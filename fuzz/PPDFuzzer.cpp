@@ -28,7 +28,7 @@ void Expect(bool holds)
 void Report(PPDFile& ppd, std::string_view contents)
 {
     const CFBundle bundle("", {});
-    const PrinterReport report = DescribePrinter(ppd, PPDOutline(contents), bundle);
+    const PrinterReport report = DescribePrinter(ppd, PPDOutline(contents), bundle, {});
     const auto lines =
         static_cast<std::size_t>(std::count_if(contents.begin(), contents.end(), [](char letter) {
             return letter == '\n' || letter == '\r';

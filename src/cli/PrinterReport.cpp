@@ -1,7 +1,6 @@
 #include "cli/PrinterReport.h"
 
 #include "printer/JobTypeOffers.h"
-#include "tpif/DeviceProfile.h"
 
 #include <algorithm>
 #include <set>
@@ -111,7 +110,8 @@ const std::string& TextOr(const std::string& text, const std::string& keyword)
     return text.empty() ? keyword : text;
 }
 
-PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle)
+PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle,
+                              const FeatureDatabase& features)
 {
     const InstallableOptions installed(ppd, nullptr, InstalledFeatures);
     PrinterReport report = {ppd, {}, {}, {}, {}, {}, RemarksOn(ppd, outline)};
@@ -120,8 +120,6 @@ PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFB
     }
     AddInstalled(report, ppd, installed);
     AddConstraints(report, ppd);
-    // The table that the bundle's profile is made from; reading that takes longer than the PPD.
-    const FeatureDatabase features(DeviceProfile());
     for (const JobTypeOffer& offer : JobTypeOffers(features)) {
         report.jobTypes.push_back({offer.key, bundle.localizedString(offer.key)});
     }

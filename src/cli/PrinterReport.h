@@ -3,6 +3,7 @@
 #include "cli/PPDRemarks.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/printing/PPDFile.h"
+#include "printer/FeatureDatabase.h"
 #include "printer/FinishingOffers.h"
 
 #include <cstdint>
@@ -41,8 +42,10 @@ struct PrinterReport {
 const std::string& TextOr(const std::string& text, const std::string& keyword);
 
 /// @param ppd      must outlive the report
-/// @param outline  of the contents that it was read from
-PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle);
+/// @param outline   of the contents that it was read from
+/// @param features  say which job types there are
+PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle,
+                              const FeatureDatabase& features);
 
 /// For a person at a terminal.
 std::string PrinterText(const PrinterReport& report);
