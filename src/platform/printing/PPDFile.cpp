@@ -287,16 +287,10 @@ PPDGroup GroupOf(ppd_file_t* file, const ppd_group_t& from, const Reader& reader
     return group;
 }
 
-bool IsRange(float minimum, float maximum)
-{
-    constexpr float LongestPaper = 100'000; // points; over 35 m
-    return minimum >= 0 && maximum > 0 && minimum <= maximum && maximum <= LongestPaper;
-}
-
 std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
 {
-    if (file.variable_sizes == 0 || !IsRange(file.custom_min[0], file.custom_max[0]) ||
-        !IsRange(file.custom_min[1], file.custom_max[1])) {
+    if (file.variable_sizes == 0 || !IsPaperRange(file.custom_min[0], file.custom_max[0]) ||
+        !IsPaperRange(file.custom_min[1], file.custom_max[1])) {
         return std::nullopt;
     }
     return PPDSizeLimits{file.custom_min[0], file.custom_min[1], file.custom_max[0],
@@ -379,6 +373,12 @@ void Mark(std::vector<PPDGroup>& groups, const CFDictionary& choices)
 }
 
 } // namespace
+
+bool IsPaperRange(float minimum, float maximum)
+{
+    constexpr float LongestPaper = 100'000; // points; over 35 m
+    return minimum >= 0 && maximum > 0 && minimum <= maximum && maximum <= LongestPaper;
+}
 
 std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
 {

@@ -61,6 +61,9 @@ struct PPDSizeLimits {
     float maximumLength = 0;
 };
 
+/// Whether a printer can take papers of these lengths, in points.
+bool IsPaperRange(float minimum, float maximum);
+
 inline constexpr std::size_t PPDMaximumBytes = std::size_t{8} * 1024 * 1024;
 
 /// A printer's description: what its PPD file holds, as values. Texts are UTF-8.
