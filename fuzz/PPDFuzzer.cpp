@@ -36,7 +36,7 @@ void Report(PPDFile& ppd, std::string_view contents)
     for (const PPDRemark& remark : report.remarks) {
         Expect(remark.line <= lines + 1);
     }
-    Expect(IsUtf8(PrinterText(report)));
+    Expect(IsUtf8(PrinterText(report, bundle)));
     Expect(IsUtf8(PrinterJson(report)));
 }
 

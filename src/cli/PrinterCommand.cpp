@@ -71,7 +71,7 @@ ExitStatus RunPrinter(const Arguments& arguments)
         DescribePrinter(*ppd, outline, *bundle, features.value_or(FeatureDatabase()));
     const bool isSound = PrintRemarks(name, report.remarks);
     const ExitStatus status =
-        PrintResult(arguments.has(JsonOption) ? PrinterJson(report) : PrinterText(report));
+        PrintResult(arguments.has(JsonOption) ? PrinterJson(report) : PrinterText(report, *bundle));
     return status == ExitStatus::Done && !(isSound && features) ? ExitStatus::LeftOut : status;
 }
 

@@ -15,7 +15,7 @@ class Printer(ProgramTest):
         result = self.run_program("printer", str(Descriptions / "TarvoQL900.ppd"))
         self.assertEqual((result.returncode, self.messages(result)), (0, []))
         text = result.stdout.decode()
-        for line in ("  width 152.4 to 330.2 mm (6.00 to 13.00 in)", "  Punch Unit: Not Installed", "  Secure Print",
+        for line in ("  width 152.4 to 330.2 mm (6 to 13 in)", "  Punch Unit: Not Installed", "  Secure Print",
                      '  Booklet Maker "Not Installed" excludes Fold and Punch "Booklet Fold"', "  Multiple Finishing…"):
             self.assertIn(line + "\n", text)
         self.assertNotIn("STRING NOT FOUND", text)
@@ -42,13 +42,16 @@ class Printer(ProgramTest):
                 text = self.run_program(*words, env=variables).stdout.decode()
                 self.assertIn("A4-Umschlagblatt, übergroß (223 × 297 mm)", text)
                 self.assertIn("  Locheinheit: Nicht installiert\n", text)
+                self.assertRegex(text, r"\nEigene Papierformate\n  Breite 152[.,]4 bis 330[.,]2 mm \(6 bis 13 Zoll\)\n")
+                self.assertIn("  Broschüreneinheit „Nicht installiert“ schließt Ausgabefach „Broschürenfach“ aus\n", text)
         self.assertIn("  Punch Unit: ", self.run_program(*words, env={"LANGUAGE": "en:de"}).stdout.decode())
 
     def test_the_same_for_programs(self):
         result = self.run_program("printer", "--json", str(Descriptions / "TarvoQL900.ppd"))
         printer = json.loads(result.stdout)
         self.assertEqual(printer["maker"], "Tarvo")
-        self.assertEqual(printer["customSizes"]["maximumLength"], 1368)
+        self.assertEqual([sizes["maximumLength"] for sizes in (printer["customSizes"], printer["customSizes"]["millimeters"],
+                                                               printer["customSizes"]["inches"])], [1368, 482.6, 19])
         options = {option["keyword"]: option for group in printer["groups"] for option in group["options"]}
         self.assertEqual([choice["keyword"] for choice in options["Duplex"]["choices"] if choice["default"]], ["None"])
         self.assertIn({"keyword": "1 Staple...", "text": "1 Staple…", "option": 4, "choices": [5, 6, 7]}, printer["finishing"])
@@ -131,6 +134,16 @@ class Printer(ProgramTest):
         result = self.run_program("printer", "-", input=text)
         self.assertEqual(result.returncode, 0)
         self.assertIn('standard input:4: "Jog" has choices that the print features do not know: Side, endofset', result.stderr.decode())
+
+    def test_what_may_be_installed_is_told_once(self):
+        groups = b"*OpenGroup: %s\n*OpenSubGroup: Sub\n%s*CloseSubGroup: Sub\n*CloseGroup: %s\n"
+        text = self.Header + groups % (b"More", self.Picked.replace(b"X", b"Option7"), b"More")
+        text += groups % (b"InstallableOptions", self.Picked + self.Picked.replace(b"X", b"Z").replace(b": A", b": C"), b"InstallableOptions")
+        text += self.Picked.replace(b"X", b"Option8").replace(b": A", b": C") + self.Picked.replace(b"X", b"Option26")
+        printer = json.loads(self.run_program("printer", "--json", "-", input=text).stdout)
+        self.assertEqual([(option["keyword"], option["choice"]["text"]) for option in printer["installed"]],
+                         [("Option7", "A"), ("X", "A"), ("Z", "(unknown)")])
+        self.assertEqual([option["keyword"] for group in printer["groups"] for option in group["options"]], ["Option8", "Option26"])
 
     def test_of_equal_choices_the_first_is_the_default(self):
         text = b'*PPD-Adobe: "4.3"\n*NickName: "x"\n*OpenUI *X: PickOne\n*DefaultX: A\n*X A: ""\n*X A: ""\n*CloseUI: *X\n'
