@@ -382,9 +382,12 @@ bool IsPaperRange(float minimum, float maximum)
 
 std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
 {
-    std::istringstream words{std::string(value)};
-    std::vector<std::pair<std::string, std::string>> sides; // option and choice
-    for (std::string word; words >> word;) {
+    constexpr std::string_view Blanks = " \t\r\n";
+    std::vector<std::pair<std::string_view, std::string_view>> sides; // option and choice
+    for (std::size_t end = 0, start = 0;
+         (start = value.find_first_not_of(Blanks, end)) != std::string_view::npos;) {
+        end = std::min(value.find_first_of(Blanks, start), value.size());
+        const std::string_view word = value.substr(start, end - start);
         if (word.starts_with('*')) {
             sides.emplace_back(word.substr(1), "");
         } else if (!sides.empty() && sides.back().second.empty()) {
@@ -396,7 +399,8 @@ std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
     if (sides.size() != 2) {
         return std::nullopt;
     }
-    return PPDConstraint{sides[0].first, sides[0].second, sides[1].first, sides[1].second};
+    return PPDConstraint{std::string(sides[0].first), std::string(sides[0].second),
+                         std::string(sides[1].first), std::string(sides[1].second)};
 }
 
 std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
