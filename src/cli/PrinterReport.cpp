@@ -2,6 +2,7 @@
 
 #include "platform/text/TextFormat.h"
 #include "printer/JobTypeOffers.h"
+#include "printer/PPDKeywordMaps.h"
 
 #include <algorithm>
 #include <set>
@@ -10,7 +11,6 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* FoldKeyword = "TRFoldOptions";
 constexpr std::string_view InstallableGroup = "InstallableOptions";
 constexpr std::string_view PageRegionKeyword = "PageRegion"; // PageSize for manual feeding
 
@@ -107,7 +107,8 @@ void AddConstraints(PrinterReport& report, const PPDFile& ppd, const CFBundle& b
 void AddFinishing(PrinterReport& report, const PPDFile& ppd, const InstallableOptions& installed,
                   const CFBundle& bundle)
 {
-    const auto folds = PPDCopyOptionsForMainKeyword(ppd, FoldKeyword).value_or(PPDKeywordInfos());
+    const auto folds =
+        PPDCopyOptionsForMainKeyword(ppd, FoldMainKeyword).value_or(PPDKeywordInfos());
     for (FinishingOffer& offer : FinishingOffers(installed, folds)) {
         report.finishing.push_back({
             {offer.key, bundle.localizedString(offer.key)},
