@@ -81,7 +81,7 @@ private:
         }
     }
 
-    void checkDocument(CheckedFile& file, std::string_view xml)
+    void checkDocument(CheckedFile& file, const std::string& xml)
     {
         file.kind = "document";
         const TPIFImportFeatures* known = features();
