@@ -14,12 +14,16 @@ namespace {
 
 void Run(benchmark::State& state, const std::vector<std::string>& words)
 {
+    double seconds = 0;
     for (auto step : state) {
-        if (!RunProgram(words).isDone) {
+        const RunResult result = RunProgram(words);
+        if (!result.isDone) {
             state.SkipWithError("the program did not run");
             return;
         }
+        seconds += result.cpuSeconds;
     }
+    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
 }
 
 void Start(benchmark::State& state, const char* program)

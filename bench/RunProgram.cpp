@@ -1,6 +1,7 @@
 #include "RunProgram.h"
 
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 
 #include <fcntl.h>
@@ -16,6 +17,11 @@ namespace {
 int requests = -1;
 int results = -1;
 
+double Seconds(const timeval& time)
+{
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
 RunResult Run(const char* program, char* const* arguments)
 {
     const pid_t child = fork();
@@ -29,7 +35,7 @@ RunResult Run(const char* program, char* const* arguments)
     rusage usage = {};
     constexpr long Kibibyte = 1024;
     const bool isDone = child > 0 && wait4(child, &status, 0, &usage) == child && status == 0;
-    return {isDone, usage.ru_maxrss * Kibibyte};
+    return {isDone, usage.ru_maxrss * Kibibyte, Seconds(usage.ru_utime) + Seconds(usage.ru_stime)};
 }
 
 // Reads words that end with a NUL each, an empty one behind the last, and runs them; until the

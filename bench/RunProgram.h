@@ -9,6 +9,7 @@ namespace tarvo {
 struct RunResult {
     bool isDone = false;      // with status 0
     long peakMemoryBytes = 0; // that it had at most
+    double cpuSeconds = 0;    // of the processor, the system's part with it
 };
 
 /// Starts the process that starts the programs. A program's peak counts what its parent had when it

@@ -27,8 +27,10 @@ void Expect(bool holds)
 
 void Report(PPDFile& ppd, std::string_view contents)
 {
-    const CFBundle bundle("", {});
-    const PrinterReport report = DescribePrinter(ppd, PPDOutline(contents), bundle);
+    static const CFBundle bundle(TARVO_BUNDLE, {});
+    static const FeatureDatabase features(
+        bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
+    const PrinterReport report = DescribePrinter(ppd, PPDOutline(contents), bundle, features);
     const auto lines =
         static_cast<std::size_t>(std::count_if(contents.begin(), contents.end(), [](char letter) {
             return letter == '\n' || letter == '\r';
@@ -36,7 +38,7 @@ void Report(PPDFile& ppd, std::string_view contents)
     for (const PPDRemark& remark : report.remarks) {
         Expect(remark.line <= lines + 1);
     }
-    Expect(IsUtf8(PrinterText(report)));
+    Expect(IsUtf8(PrinterText(report, bundle)));
     Expect(IsUtf8(PrinterJson(report)));
 }
 

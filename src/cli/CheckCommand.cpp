@@ -1,14 +1,12 @@
 #include "cli/CheckCommand.h"
 
-#include "cli/BundleLocation.h"
 #include "cli/CheckReport.h"
 #include "cli/DocumentCheck.h"
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/TicketCheck.h"
-#include "platform/bundle/CFBundle.h"
-#include "printer/FeatureDatabase.h"
 
 #include <algorithm>
 
@@ -75,9 +73,7 @@ private:
         } else if (root.name == "plist") {
             CheckTicket(file, xml);
         } else if (root.name == "tpif") {
-            file.kind = "document";
-            file.error = CheckDocument(features(), xml, file.findings);
-            file.findings.sort();
+            checkDocument(file, xml);
         } else {
             file.error = ParseError{root.line, "neither a ticket nor a document: the root element "
                                                "is \"" +
@@ -85,16 +81,33 @@ private:
         }
     }
 
-    const TPIFImportFeatures& features()
+    void checkDocument(CheckedFile& file, const std::string& xml)
     {
-        if (!features_) {
-            const CFBundle bundle(BundleLocation(), {});
-            database_.emplace(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
-            features_.emplace(*database_);
+        file.kind = "document";
+        const TPIFImportFeatures* known = features();
+        if (known == nullptr) {
+            file.error = ParseError{0, "no device profile tells what a document may say"};
+            return;
         }
-        return *features_;
+        file.error = CheckDocument(*known, xml, file.findings);
+        file.findings.sort();
     }
 
+    // Null, with a message printed, when the program lacks the device profile.
+    const TPIFImportFeatures* features()
+    {
+        if (!features_) {
+            const auto bundle = OpenProgramBundle({});
+            database_ = bundle ? ReadFeatureDatabase(*bundle) : std::nullopt;
+            if (!database_) {
+                return nullptr;
+            }
+            features_.emplace(*database_);
+        }
+        return &*features_;
+    }
+
+    // Made for the first document.
     std::optional<FeatureDatabase> database_;
     std::optional<TPIFImportFeatures> features_;
 };

@@ -92,13 +92,13 @@ std::string ExitStatuses()
 
 std::string ExamplesOf(std::string_view verb)
 {
-    std::string examples = "\nExamples:\n";
+    std::string examples;
     for (const ExampleRow* row = ExampleMap; row->verb != nullptr; ++row) {
         if (row->verb == verb) {
             examples += std::string("  ") + row->command + "\n" + Entry("", row->meaning, 6);
         }
     }
-    return examples;
+    return examples.empty() ? "" : "\nExamples:\n" + examples;
 }
 
 } // namespace

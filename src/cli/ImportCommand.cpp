@@ -1,13 +1,12 @@
 #include "cli/ImportCommand.h"
 
-#include "cli/BundleLocation.h"
 #include "cli/ImportReport.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/TicketFile.h"
-#include "platform/bundle/CFBundle.h"
+#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
-#include "printer/FeatureDatabase.h"
 #include "settings/TicketKeys.h"
 
 #include <unistd.h>
@@ -161,11 +160,15 @@ std::optional<CFDictionary> TicketToImportInto(const ImportRequest& request)
     return ticket;
 }
 
-std::vector<ImportReport> ImportAll(const ImportRequest& request, CFDictionary& result)
+std::optional<FeatureDatabase> ProgramFeatures()
 {
-    const CFBundle bundle(BundleLocation(), {});
-    const FeatureDatabase database(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()));
-    const TPIFImportFeatures features(database);
+    const auto bundle = OpenProgramBundle({});
+    return bundle ? ReadFeatureDatabase(*bundle) : std::nullopt;
+}
+
+std::vector<ImportReport> ImportAll(const TPIFImportFeatures& features,
+                                    const ImportRequest& request, CFDictionary& result)
+{
     std::vector<ImportReport> reports;
     ProgressLine progress(request.documents.size());
     for (const std::string& document : request.documents) {
@@ -200,8 +203,12 @@ ExitStatus RunImport(const Arguments& arguments)
     if (!ticket) {
         return ExitStatus::Failed;
     }
+    const auto database = ProgramFeatures();
+    if (!database) {
+        return ExitStatus::Failed;
+    }
     CFDictionary result;
-    const auto reports = ImportAll(request, result);
+    const auto reports = ImportAll(TPIFImportFeatures(*database), request, result);
     const auto unreadable = NameUnreadable(reports);
     const bool isNone = unreadable.size() == reports.size();
     if (!isNone && request.output &&

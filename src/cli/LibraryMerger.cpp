@@ -7,56 +7,78 @@
 #include "records/StockDialogRules.h"
 
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace tarvo {
 namespace {
 
-// Puts papers into a library that may have some of them.
+// Puts papers into a library that may have some of them: one of the same uuid or name.
 class LibraryMerger {
 public:
     LibraryMerger(StockLibraryList& list, bool mayReplace) : list_(list), mayReplace_(mayReplace)
     {
         for (const auto& each : list.stockList()) {
             if (const auto entry = list.entry(each.key)) {
-                names_.emplace(CaseFolded(entry->stock().customName()), each.key);
+                addNames(*entry, each.key);
             }
         }
     }
 
     void merge(IncomingPaper& paper);
-    /// Replaces the stocks that are to be; last, since it disturbs the search for equal ones.
-    void finish();
     const MergeCounts& counts() const { return counts_; }
     const std::vector<std::string>& faults() const { return faults_; }
 
 private:
+    void addNames(const StockLibrary& entry, const std::string& uuid);
+    std::string named(const std::string& name) const;
+    bool isThere(const std::string& uuid, const Stock& stock) const;
     void add(StockLibrary& entry);
+    void replace(const IncomingPaper& paper, const std::string& uuid);
 
     StockLibraryList& list_;
     bool mayReplace_;
-    std::unordered_map<std::string, std::string> names_; // custom name, folded, to uuid
+    std::unordered_map<std::string, std::string> names_; // folded, to uuid
+    std::unordered_set<std::string> changed_;            // uuids
     MergeCounts counts_;
-    std::vector<std::pair<std::string, Stock>> replaced_;
     std::vector<std::string> faults_;
 };
+
+// Both of its names, as far as no paper before has them.
+void LibraryMerger::addNames(const StockLibrary& entry, const std::string& uuid)
+{
+    for (const std::string* name : {&entry.name(), &entry.stock().customName()}) {
+        if (!name->empty()) {
+            names_.emplace(CaseFolded(*name), uuid);
+        }
+    }
+}
+
+// The uuid of the paper with a name; "" when there is none.
+std::string LibraryMerger::named(const std::string& name) const
+{
+    const auto found = names_.find(CaseFolded(name));
+    return name.empty() || found == names_.end() ? "" : found->second;
+}
+
+bool LibraryMerger::isThere(const std::string& uuid, const Stock& stock) const
+{
+    const auto entry = list_.entry(uuid);
+    return entry && entry->stock() == stock;
+}
 
 void LibraryMerger::merge(IncomingPaper& paper)
 {
     const Stock& stock = paper.entry.stock();
-    if (list_.findMatch(stock) != nullptr) {
+    const std::string& name = PaperName(paper.entry);
+    const std::string uuid = named(name);
+    const bool isNamelessThere = name.empty() && list_.findMatch(stock) != nullptr;
+    if (isNamelessThere || isThere(uuid, stock) || isThere(paper.entry.uuid(), stock)) {
         ++counts_.present;
-        return;
-    }
-    const auto named = names_.find(CaseFolded(stock.customName()));
-    if (stock.customName().empty() || named == names_.end()) {
+    } else if (uuid.empty()) {
         add(paper.entry);
-    } else if (mayReplace_) {
-        replaced_.emplace_back(named->second, stock);
-        ++counts_.replaced;
     } else {
-        faults_.push_back(paper.source + ": the library has another paper \"" + stock.customName() +
-                          '"');
+        replace(paper, uuid);
     }
 }
 
@@ -68,16 +90,23 @@ void LibraryMerger::add(StockLibrary& entry)
     } else {
         list_.update(entry.uuid(), entry);
     }
-    names_.emplace(CaseFolded(entry.stock().customName()), entry.uuid());
+    addNames(entry, entry.uuid());
+    changed_.insert(entry.uuid());
     ++counts_.added;
 }
 
-void LibraryMerger::finish()
+void LibraryMerger::replace(const IncomingPaper& paper, const std::string& uuid)
 {
-    for (const auto& [uuid, stock] : replaced_) {
-        StockLibrary entry = *list_.entry(uuid);
-        entry.setStock(stock);
-        list_.update(uuid, entry);
+    const std::string called =
+        paper.source + ": the library has another paper \"" + PaperName(paper.entry) + '"';
+    if (changed_.contains(uuid)) {
+        faults_.push_back(called + " by now");
+    } else if (!mayReplace_) {
+        faults_.push_back(called);
+    } else {
+        ReplaceStock(list_, uuid, paper.entry.stock());
+        changed_.insert(uuid);
+        ++counts_.replaced;
     }
 }
 
@@ -106,7 +135,6 @@ ExitStatus MergeIntoUserLibrary(std::vector<IncomingPaper>& papers, bool mayRepl
         for (IncomingPaper& paper : papers) {
             merger.merge(paper);
         }
-        merger.finish();
         counts = merger.counts();
         faults = merger.faults();
         return counts.added + counts.replaced > 0;

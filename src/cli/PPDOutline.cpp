@@ -1,10 +1,10 @@
 #include "cli/PPDOutline.h"
 
-#include "platform/printing/PPDFile.h"
 #include "platform/printing/PPDStatements.h"
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <tuple>
 #include <utility>
 
@@ -12,6 +12,11 @@ namespace tarvo {
 namespace {
 
 constexpr std::string_view DefaultPrefix = "Default";
+constexpr std::string_view PlainConstraintKeyword = "UIConstraints";
+constexpr std::string_view NonUIConstraintKeyword = "NonUIConstraints";
+constexpr std::string_view CustomSizesKeyword = "CustomPageSize";
+constexpr std::string_view CustomSizesLimitsKeyword = "ParamCustomPageSize";
+
 using Lines = OrderedMap<std::size_t>;
 
 enum BlockLevel : std::size_t { GroupLevel, SubGroupLevel, OptionLevel, LevelCount };
@@ -52,6 +57,57 @@ std::string_view NameOf(const PPDStatement& open)
     return name.substr(0, name.find('/'));
 }
 
+std::string ClosingOf(std::string_view opening)
+{
+    std::string close(opening);
+    return close.replace(close.find("Open"), 4, "Close");
+}
+
+// "the *OpenUI of "Jog""
+std::string BlockText(std::string_view keyword, std::string_view name)
+{
+    return "the *" + std::string(keyword) + " of " + QuotedName(name);
+}
+
+std::string_view WithoutQuotes(std::string_view value)
+{
+    value.remove_prefix(value.starts_with('"') ? 1 : 0);
+    value.remove_suffix(value.ends_with('"') ? 1 : 0);
+    return value;
+}
+
+// Takes the next of some numbers that blanks part; nullopt when there is none.
+std::optional<float> TakeNumber(std::string_view& text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    float number = 0;
+    const auto [end, status] = std::from_chars(text.data(), text.data() + text.size(), number);
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return status == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+// The value of a parameter of custom sizes, such as "1 points 432 936".
+bool IsLimitsValue(std::string_view value)
+{
+    const std::size_t type = value.find_first_of("abcdefghijklmnopqrstuvwxyz");
+    value.remove_prefix(std::min(value.find_first_of(" \t", type), value.size()));
+    const auto minimum = TakeNumber(value);
+    const auto maximum = TakeNumber(value);
+    return minimum && maximum && IsPaperRange(*minimum, *maximum);
+}
+
+std::size_t LastLineOf(std::string_view contents)
+{
+    std::size_t line = 1;
+    for (std::size_t at = 0; at < contents.size(); ++at) {
+        const bool isPairsFirst = contents.substr(at, 2) == "\r\n";
+        if ((contents[at] == '\n' || contents[at] == '\r') && !isPairsFirst) {
+            ++line;
+        }
+    }
+    return line;
+}
+
 // The statements of a file one after the other, with what is open around them.
 class OutlineWalk {
 public:
@@ -59,8 +115,14 @@ public:
     // What opens at that level, or is in such a thing, must be closed by now.
     void requireClosed(BlockLevel outermost);
 
-    Lines options; // where each is opened first
-    Lines defaults;
+    // Once all statements have been visited.
+    void finish(std::string_view contents);
+
+    Lines options;  // where each is opened first
+    Lines defaults; // the last of each
+    std::size_t badLimits = 0;
+    std::size_t customSizes = 0;
+    std::vector<PPDOutline::Constraint> constraints;
     std::vector<PPDRemark> faults;
 
 private:
@@ -78,45 +140,79 @@ private:
     {
         faults.push_back({line, true, std::move(text)});
     }
-    void visitBlock(const BlockRow& row, const PPDStatement& statement);
+    void visitOpening(const BlockRow& row, const PPDStatement& statement);
+    void visitClosing(const BlockRow& row, const PPDStatement& statement);
+    void visitDefault(const PPDStatement& statement);
     void visitConstraint(const PPDStatement& statement);
+    void visitCustomSizes(const PPDStatement& statement);
     void endChoices();
 
+    bool isQuoteOpen_ = false;
     std::array<Block, LevelCount> open_;
     std::vector<Choice> choices_; // of the open option
+    OrderedMap<std::string_view> defaultChoices_;
+    Lines contraryDefaults_; // the last of several for an option that differ
 };
 
 void OutlineWalk::visit(const PPDStatement& statement)
 {
     if (statement.isQuoteOpen) {
+        isQuoteOpen_ = true;
         add(statement.line, "the quote of " + QuotedName(statement.keyword) + " is never closed");
     }
     if (const BlockRow* row = BlockOf(statement.keyword)) {
-        visitBlock(*row, statement);
+        row->opens ? visitOpening(*row, statement) : visitClosing(*row, statement);
     } else if (statement.keyword == open_[OptionLevel].name && !statement.option.empty()) {
         choices_.push_back({statement.option, statement.line});
     } else if (statement.keyword.starts_with(DefaultPrefix)) {
-        defaults.insert(statement.keyword.substr(DefaultPrefix.size()), statement.line);
-    } else if (statement.keyword == PPDConstraintKeyword) {
+        visitDefault(statement);
+    } else if (statement.keyword.ends_with(PlainConstraintKeyword) ||
+               statement.keyword == PPDConstraintKeyword) {
         visitConstraint(statement);
+    } else if (statement.keyword.ends_with(CustomSizesKeyword)) {
+        visitCustomSizes(statement);
     }
 }
 
 // Whatever is open within a block must be closed before it begins or ends.
-void OutlineWalk::visitBlock(const BlockRow& row, const PPDStatement& statement)
+void OutlineWalk::visitOpening(const BlockRow& row, const PPDStatement& statement)
 {
-    Block& block = open_[row.level];
-    if (!row.opens) {
-        block.keyword = {};
-    }
     requireClosed(row.level);
-    if (!row.opens) {
+    Block& block = open_[row.level];
+    block = {row.keyword, NameOf(statement), statement.line};
+    if (row.level != OptionLevel) {
         return;
     }
-    block = {row.keyword, NameOf(statement), statement.line};
-    if (row.level == OptionLevel && !options.insert(block.name, statement.line)) {
+    if (!options.insert(block.name, statement.line)) {
         add(statement.line, QuotedName(block.name) + " is there again");
     }
+    if (statement.value.empty()) {
+        add(statement.line, BlockText(row.keyword, block.name) + " says no type");
+    }
+}
+
+void OutlineWalk::visitClosing(const BlockRow& row, const PPDStatement& statement)
+{
+    Block& block = open_[row.level];
+    const std::string closing = BlockText(row.keyword, NameOf(statement));
+    if (block.keyword.empty()) {
+        add(statement.line, closing + " closes nothing");
+    } else if (ClosingOf(block.keyword) != row.keyword || block.name != NameOf(statement)) {
+        add(statement.line, closing + " does not match " + BlockText(block.keyword, block.name));
+    }
+    block.keyword = {};
+    requireClosed(row.level);
+}
+
+void OutlineWalk::visitDefault(const PPDStatement& statement)
+{
+    const std::string_view option = statement.keyword.substr(DefaultPrefix.size());
+    const std::string_view* former = defaultChoices_.find(option);
+    if (former != nullptr && *former != statement.value) {
+        contraryDefaults_.set(option, statement.line);
+    }
+    defaultChoices_.set(option, statement.value);
+    defaults.set(option, statement.line);
 }
 
 void OutlineWalk::requireClosed(BlockLevel outermost)
@@ -125,22 +221,45 @@ void OutlineWalk::requireClosed(BlockLevel outermost)
     for (std::size_t level = outermost; level < LevelCount; ++level) {
         const Block block = std::exchange(open_[level], {});
         if (!block.keyword.empty()) {
-            std::string close(block.keyword);
-            close.replace(close.find("Open"), 4, "Close");
-            std::string text = "the *";
-            text.append(block.keyword).append(" of ").append(QuotedName(block.name));
-            add(block.line, text.append(" has no *").append(close));
+            add(block.line,
+                BlockText(block.keyword, block.name) + " has no *" + ClosingOf(block.keyword));
         }
     }
 }
 
 void OutlineWalk::visitConstraint(const PPDStatement& statement)
 {
-    std::string_view value = statement.value;
-    value.remove_prefix(value.starts_with('"') ? 1 : 0);
-    value.remove_suffix(value.ends_with('"') ? 1 : 0);
-    if (!PPDConstraintOf(value)) {
-        add(statement.line, "a constraint that does not name two options is left out");
+    if (auto sides = PPDConstraintOf(WithoutQuotes(statement.value))) {
+        const bool isNonUI = statement.keyword == NonUIConstraintKeyword;
+        constraints.push_back({statement.line, std::move(*sides), isNonUI});
+    } else {
+        const bool isLeftOut = statement.keyword == PPDConstraintKeyword;
+        add(statement.line, isLeftOut ? "a constraint that does not name two options is left out"
+                                      : "a constraint does not name two options");
+    }
+}
+
+void OutlineWalk::visitCustomSizes(const PPDStatement& statement)
+{
+    const bool isLength = statement.option == "Width" || statement.option == "Height";
+    if (statement.keyword == CustomSizesKeyword) {
+        customSizes = customSizes == 0 ? statement.line : customSizes;
+    } else if (statement.keyword == CustomSizesLimitsKeyword && isLength && badLimits == 0 &&
+               !IsLimitsValue(statement.value)) {
+        badLimits = statement.line;
+    }
+}
+
+void OutlineWalk::finish(std::string_view contents)
+{
+    requireClosed(GroupLevel);
+    for (const auto& [option, line] : contraryDefaults_) {
+        if (options.contains(option)) {
+            add(line, QuotedName(option) + " has another default already; this one counts");
+        }
+    }
+    if (!contents.empty() && contents.back() != '\n' && contents.back() != '\r' && !isQuoteOpen_) {
+        add(LastLineOf(contents), "the file ends within this line");
     }
 }
 
@@ -175,9 +294,11 @@ PPDOutline::PPDOutline(std::string_view contents)
     while (const auto statement = statements.next()) {
         walk.visit(*statement);
     }
-    walk.requireClosed(GroupLevel);
+    walk.finish(contents);
     options_ = std::move(walk.options);
     defaults_ = std::move(walk.defaults);
+    customSizes_ = walk.badLimits == 0 ? walk.customSizes : walk.badLimits;
+    constraints_ = std::move(walk.constraints);
     faults_ = std::move(walk.faults);
 }
 

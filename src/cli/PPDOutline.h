@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/cf/OrderedMap.h"
+#include "platform/printing/PPDFile.h"
 
 #include <cstddef>
 #include <string>
@@ -24,15 +25,26 @@ std::string QuotedName(std::string_view name);
 /// keeps no lines, and passes over most of these faults in silence.
 class PPDOutline {
 public:
+    struct Constraint {
+        std::size_t line;
+        PPDConstraint sides;
+        bool isNonUI; // may name what is no option
+    };
+
     explicit PPDOutline(std::string_view contents);
 
     /// The line where a main keyword is opened first; 0 for nowhere.
     std::size_t lineOf(std::string_view mainKeyword) const { return LineIn(options_, mainKeyword); }
-    /// The line where its default stands; 0 for nowhere.
+    /// The line where its default stands, of several the last, which counts; 0 for nowhere.
     std::size_t lineOfDefault(std::string_view mainKeyword) const
     {
         return LineIn(defaults_, mainKeyword);
     }
+    /// The line where custom paper sizes are given limits that make no range, else where they are
+    /// offered; 0 for nowhere.
+    std::size_t lineOfCustomSizes() const { return customSizes_; }
+    /// Those that name two options.
+    const std::vector<Constraint>& constraints() const { return constraints_; }
     /// In no certain order.
     const std::vector<PPDRemark>& faults() const { return faults_; }
 
@@ -46,6 +58,8 @@ private:
 
     Lines options_;
     Lines defaults_;
+    std::size_t customSizes_ = 0;
+    std::vector<Constraint> constraints_;
     std::vector<PPDRemark> faults_;
 };
 

@@ -1,10 +1,10 @@
 #include "cli/PrinterCommand.h"
 
-#include "cli/BundleLocation.h"
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/PrinterReport.h"
+#include "cli/ProgramBundle.h"
 
 #include <algorithm>
 #include <future>
@@ -20,6 +20,22 @@ bool PrintRemarks(const std::string& file, const std::vector<PPDRemark>& remarks
     }
     return std::none_of(remarks.begin(), remarks.end(),
                         [](const PPDRemark& remark) { return remark.isFault; });
+}
+
+// What the report needs besides the description. A message has told why something is missing.
+struct Besides {
+    PPDOutline outline;
+    std::optional<CFBundle> bundle;
+    std::optional<FeatureDatabase> features;
+};
+
+Besides ReadBesides(std::string_view contents, const std::vector<std::string>& languages)
+{
+    Besides besides = {PPDOutline(contents), OpenProgramBundle(languages), std::nullopt};
+    if (besides.bundle) {
+        besides.features = ReadFeatureDatabase(*besides.bundle);
+    }
+    return besides;
 }
 
 } // namespace
@@ -40,18 +56,23 @@ ExitStatus RunPrinter(const Arguments& arguments)
         return ExitStatus::Failed;
     }
     // Beside the reading, which takes longest, much of it for loading the library.
-    auto outline = std::async(std::launch::async, [&contents] { return PPDOutline(*contents); });
+    auto besides = std::async(
+        std::launch::async, [&contents, &languages] { return ReadBesides(*contents, languages); });
     auto ppd = PPDFile::Read(*contents, languages, error);
     if (!ppd) {
         PrintFileMessage(name, error.line, error.reason);
         return ExitStatus::Failed;
     }
-    const CFBundle bundle(BundleLocation(), languages);
-    const PrinterReport report = DescribePrinter(*ppd, outline.get(), bundle);
+    const auto [outline, bundle, features] = besides.get();
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
+    const PrinterReport report =
+        DescribePrinter(*ppd, outline, *bundle, features.value_or(FeatureDatabase()));
     const bool isSound = PrintRemarks(name, report.remarks);
     const ExitStatus status =
-        PrintResult(arguments.has(JsonOption) ? PrinterJson(report) : PrinterText(report));
-    return status == ExitStatus::Done && !isSound ? ExitStatus::LeftOut : status;
+        PrintResult(arguments.has(JsonOption) ? PrinterJson(report) : PrinterText(report, *bundle));
+    return status == ExitStatus::Done && !(isSound && features) ? ExitStatus::LeftOut : status;
 }
 
 } // namespace tarvo

@@ -3,25 +3,27 @@
 #include "cli/PPDRemarks.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/printing/PPDFile.h"
+#include "printer/FeatureDatabase.h"
 #include "printer/FinishingOffers.h"
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tarvo {
 
-inline constexpr std::string_view PageRegionKeyword = "PageRegion"; // PageSize for manual feeding
-
 /// What a printer offers, in words; borrows from its description.
 struct PrinterReport {
+    struct Group {
+        const PPDGroup& group;
+        std::vector<const PPDOption*> options; // at least one
+    };
     struct Named {
         std::string keyword; // of the PPD; of the ticket's table for job types and finishing
         std::string text;
     };
     struct Installed : Named {
-        Named choice; // in force; "" and "(unknown)" when none is
+        Named choice; // in force; "" and the text for "unknown" when none is
     };
     struct Finishing : Named {
         std::int32_t option;
@@ -29,7 +31,7 @@ struct PrinterReport {
     };
 
     const PPDFile& ppd;
-    std::vector<const PPDGroup*> groups; // flat, that of the installable options left out
+    std::vector<Group> groups; // flat, the installable options left out
     std::vector<Installed> installed;
     std::vector<std::string> constraints; // each pair once
     std::vector<Named> jobTypes;
@@ -41,11 +43,13 @@ struct PrinterReport {
 const std::string& TextOr(const std::string& text, const std::string& keyword);
 
 /// @param ppd      must outlive the report
-/// @param outline  of the contents that it was read from
-PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle);
+/// @param outline   of the contents that it was read from
+/// @param features  say which job types there are
+PrinterReport DescribePrinter(PPDFile& ppd, const PPDOutline& outline, const CFBundle& bundle,
+                              const FeatureDatabase& features);
 
-/// For a person at a terminal.
-std::string PrinterText(const PrinterReport& report);
+/// For a person at a terminal, in the bundle's language.
+std::string PrinterText(const PrinterReport& report, const CFBundle& bundle);
 
 /// For a program: an object with the members of PrinterReport, the remarks as faults and notes.
 std::string PrinterJson(const PrinterReport& report);

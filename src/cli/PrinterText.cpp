@@ -1,11 +1,12 @@
 #include "cli/Messages.h"
 #include "cli/PrinterReport.h"
+#include "platform/text/TextFormat.h"
+#include "settings/NumberText.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
+#include <cmath>
 
 namespace tarvo {
 namespace {
@@ -13,27 +14,37 @@ namespace {
 constexpr float PointsPerInch = 72;
 constexpr float MillimetersPerInch = 25.4F;
 
-std::string Fixed(float number, int decimals)
+std::int32_t TenthsOfMillimeter(float points)
 {
-    std::array<char, 64> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
-                                   std::chars_format::fixed, decimals)
-                         .ptr;
-    return {text.data(), end};
+    return static_cast<std::int32_t>(std::lround(points * MillimetersPerInch * 10 / PointsPerInch));
 }
 
-// "width 152.4 to 330.2 mm (6.00 to 13.00 in)"
-std::string LimitText(const std::string& name, float minimum, float maximum)
+std::int32_t HundredthsOfInch(float points)
 {
-    constexpr float Inch = 1 / PointsPerInch;
-    constexpr float Millimeter = MillimetersPerInch / PointsPerInch;
-    return name + ' ' + Fixed(minimum * Millimeter, 1) + " to " + Fixed(maximum * Millimeter, 1) +
-           " mm (" + Fixed(minimum * Inch, 2) + " to " + Fixed(maximum * Inch, 2) + " in)";
+    return static_cast<std::int32_t>(std::lround(points * 100 / PointsPerInch));
 }
 
-void AddHeading(std::string& text, const char* heading)
+std::string MillimeterText(float points)
 {
-    (((text += '\n') += heading) += '\n');
+    return CreateLocalizedCFStringFromNumberWithDecimals(TenthsOfMillimeter(points), 1);
+}
+
+std::string InchText(float points)
+{
+    return CreateLocalizedCFStringFromNumberWithDecimals(HundredthsOfInch(points), 2);
+}
+
+// "width 152.4 to 330.2 mm (6 to 13 in)"
+std::string LimitText(const CFBundle& bundle, const char* key, float minimum, float maximum)
+{
+    return FilledFormat(
+        bundle.localizedString(key),
+        {MillimeterText(minimum), MillimeterText(maximum), InchText(minimum), InchText(maximum)});
+}
+
+void AddHeading(std::string& text, const CFBundle& bundle, const char* key)
+{
+    ((text += '\n') += bundle.localizedString(key)) += '\n';
 }
 
 void AddShown(std::string& text, const std::string& shown)
@@ -60,29 +71,28 @@ void AddOption(std::string& text, const PPDOption& option)
     text += option.choices.empty() ? ":\n" : "\n";
 }
 
-void AddOptions(std::string& text, const PrinterReport& report)
+void AddOptions(std::string& text, const PrinterReport& report, const CFBundle& bundle)
 {
-    AddHeading(text, "Options (* by default)");
-    for (const PPDGroup* group : report.groups) {
+    AddHeading(text, bundle, "PrinterOptions");
+    for (const auto& [group, options] : report.groups) {
         text += "  ";
-        AddShown(text, TextOr(group->text, group->name));
+        AddShown(text, TextOr(group.text, group.name));
         text += '\n';
-        for (const PPDOption& option : group->options) {
-            if (option.keyword != PageRegionKeyword) {
-                AddOption(text, option);
-            }
+        for (const PPDOption* option : options) {
+            AddOption(text, *option);
         }
     }
 }
 
-void AddLines(std::string& text, const char* heading, const std::vector<std::string>& lines)
+void AddLines(std::string& text, const CFBundle& bundle, const char* key,
+              const std::vector<std::string>& lines)
 {
-    AddHeading(text, heading);
+    AddHeading(text, bundle, key);
     for (const std::string& line : lines) {
         text += "  " + WithoutControls(line) + '\n';
     }
     if (lines.empty()) {
-        text += "  none\n";
+        text += "  " + bundle.localizedString("PrinterNone") + '\n';
     }
 }
 
@@ -122,15 +132,13 @@ nlohmann::ordered_json JsonOf(const PPDOption& option)
     return row;
 }
 
-nlohmann::ordered_json JsonOf(const PPDGroup& group)
+nlohmann::ordered_json JsonOf(const PrinterReport::Group& group)
 {
     auto options = nlohmann::ordered_json::array();
-    for (const PPDOption& option : group.options) {
-        if (option.keyword != PageRegionKeyword) {
-            options.push_back(JsonOf(option));
-        }
+    for (const PPDOption* option : group.options) {
+        options.push_back(JsonOf(*option));
     }
-    auto row = JsonOf(group.name, group.text);
+    auto row = JsonOf(group.group.name, group.group.text);
     row["options"] = std::move(options);
     return row;
 }
@@ -153,42 +161,56 @@ nlohmann::ordered_json JsonOf(const std::vector<PPDRemark>& remarks, bool faults
     return rows;
 }
 
+// @param unit  takes points
+template <typename Unit>
+nlohmann::ordered_json JsonOf(const PPDSizeLimits& limits, Unit unit)
+{
+    return {
+        {"minimumWidth",  unit(limits.minimumWidth) },
+        {"minimumLength", unit(limits.minimumLength)},
+        {"maximumWidth",  unit(limits.maximumWidth) },
+        {"maximumLength", unit(limits.maximumLength)}
+    };
+}
+
 nlohmann::ordered_json JsonOf(const std::optional<PPDSizeLimits>& limits)
 {
     if (!limits) {
         return nullptr;
     }
-    return {
-        {"minimumWidth",  limits->minimumWidth },
-        {"minimumLength", limits->minimumLength},
-        {"maximumWidth",  limits->maximumWidth },
-        {"maximumLength", limits->maximumLength},
-        {"unit",          "point"              }
-    };
+    auto json = JsonOf(*limits, [](float points) { return points; });
+    json["unit"] = "point";
+    json["millimeters"] =
+        JsonOf(*limits, [](float points) { return TenthsOfMillimeter(points) / 10.0; });
+    json["inches"] = JsonOf(*limits, [](float points) { return HundredthsOfInch(points) / 100.0; });
+    return json;
 }
 
 } // namespace
 
-std::string PrinterText(const PrinterReport& report)
+std::string PrinterText(const PrinterReport& report, const CFBundle& bundle)
 {
-    std::string text = WithoutControls(TextOr(report.ppd.nickName(), "(no name)") + ", made by " +
-                                       TextOr(report.ppd.manufacturer(), "(unknown)")) +
-                       '\n';
-    AddOptions(text, report);
+    const PPDFile& ppd = report.ppd;
+    std::string text = WithoutControls(
+        FilledFormat(bundle.localizedString("PrinterMadeBy"),
+                     {TextOr(ppd.nickName(), bundle.localizedString("PrinterUnnamed")),
+                      TextOr(ppd.manufacturer(), bundle.localizedString("PrinterUnknown"))}));
+    text += '\n';
+    AddOptions(text, report, bundle);
     std::vector<std::string> installed;
     for (const auto& option : report.installed) {
-        installed.push_back(option.text + ": " + option.choice.text);
+        installed.push_back(option.text + bundle.localizedString(":") + option.choice.text);
     }
-    AddLines(text, "Installed", installed);
+    AddLines(text, bundle, "PrinterInstalled", installed);
     std::vector<std::string> sizes;
-    if (const auto& limits = report.ppd.customSizes()) {
-        sizes = {LimitText("width", limits->minimumWidth, limits->maximumWidth),
-                 LimitText("length", limits->minimumLength, limits->maximumLength)};
+    if (const auto& limits = ppd.customSizes()) {
+        sizes = {LimitText(bundle, "PrinterWidth", limits->minimumWidth, limits->maximumWidth),
+                 LimitText(bundle, "PrinterLength", limits->minimumLength, limits->maximumLength)};
     }
-    AddLines(text, "Custom paper sizes", sizes);
-    AddLines(text, "Constraints", report.constraints);
-    AddLines(text, "Job types", TextsOf(report.jobTypes));
-    AddLines(text, "Finishing", TextsOf(report.finishing));
+    AddLines(text, bundle, "PrinterCustomSizes", sizes);
+    AddLines(text, bundle, "PrinterConstraints", report.constraints);
+    AddLines(text, bundle, "PrinterJobTypes", TextsOf(report.jobTypes));
+    AddLines(text, bundle, "PrinterFinishing", TextsOf(report.finishing));
     return text;
 }
 
@@ -199,8 +221,8 @@ std::string PrinterJson(const PrinterReport& report)
         {"maker", report.ppd.manufacturer()}
     };
     json["groups"] = nlohmann::ordered_json::array();
-    for (const PPDGroup* group : report.groups) {
-        json["groups"].push_back(JsonOf(*group));
+    for (const auto& group : report.groups) {
+        json["groups"].push_back(JsonOf(group));
     }
     json["installed"] = nlohmann::ordered_json::array();
     for (const auto& option : report.installed) {

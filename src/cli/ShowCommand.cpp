@@ -1,11 +1,10 @@
 #include "cli/ShowCommand.h"
 
-#include "cli/BundleLocation.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/TicketFile.h"
 #include "cli/TicketReport.h"
-#include "platform/bundle/CFBundle.h"
 #include "records/PageRanges.h"
 
 #include <charconv>
@@ -50,9 +49,13 @@ ExitStatus RunShow(const Arguments& arguments)
         PrintFileMessage(InputName(files.front()), error.line, error.reason);
         return ExitStatus::Failed;
     }
-    const CFBundle bundle(BundleLocation(), UserLanguages());
-    const TicketReport report = DescribeTicket(*ticket, bundle, pages);
-    return PrintResult(arguments.has(JsonOption) ? TicketJson(report) : TicketText(report, bundle));
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
+    const TicketReport report = DescribeTicket(*ticket, *bundle, pages);
+    return PrintResult(arguments.has(JsonOption) ? TicketJson(report)
+                                                 : TicketText(report, *bundle));
 }
 
 } // namespace tarvo

@@ -1,7 +1,9 @@
 #include "cli/StockAttributes.h"
 
+#include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "platform/text/CaseFolding.h"
+#include "platform/text/Utf8.h"
 #include "printer/PPDKeywordMaps.h"
 #include "records/StockDialogRules.h"
 #include "settings/StockMaps.h"
@@ -113,8 +115,12 @@ bool ReadWeight(const std::string& text, Stock& stock, std::string& reason)
     return true;
 }
 
-bool ReadComment(const std::string& text, Stock& stock, std::string& /*reason*/)
+bool ReadComment(const std::string& text, Stock& stock, std::string& reason)
 {
+    if (!IsUtf8(text) || WithoutControls(text) != text) {
+        reason = " is not plain text";
+        return false;
+    }
     stock.setComment(text);
     return true;
 }

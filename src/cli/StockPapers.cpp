@@ -3,6 +3,7 @@
 #include "cli/Messages.h"
 #include "platform/text/CaseFolding.h"
 
+#include <algorithm>
 #include <cerrno>
 
 namespace tarvo {
@@ -40,6 +41,26 @@ ChangeUserLibrary(const std::function<bool(StockLibraryList& list, CFArray& orde
     }
     PrintMessage(failure.message() + "; it is kept as " + failure.path + ".unreadable");
     return ExitStatus::LeftOut;
+}
+
+bool HasPaper(const StockLibraryList& list, std::string_view name)
+{
+    const auto& entries = list.stockList();
+    return std::any_of(entries.begin(), entries.end(), [&](const auto& each) {
+        const auto entry = list.entry(each.key);
+        return entry && HasName(*entry, name);
+    });
+}
+
+void ReplaceStock(StockLibraryList& list, const std::string& uuid, const Stock& stock)
+{
+    StockLibrary entry = *list.entry(uuid);
+    entry.setStock(stock);
+    if (entry.isInvalid()) {
+        entry.setStatus(StockEntryStatus::NotInUse);
+    }
+    entry.validateStockEntry();
+    list.update(uuid, entry);
 }
 
 std::string FindPaper(const StockLibraryList& list, std::string_view word, std::string& reason)

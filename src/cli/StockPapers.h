@@ -28,6 +28,12 @@ ChangeUserLibrary(const std::function<bool(StockLibraryList& list, CFArray& orde
 /// @return "" with `reason` filled when there is none, or more than one of the name
 std::string FindPaper(const StockLibraryList& list, std::string_view word, std::string& reason);
 
+/// Whether some entry, or its stock, has the name in any case.
+bool HasPaper(const StockLibraryList& list, std::string_view name);
+
+/// Gives an entry another stock. An entry that the menus did not offer is looked at anew.
+void ReplaceStock(StockLibraryList& list, const std::string& uuid, const Stock& stock);
+
 /// The name that people know an entry by: its own, else its stock's.
 const std::string& PaperName(const StockLibrary& entry);
 

@@ -9,6 +9,7 @@
 #include "settings/TicketKeys.h"
 #include "stocklibrary/StockLibraryOrderList.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace tarvo {
@@ -46,22 +47,27 @@ std::optional<Stock> StockOfTicket(const std::string& file)
 
 ExitStatus AddPaper(StockLibrary& entry, bool mayReplace)
 {
-    bool isThere = false;
+    std::string fault;
     const auto add = [&](StockLibraryList& list, CFArray&) {
-        isThere = list.isDuplicate(entry.stock().customName());
-        if (isThere && mayReplace) {
-            list.replace(entry);
-        } else if (!isThere) {
+        std::string reason; // none of the name, or several
+        const std::string uuid = FindPaper(list, entry.name(), reason);
+        if (!HasPaper(list, entry.name())) {
             list.add(entry);
+        } else if (!mayReplace) {
+            fault = "the library has a paper \"" + entry.name() + "\" already; " + ReplaceOption +
+                    " replaces it";
+        } else if (uuid.empty()) {
+            fault = reason;
+        } else {
+            ReplaceStock(list, uuid, entry.stock());
         }
-        return mayReplace || !isThere;
+        return fault.empty();
     };
     const ExitStatus status = ChangeUserLibrary(add);
-    if (status == ExitStatus::Failed || !isThere || mayReplace) {
+    if (fault.empty() || status == ExitStatus::Failed) {
         return status;
     }
-    PrintMessage("the library has a paper \"" + entry.name() + "\" already; " + ReplaceOption +
-                 " replaces it");
+    PrintMessage(fault);
     return ExitStatus::Failed;
 }
 
@@ -74,16 +80,20 @@ ExitStatus ChangePapers(const std::vector<std::string>& words, const Work& work)
     }
     std::vector<std::string> faults;
     const auto change = [&](StockLibraryList& list, CFArray& order) {
+        std::vector<std::string> uuids; // all found before the first goes
         for (const std::string& word : words) {
             std::string reason;
             const std::string uuid = FindPaper(list, word, reason);
-            if (reason.empty()) {
-                work(list, order, uuid);
-            } else {
+            if (!reason.empty()) {
                 faults.push_back(reason);
+            } else if (std::find(uuids.begin(), uuids.end(), uuid) == uuids.end()) {
+                uuids.push_back(uuid);
             }
         }
-        return faults.size() < words.size();
+        for (const std::string& uuid : uuids) {
+            work(list, order, uuid);
+        }
+        return !uuids.empty();
     };
     const ExitStatus status = ChangeUserLibrary(change);
     for (const std::string& fault : faults) {

@@ -1,12 +1,11 @@
-#include "cli/BundleLocation.h"
 #include "cli/LibraryMerger.h"
 #include "cli/MediumReport.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/StockJson.h"
 #include "cli/StockPapers.h"
 #include "cli/StocksCommand.h"
-#include "platform/bundle/CFBundle.h"
 #include "platform/printing/IppMessage.h"
 #include "platform/text/CaseFolding.h"
 #include "stocklibrary/PrinterMedia.h"
@@ -211,14 +210,17 @@ std::string FaultOfReply(const std::string& reply)
 ExitStatus Show(const NamedPrinter& printer, const std::string& reply, const Arguments& arguments)
 {
     MediaChoice choice(std::span(arguments.values(FetchArguments)).subspan(1));
-    const CFBundle bundle(BundleLocation(), UserLanguages());
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
     MediaPrinter output(arguments.has(JsonOption));
     std::vector<Stock> stocks;
     std::size_t count = 0;
     const auto take = [&](const ReportedMedium& medium) {
         ++count;
         if (choice.takes(medium.medium.key.value_or(""))) {
-            output.print(DescribeMedium(bundle, medium));
+            output.print(DescribeMedium(*bundle, medium));
             stocks.push_back(StockOfMedium(medium.medium));
         }
     };

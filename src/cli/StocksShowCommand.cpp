@@ -1,11 +1,10 @@
-#include "cli/BundleLocation.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/StockPapers.h"
 #include "cli/StockReport.h"
 #include "cli/StocksCommand.h"
 #include "cli/TicketFile.h"
-#include "platform/bundle/CFBundle.h"
 #include "platform/printing/PMTicket.h"
 #include "records/TicketSpecialPages.h"
 #include "settings/TicketKeys.h"
@@ -94,11 +93,14 @@ ExitStatus RunStocksList(const Arguments& arguments)
     if (!list) {
         return ExitStatus::Failed;
     }
-    const CFBundle bundle(BundleLocation(), UserLanguages());
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
     std::vector<PaperReport> papers;
     for (const auto& each : list->stockList()) {
         if (const auto entry = list->entry(each.key)) {
-            papers.push_back(DescribePaper(bundle, each.key, *entry));
+            papers.push_back(DescribePaper(*bundle, each.key, *entry));
         }
     }
     return PrintResult(arguments.has(JsonOption) ? PapersJson(papers) : PapersText(papers));
@@ -121,8 +123,11 @@ ExitStatus RunStocksMatch(const Arguments& arguments)
     if (!list) {
         return ExitStatus::Failed;
     }
-    const CFBundle bundle(BundleLocation(), UserLanguages());
-    const auto matches = MatchStocks(bundle, *list, StocksOfJob(*ticket));
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
+    const auto matches = MatchStocks(*bundle, *list, StocksOfJob(*ticket));
     const ExitStatus printed =
         PrintResult(arguments.has(JsonOption) ? MatchesJson(matches) : MatchesText(matches));
     return Worse(printed, PrintUnmatched(InputName(files.front()), matches));

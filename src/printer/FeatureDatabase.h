@@ -30,6 +30,9 @@ inline constexpr std::string_view NumberMaximumKey = "Maximum";
 inline constexpr std::string_view NameLengthKey = "Length";             // characters
 inline constexpr std::string_view NameCharacterSetKey = "CharacterSet"; // string of all allowed
 
+// Features that the code asks for by name. TPIFFeatures.cpp has the table of all.
+inline constexpr const char* JobTypeFeature = "JobType";
+
 // Properties of features. True is the boolean, not a number.
 inline constexpr std::string_view TPIFProperty = "TPIF"; // true: takes part in TPIF documents
 inline constexpr std::string_view KeywordsUseNameSyntaxProperty = "KeywordsUseNameSyntax"; // true

@@ -7,7 +7,9 @@ namespace tarvo {
 namespace {
 
 // What one choice of a family needs: an installed feature, or an option of the PPD's
-// "TRFoldOptions"; neither is always there. Choice 0 is the family itself.
+// FoldMainKeyword that TRFoldOptionsMap has; neither is always there. Choice 0 is the family
+// itself. Families and choices are numbered as in the tables of FinishingMaps.h; only the printer's
+// default is stored as 0 here.
 struct OfferRow {
     std::int32_t option;
     const char* key;

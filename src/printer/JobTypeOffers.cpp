@@ -7,8 +7,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view JobTypeFeature = "JobType";
-
 bool IsOffered(const CFDictionary* keywords, const char* keyword)
 {
     const auto* entry = keywords == nullptr ? nullptr : keywords->get<CFDictionary>(keyword);

@@ -210,15 +210,19 @@ inline constexpr PPDKeywordMap JCLTrueGrayGraphicsMap[] = {
 
 inline constexpr const auto& JCLTrueGrayImagesMap = JCLTrueGrayGraphicsMap;
 
+// Main keywords that are asked for by name.
+inline constexpr const char* DuplexMainKeyword = "Duplex";
+inline constexpr const char* FoldMainKeyword = "TRFoldOptions";
+
 inline constexpr MainKeyword MainKeywordMap[] = {
     {"MediaColor",          MediaColorMap         },
     {"MediaType",           MediaTypeMap          },
     {"PageSize",            PageSizeMap           },
-    {"Duplex",              PPDDuplexMap          },
+    {DuplexMainKeyword,     PPDDuplexMap          },
     {"JCLBanner",           BannerPageMap         },
     {"Jog",                 RequestOffsetMap      },
     {"OutputBin",           OutputBinMap          },
-    {"TRFoldOptions",       TRFoldOptionsMap      },
+    {FoldMainKeyword,       TRFoldOptionsMap      },
     {"JCLPrintQuality",     JCLPrintQualityMap    },
     {"JCLRGBColorSpace",    TRRGBColorSpaceMap    },
     {"JCLCMYKColorSpace",   TRCMYKColorSpaceMap   },

@@ -22,6 +22,9 @@ PrinterDescription::PrinterDescription(std::optional<PPDFile> ppd, const PMTicke
       features_(bundle.propertyList(DeviceProfileName).value_or(CFDictionary()))
 {
     if (ppd_) {
+        if (ticket != nullptr) {
+            ppd_->mark(ticket->ppdDictionary());
+        }
         installable_.emplace(*ppd_, ticket, table);
         ui_.emplace(*ppd_);
     }

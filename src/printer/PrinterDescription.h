@@ -19,10 +19,10 @@ namespace tarvo {
 /// change, so threads may ask at once; what they are given is borrowed from it.
 class PrinterDescription {
 public:
-    /// @param ppd     of the printer; nullopt when it cannot be read: then there are features of
-    /// the
-    ///                bundle, but no installable options and no main keywords
-    /// @param ticket  says what is installed, see InstallableOptions; may be null
+    /// @param ppd     of the printer; nullopt when it cannot be read: then there are the bundle's
+    ///                features, but no installable options and no main keywords
+    /// @param ticket  its PPD dictionary says which choices are in force instead of the defaults,
+    ///                and what is installed; may be null
     /// @param table   of features that may be installed; must outlive this
     /// @param bundle  has the device profile
     PrinterDescription(std::optional<PPDFile> ppd, const PMTicket* ticket,

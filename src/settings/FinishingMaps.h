@@ -6,7 +6,8 @@
 namespace tarvo {
 
 // Finishing families, then their positions. A number means the same in all these tables, but for
-// the hole counts and the booklet's folding, which have numbers of their own.
+// the hole counts and the booklet's folding, which have numbers of their own. OfferMap of
+// FinishingOffers.cpp tells which of them a printer offers.
 
 // The families that each output device offers; every next one has those before it. The default row
 // is stored as 0, for only with 0 does a booklet's own folding count.

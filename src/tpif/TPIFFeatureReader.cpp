@@ -27,7 +27,7 @@ constexpr NumberRow Numbers[] = {
     {"StockColor",        TPIFMediaColorMap,        0, false},
     {"StockType",         TPIFMediaTypeMap,         0, true }, // bond, tab stock and others
     {"StockCoatingType",  TPIFMediaCoatingTypeMap,  0, false},
-    {"JobType",           TPIFJobTypeMap,           0, false},
+    {JobTypeFeature,      TPIFJobTypeMap,           0, false},
     {"JobHold",           TPIFJobTypeMap,           0, false},
     {"SaveFormat",        TPIFSaveFormatMap,        0, false},
     {"SlipSheets",        TPIFSlipSheetMap,         0, false},

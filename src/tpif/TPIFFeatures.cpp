@@ -1,5 +1,6 @@
 #include "tpif/TPIFFeatures.h"
 
+#include "printer/FeatureDatabase.h"
 #include "tpif/TPIFWords.h"
 
 #include <limits>
@@ -180,7 +181,7 @@ constexpr TPIFFeature Features[] = {
             SidesCoated),
     Feature("StockCoatingType", TPIFPaths(), Keywords(StockCoatingWords, "Gloss"), ByName),
 
-    Feature("JobType", ".job-save-disposition.save-disposition", JobTypes),
+    Feature(JobTypeFeature, ".job-save-disposition.save-disposition", JobTypes),
     // An export writes the hold alone, outside of the disposition.
     Feature("JobHold", TPIFPaths(".job-save-disposition.job-hold-until", ".job-hold-until"),
             Keywords(HoldWords)),

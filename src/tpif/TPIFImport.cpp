@@ -9,16 +9,10 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* DuplexMainKeyword = "Duplex"; // of the PPD
-
 // The PPD's word for a two-sided mode; null when it has none.
 const char* DuplexKeywordOf(std::int32_t duplex)
 {
-    const PPDKeywordMap* row = PPDDuplexMap;
-    while (row->keyword != nullptr && row->value != duplex) {
-        ++row;
-    }
-    return row->keyword;
+    return GetPPDOptionKeywordForTicketValue(PPDDuplexMap, duplex);
 }
 
 } // namespace

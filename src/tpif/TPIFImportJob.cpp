@@ -1,5 +1,6 @@
 #include "tpif/TPIFImportJob.h"
 
+#include "printer/FeatureDatabase.h"
 #include "records/BackgroundFormsKeys.h"
 #include "records/ImageShiftKeys.h"
 #include "records/JobTypeKeys.h"
@@ -34,7 +35,7 @@ bool SaysDisposition(const TPIFImportFeatures& features, const TPIFImportGroup& 
 bool StoreJobType(const TPIFImportFeatures& features, const TPIFImportGroup& group,
                   TPIFImportTarget& jobType)
 {
-    const TPIFFeatureReader& saved = features.named("JobType");
+    const TPIFFeatureReader& saved = features.named(JobTypeFeature);
     const TPIFFeatureReader& hold = features.named("JobHold");
     if (TPIFImportFeatureOneToOne(saved, group, jobType, JobTypeNumberKey)) {
         return true;

@@ -35,12 +35,12 @@ class ProgramTest(unittest.TestCase):
         path.write_bytes(contents)
         return path
 
-    def run_program(self, *words, **settings):
+    def run_program(self, *words, program=Program, **settings):
         """What the program did, run in the test's folder."""
         source = None if "input" in settings else subprocess.DEVNULL
         environment = {**os.environ, "LANGUAGE": "en"}
         settings = {"stdin": source, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "env": environment, **settings}
-        return subprocess.run([Program, *words], cwd=self.folder, timeout=120, **settings)
+        return subprocess.run([program, *words], cwd=self.folder, timeout=120, **settings)
 
     def export(self, *words, **settings):
         return self.run_program("export", *words, **settings)

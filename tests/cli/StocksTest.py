@@ -111,6 +111,19 @@ class Stocks(StocksTest):
         self.assertEqual(self.messages(self.stocks("export", "nobody", "-o", "none.plist", status=1)), ['the library has no paper "nobody"'])
         self.assertFalse((self.folder / "none.plist").exists())
 
+    def test_papers_are_the_same_by_name_and_stock(self):
+        self.put_library(self.folder / "lib.plist", {"U": Paper("Two", Size=4), "V": Paper("Three", Size=4), "W": Paper("two", Size=5)})
+        result = self.stocks("import", "--replace", "lib.plist", status=3)
+        self.assertEqual(result.stdout, b"2 added, 0 replaced, 0 there already\n")
+        self.assertEqual(self.messages(result), ['lib.plist: the library has another paper "two" by now'])
+        for entry in ({}, {Prefix + "NameKey": "Inner"}):
+            self.put_library(self.library, {"1": {**Paper("Two", Size=63), **entry}})
+            self.assertEqual([paper["status"] for paper in self.papers()], ["invalid"])
+            self.stocks("add", "two", "--size", "A3", status=1)
+            self.stocks("add", "two", "--size", "A4", "--replace")
+            self.assertEqual([paper["status"] for paper in self.papers()], ["not-in-use"])
+            self.stocks("remove", "TWO", "two")
+
     def test_what_is_no_paper_is_left_out_and_named(self):
         odd = {"A": "text", "B": {"Stock": {}}, "C": Paper("x" * 256), "D": Paper("good", Size=18), "\x9b2J": 1}
         self.put_library(self.folder / "odd.plist", odd)
@@ -175,6 +188,7 @@ class Stocks(StocksTest):
         self.assertEqual(len(self.papers()), 40)
 
     def test_wrong_use(self):
+        self.assertIn("is not plain text", self.messages(self.stocks("add", "P", "--comment", "a\x01b", status=2))[0])
         for words in (("add",), ("add", "a", "b"), ("add", ""), ("add", "x" * 256), ("add", "a\x07"), ("add", b"\xff"),
                       ("add", "a", "--size", "A5"), ("add", "a", "--size", "0x297"), ("add", "a", "--size", "210x1e3"),
                       ("add", "a", "--color", "Custom1"), ("add", "a", "--type", "8"), ("add", "a", "--weight", "59"),

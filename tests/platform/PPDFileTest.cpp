@@ -61,6 +61,8 @@ TEST(PPDFile, MarksDefaultsExactlyAndLeavesTheLibrarysCustomOut)
     EXPECT_EQ(types[2].text, "AB café"); // Mac Roman where it is no UTF-8
     EXPECT_EQ(ppd.option("PageSize")->choices.size(), 1U);
     EXPECT_EQ(ppd.option("PageRegion")->choices.size(), 1U);
+    EXPECT_TRUE(ppd.option("PageSize")->takesCustom);
+    EXPECT_FALSE(ppd.option("MediaType")->takesCustom);
     ASSERT_TRUE(ppd.customSizes());
     EXPECT_EQ(ppd.customSizes()->minimumWidth, 432);
     EXPECT_EQ(ppd.customSizes()->minimumLength, 500);
@@ -129,6 +131,7 @@ std::string TextsOf(const PPDFile& ppd)
 
 struct LanguageCase {
     const char* name;
+    const char* own; // of the file; null when it says nothing
     std::vector<std::string> languages;
     const char* texts;
 };
@@ -136,7 +139,6 @@ struct LanguageCase {
 TEST(PPDFile, HasTheTextsOfTheUsersLanguage)
 {
     const std::string contents = PPDHeader +
-                                 "*LanguageVersion: English\n"
                                  "*cupsLanguages: \"de de_AT fr\"\n"
                                  "*OpenGroup: Sheets/Paper\n" +
                                  PickOne("Bin", "A", {"A/Top", "B/Side"}) +
@@ -151,17 +153,24 @@ TEST(PPDFile, HasTheTextsOfTheUsersLanguage)
                                  "*fr.Bin B/C\x99t\x8E: \"\"\n"
                                  "*nl.Bin B/Zijde: \"\"\n";
     const LanguageCase cases[] = {
-        {"none",                      {},                    "Paper/Bin: Top Side"         },
-        {"the file's own",            {"en_US", "en", "de"}, "Paper/Bin: Top Side"         },
-        {"not offered",               {"nl", "C"},           "Paper/Bin: Top Side"         },
-        {"another",                   {"de"},                "Papier/Fach: Oben Séte\n"   },
-        {"a country's, then general", {"de_AT", "de", "C"},  "Papier/Fach: Heroben Séte\n"},
-        {"Mac Roman, half of it",     {"fr", "en", "de"},    "Paper/Bin: Top Côté"       },
+        {"none",                      "English", {},                    "Paper/Bin: Top Side"      },
+        {"the file's own",            "English", {"en_US", "en", "de"}, "Paper/Bin: Top Side"      },
+        {"own without saying",        nullptr,   {"en", "de"},          "Paper/Bin: Top Side"      },
+        {"another is its own",        "German",  {"nl", "de", "fr"},    "Paper/Bin: Top Side"      },
+        {"English is not its own",    "French",  {"en", "de", "fr"},    "Papier/Fach: Oben Séte\n"},
+        {"not offered",               "English", {"nl", "C"},           "Paper/Bin: Top Side"      },
+        {"another",                   "English", {"de"},                "Papier/Fach: Oben Séte\n"},
+        {"a country's, then general",
+         "English",                              {"de_AT", "de", "C"},
+         "Papier/Fach: Heroben Séte\n"                                                            },
+        {"Mac Roman, half of it",     "English", {"fr", "en", "de"},    "Paper/Bin: Top Côté"    },
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         ParseError error;
-        const auto ppd = PPDFile::Read(contents, row.languages, error);
+        const std::string own =
+            row.own == nullptr ? "" : "*LanguageVersion: " + std::string(row.own) + "\n";
+        const auto ppd = PPDFile::Read(contents + own, row.languages, error);
         ASSERT_TRUE(ppd) << error.reason;
         EXPECT_EQ(TextsOf(*ppd), row.texts);
     }

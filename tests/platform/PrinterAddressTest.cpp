@@ -33,6 +33,7 @@ constexpr AuthorityCase Authorities[] = {
     {"%2Fvar%2Frun%2Fcups.sock",    "",            0    }, // a socket of this machine
     {"press%0D%0AHost: x",          "",            0    },
     {"press%00",                    "",            0    },
+    {"press:8631?waitjob=no",       "press",       8631 },
     {"",                            "",            0    },
 };
 // clang-format on

@@ -62,6 +62,30 @@ TEST(PrinterDescription, AnswersTheProcessWhileItLives)
     EXPECT_EQ(GetPPDOptionAliasForTicketValue("MediaColor", 2), "");
 }
 
+// Choices are in force by the ticket, then by the defaults; "endofset" is no choice.
+TEST(PrinterDescription, MarksWhatTheTicketSays)
+{
+    PMTicket ticket;
+    CFDictionary& choices = ticket.ppdDictionary();
+    choices.set("MediaColor", "Red");
+    choices.set("Jog", "endofset");
+    choices.set("Option1", "DFA");
+    choices.set("Duplex", 2);
+    choices.set("Absent", "Yes");
+    const std::string options = PickOne("MediaColor", "Blue", {"Blue", "Red"}) +
+                                PickOne("Jog", "None", {"EndOfSet", "None"}) +
+                                PickOne("Option1", "None", {"None", "DFA"}) +
+                                PickOne("Duplex", "None", {"None", "2"});
+    const PrinterDescription printer(PrinterOf(options), &ticket, InstalledFeatures,
+                                     CFBundle("", {}));
+    std::string marked;
+    for (const char* keyword : {"MediaColor", "Jog", "Option1", "Duplex"}) {
+        marked += *printer.ppd()->markedChoice(keyword) + " ";
+    }
+    EXPECT_EQ(marked, "Red None DFA None ");
+    EXPECT_TRUE(getInstalledFeature("Custom"));
+}
+
 TEST(PrinterDescription, WithoutFilesHasNothing)
 {
     const ProfileBundle broken("<plist><dict><key>Features</key>");

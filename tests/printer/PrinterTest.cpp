@@ -1,9 +1,14 @@
 #include "../platform/PPDTexts.h"
 #include "printer/FinishingOffers.h"
 #include "printer/JobTypeOffers.h"
+#include "printer/PPDKeywordMaps.h"
 #include "printer/PrinterDescription.h"
+#include "settings/FinishingMaps.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace tarvo {
 namespace {
@@ -95,6 +100,37 @@ TEST(FinishingOffers, FollowFromFeaturesAndFoldOptions)
             PickOne("Option1", "DFA", {"DFA"}) + PickOne("Option2", "True", {"True"}) +
             PickOne("TRFoldOptions", "None", {"None", "HolePunch", "2HolePunch", "ZTriFoldOpt"}))),
         full);
+}
+
+// The menu of families and the tables of their positions have the same numbers.
+TEST(FinishingOffers, AreNumberedAsElsewhere)
+{
+    PPDFile ppd =
+        PrinterOf(PickOne("Option1", "DFA", {"DFA"}) + PickOne("Option2", "True", {"True"}));
+    PPDKeywordInfos folds;
+    for (const auto* row = TRFoldOptionsMap; row->keyword != nullptr; ++row) {
+        folds.push_back({FoldMainKeyword, row->keyword, ""});
+    }
+    const SettingMap* const positions[] = {OneStapleMap, TwoStaplesMap,         BindMap,
+                                           FoldMap,      BookletFoldMap,        HolePunchOptionsMap,
+                                           ZFoldMap,     ComplexBookletFoldMap, ComplexFoldMap};
+    for (const auto& offer : FinishingOffers({ppd, nullptr, InstalledFeatures}, folds)) {
+        SCOPED_TRACE(offer.key);
+        for (const SettingMap* map : {OutputStapleHCSSMap, PlainFinishingMap}) {
+            for (const auto* row = map; row->key != nullptr; ++row) {
+                const bool isSame = std::string_view(row->key) == offer.key;
+                EXPECT_TRUE(!isSame || row->value == UnsetValue || row->value == offer.option);
+            }
+        }
+        for (const std::int32_t choice : offer.choices) {
+            EXPECT_TRUE(offer.key == std::string_view("Multiple Finishing...") ||
+                        std::any_of(std::begin(positions), std::end(positions),
+                                    [choice](const SettingMap* map) {
+                                        return LocalizedKeyForTicketValue(map, choice) != nullptr;
+                                    }))
+                << choice;
+        }
+    }
 }
 
 TEST(JobTypeOffers, AreThePrintersAndTheProfilesByNumber)

@@ -14,14 +14,14 @@ namespace {
 
 constexpr const char* LastLanguage = "en"; // its table has every key
 
-std::optional<CFDictionary> ReadResource(const std::string& path)
+std::optional<CFDictionary> ReadResource(const std::string& path, ParseError& error)
 {
-    std::string reason; // unread: who sees a menu can do nothing about a broken resource
+    std::string reason;
     const auto xml = ReadFileContents(path, PropertyListLimits.bytes, reason);
     if (!xml) {
+        error = ParseError{0, "cannot read: " + reason};
         return std::nullopt;
     }
-    ParseError error; // unread as well
     return ReadPropertyListDictionary(*xml, error);
 }
 
@@ -48,7 +48,8 @@ CFBundle::CFBundle(const std::string& directory, const std::vector<std::string>&
 {
     std::erase_if(languages_, [](const std::string& language) { return !IsFolderName(language); });
     for (const std::string& language : languages_) {
-        if (auto table = ReadResource(resources_ + language + ".lproj/Localizable.plist")) {
+        ParseError unread; // who sees a menu can do nothing about a broken resource
+        if (auto table = ReadResource(resources_ + language + ".lproj/Localizable.plist", unread)) {
             tables_.push_back(std::move(*table));
         }
     }
@@ -70,12 +71,25 @@ const std::string& CFBundle::localizedString(const char* key) const
 
 std::optional<CFDictionary> CFBundle::propertyList(const std::string& name) const
 {
-    return ReadResource(resources_ + name + ".plist");
+    ParseError unread;
+    return propertyList(name, unread);
+}
+
+std::optional<CFDictionary> CFBundle::propertyList(const std::string& name, ParseError& error) const
+{
+    error = ParseError();
+    return ReadResource(propertyListPath(name), error);
+}
+
+std::string CFBundle::propertyListPath(const std::string& name) const
+{
+    return resources_ + name + ".plist";
 }
 
 CFDictionary CFBundle::infoDictionary() const
 {
-    return ReadResource(contents_ + "Info.plist").value_or(CFDictionary());
+    ParseError unread;
+    return ReadResource(contents_ + "Info.plist", unread).value_or(CFDictionary());
 }
 
 std::optional<std::string> CFBundle::resourcePath(const std::string& name) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/cf/CFPropertyList.h"
+#include "platform/xml/XmlLimits.h"
 
 #include <optional>
 #include <string>
@@ -21,9 +22,19 @@ public:
     /// "STRING NOT FOUND" when none has, and for a null key
     const std::string& localizedString(const char* key) const;
 
+    /// Whether there is any text; otherwise the folder is no bundle.
+    bool hasTexts() const { return !tables_.empty(); }
+
     /// Reads the resource <name>.plist, which does not depend on the language.
     /// @return nullopt when it is absent, cannot be read or is no dictionary
     std::optional<CFDictionary> propertyList(const std::string& name) const;
+
+    /// The same for who can tell somebody.
+    /// @return nullopt with `error` filled: why, and the line where it is about one
+    std::optional<CFDictionary> propertyList(const std::string& name, ParseError& error) const;
+
+    /// The file of that resource, be it there or not.
+    std::string propertyListPath(const std::string& name) const;
 
     /// What the bundle says of itself: Info.plist, read at each call.
     /// @return an empty dictionary when it is absent or cannot be read

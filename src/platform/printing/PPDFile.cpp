@@ -1,6 +1,7 @@
 #include "platform/printing/PPDFile.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "platform/cf/CFPropertyList.h"
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileContents.h"
 #include "platform/printing/CupsLibrary.h"
@@ -152,6 +153,48 @@ OpenFile OpenWithReader(const Descriptor& file, const Reader& reader, ParseError
     return opened;
 }
 
+struct LanguageRow {
+    std::string_view version; // as PPD files call their own language; "" ends the table
+    std::string_view code;
+};
+
+constexpr LanguageRow LanguageMap[] = {
+    {"Chinese",    "zh"},
+    {"Czech",      "cs"},
+    {"Danish",     "da"},
+    {"Dutch",      "nl"},
+    {"English",    "en"},
+    {"Finnish",    "fi"},
+    {"French",     "fr"},
+    {"German",     "de"},
+    {"Greek",      "el"},
+    {"Hungarian",  "hu"},
+    {"Italian",    "it"},
+    {"Japanese",   "ja"},
+    {"Korean",     "ko"},
+    {"Norwegian",  "nb"},
+    {"Norwegian",  "no"},
+    {"Polish",     "pl"},
+    {"Portuguese", "pt"},
+    {"Russian",    "ru"},
+    {"Spanish",    "es"},
+    {"Swedish",    "sv"},
+    {"Turkish",    "tr"},
+    {"",           ""  },
+};
+
+// @param version  null for English
+bool IsOwnLanguage(const char* version, std::string_view code)
+{
+    const std::string_view own = version == nullptr ? "English" : version;
+    for (const auto* row = LanguageMap; !row->version.empty(); ++row) {
+        if (row->version == own && row->code == code) {
+            return true;
+        }
+    }
+    return false;
+}
+
 // Those of the user's languages that the file has translations for, up to its own.
 std::vector<std::string> TranslatedLanguages(ppd_file_t* file, const Reader& reader,
                                              const std::vector<std::string>& wanted)
@@ -162,11 +205,9 @@ std::vector<std::string> TranslatedLanguages(ppd_file_t* file, const Reader& rea
     }
     std::istringstream list(languages->value);
     const std::vector<std::string> offered(std::istream_iterator<std::string>(list), {});
-    const bool isEnglish =
-        file->lang_version == nullptr || std::string_view(file->lang_version) == "English";
     std::vector<std::string> translated;
     for (const std::string& language : wanted) {
-        if (isEnglish && language == "en") {
+        if (IsOwnLanguage(file->lang_version, language)) {
             break;
         }
         if (std::find(offered.begin(), offered.end(), language) != offered.end()) {
@@ -217,13 +258,13 @@ PPDOption OptionOf(ppd_file_t* file, const ppd_option_t& from, const Reader& rea
     option.defaultChoice = Text(from.defchoice);
     // The library adds the choice to the region of manual feeding too, under the page size's name.
     const bool isRegion = option.keyword == "PageRegion";
-    const bool isCustom =
+    option.takesCustom =
         reader.findCustomOption(file, isRegion ? "PageSize" : from.keyword) != nullptr;
     option.choices.reserve(static_cast<std::size_t>(from.num_choices));
     bool marked = false;
     for (int index = 0; index < from.num_choices; ++index) {
         PPDChoice choice = {Text(from.choices[index].choice), Text(from.choices[index].text)};
-        if (isCustom && choice.keyword == "Custom") {
+        if (option.takesCustom && choice.keyword == "Custom") {
             continue;
         }
         choice.isMarked = !marked && choice.keyword == option.defaultChoice;
@@ -246,16 +287,10 @@ PPDGroup GroupOf(ppd_file_t* file, const ppd_group_t& from, const Reader& reader
     return group;
 }
 
-bool IsRange(float minimum, float maximum)
-{
-    constexpr float LongestPaper = 100'000; // points; over 35 m
-    return minimum >= 0 && maximum > 0 && minimum <= maximum && maximum <= LongestPaper;
-}
-
 std::optional<PPDSizeLimits> CustomSizesOf(const ppd_file_t& file)
 {
-    if (file.variable_sizes == 0 || !IsRange(file.custom_min[0], file.custom_max[0]) ||
-        !IsRange(file.custom_min[1], file.custom_max[1])) {
+    if (file.variable_sizes == 0 || !IsPaperRange(file.custom_min[0], file.custom_max[0]) ||
+        !IsPaperRange(file.custom_min[1], file.custom_max[1])) {
         return std::nullopt;
     }
     return PPDSizeLimits{file.custom_min[0], file.custom_min[1], file.custom_max[0],
@@ -309,13 +344,50 @@ auto* FindOption(Groups& groups, std::string_view keyword)
     return found;
 }
 
+// @return false, with nothing changed, when there is no such choice
+bool Mark(PPDOption& option, std::string_view choiceKeyword)
+{
+    const auto chosen = std::find_if(
+        option.choices.begin(), option.choices.end(),
+        [choiceKeyword](const PPDChoice& choice) { return choice.keyword == choiceKeyword; });
+    if (chosen == option.choices.end()) {
+        return false;
+    }
+    for (PPDChoice& choice : option.choices) {
+        choice.isMarked = false;
+    }
+    chosen->isMarked = true;
+    return true;
+}
+
+void Mark(std::vector<PPDGroup>& groups, const CFDictionary& choices)
+{
+    for (PPDGroup& group : groups) {
+        for (PPDOption& option : group.options) {
+            if (const auto* choice = choices.get<std::string>(option.keyword)) {
+                Mark(option, *choice);
+            }
+        }
+        Mark(group.subgroups, choices);
+    }
+}
+
 } // namespace
+
+bool IsPaperRange(float minimum, float maximum)
+{
+    constexpr float LongestPaper = 100'000; // points; over 35 m
+    return minimum >= 0 && maximum > 0 && minimum <= maximum && maximum <= LongestPaper;
+}
 
 std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
 {
-    std::istringstream words{std::string(value)};
-    std::vector<std::pair<std::string, std::string>> sides; // option and choice
-    for (std::string word; words >> word;) {
+    constexpr std::string_view Blanks = " \t\r\n";
+    std::vector<std::pair<std::string_view, std::string_view>> sides; // option and choice
+    for (std::size_t end = 0, start = 0;
+         (start = value.find_first_not_of(Blanks, end)) != std::string_view::npos;) {
+        end = std::min(value.find_first_of(Blanks, start), value.size());
+        const std::string_view word = value.substr(start, end - start);
         if (word.starts_with('*')) {
             sides.emplace_back(word.substr(1), "");
         } else if (!sides.empty() && sides.back().second.empty()) {
@@ -327,7 +399,8 @@ std::optional<PPDConstraint> PPDConstraintOf(std::string_view value)
     if (sides.size() != 2) {
         return std::nullopt;
     }
-    return PPDConstraint{sides[0].first, sides[0].second, sides[1].first, sides[1].second};
+    return PPDConstraint{std::string(sides[0].first), std::string(sides[0].second),
+                         std::string(sides[1].first), std::string(sides[1].second)};
 }
 
 std::optional<PPDFile> PPDFile::Open(const std::string& path, ParseError& error)
@@ -390,20 +463,12 @@ const PPDOption* PPDFile::option(std::string_view keyword) const
 bool PPDFile::mark(std::string_view optionKeyword, std::string_view choiceKeyword)
 {
     PPDOption* option = FindOption(groups_, optionKeyword);
-    if (option == nullptr) {
-        return false;
-    }
-    const auto chosen = std::find_if(
-        option->choices.begin(), option->choices.end(),
-        [choiceKeyword](const PPDChoice& choice) { return choice.keyword == choiceKeyword; });
-    if (chosen == option->choices.end()) {
-        return false;
-    }
-    for (PPDChoice& choice : option->choices) {
-        choice.isMarked = false;
-    }
-    chosen->isMarked = true;
-    return true;
+    return option != nullptr && Mark(*option, choiceKeyword);
+}
+
+void PPDFile::mark(const CFDictionary& choices)
+{
+    Mark(groups_, choices);
 }
 
 const std::string* PPDFile::markedChoice(std::string_view optionKeyword) const

@@ -9,6 +9,7 @@
 
 namespace tarvo {
 
+class CFDictionary;
 class Descriptor;
 
 /// How a main keyword is chosen.
@@ -26,6 +27,7 @@ struct PPDOption {
     std::string text;
     PPDUIType type = PPDUIType::PickOne;
     std::string defaultChoice; // as the file says it: maybe none of the choices, maybe ""
+    bool takesCustom = false;  // or a value of the user's own, "Custom.100x200"
     std::vector<PPDChoice> choices;
 };
 
@@ -58,6 +60,9 @@ struct PPDSizeLimits {
     float maximumWidth = 0;
     float maximumLength = 0;
 };
+
+/// Whether a printer can take papers of these lengths, in points.
+bool IsPaperRange(float minimum, float maximum);
 
 inline constexpr std::size_t PPDMaximumBytes = std::size_t{8} * 1024 * 1024;
 
@@ -94,6 +99,10 @@ public:
     /// Marks the first choice of exactly that keyword in place of the marked one.
     /// @return false, with nothing changed, when there is no such option or choice
     bool mark(std::string_view optionKeyword, std::string_view choiceKeyword);
+
+    /// Marks of each option the choice that the dictionary has for it, as a ticket's PPD dictionary
+    /// does: option keyword to choice keyword. What the file lacks changes nothing.
+    void mark(const CFDictionary& choices);
 
     /// @return the keyword of the marked choice, owned by the file; null when nothing is marked
     const std::string* markedChoice(std::string_view optionKeyword) const;

@@ -62,6 +62,7 @@ bool AreDigits(std::string_view text)
 PrinterAddress AddressOfAuthority(std::string_view authority)
 {
     PrinterAddress address;
+    authority = authority.substr(0, authority.find_first_of("?#")); // of an address without a path
     if (const std::size_t user = authority.rfind('@'); user != None) {
         authority.remove_prefix(user + 1);
     }
