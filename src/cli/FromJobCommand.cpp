@@ -1,12 +1,11 @@
 #include "cli/FromJobCommand.h"
 
-#include "cli/BundleLocation.h"
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/TicketFile.h"
 #include "cli/TicketReport.h"
-#include "platform/bundle/CFBundle.h"
 #include "records/JobOptions.h"
 
 namespace tarvo {
@@ -49,8 +48,11 @@ ExitStatus RunFromJob(const Arguments& arguments)
     if (!isJson) {
         return ExitStatus::Done;
     }
-    const CFBundle bundle(BundleLocation(), UserLanguages());
-    return PrintResult(TicketJson(DescribeTicket(*ticket, bundle, std::nullopt)));
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
+    return PrintResult(TicketJson(DescribeTicket(*ticket, *bundle, std::nullopt)));
 }
 
 } // namespace tarvo
