@@ -332,6 +332,7 @@ constexpr EntryRule Rules[] = {
     {QuillonEmulationKey,       Number,  Between<1, 3>}, // 1 as a ticket without it
     {RotateImageKey,            Number,  ValuesOf<NotChosen, RotationMap>},
     {BookletLayoutOrderKey,     Number},
+    {RotateBookletKey,          Anything}, // nothing reads it, and the panels take it away
     {EmitTPIFKey,               Number,  Between<0, 1>},
     {AccountingOnKey,           Number},
     {AccountingUserKey,         Text},
