@@ -52,7 +52,7 @@ struct TextFilter {
             gtk_widget_error_bell(GTK_WIDGET(field));
         }
     }
-    void onChange()
+    void onChange() const
     {
         const Glib::ustring text = gtk_entry_get_text(field);
         if (limit > 0 && text.size() > limit) {

@@ -96,7 +96,8 @@ std::optional<std::string> CFBundle::resourcePath(const std::string& name) const
 {
     std::error_code error; // unread: what cannot be looked at is not there
     for (const std::string& language : languages_) {
-        std::string path = resources_ + language + ".lproj/" + name;
+        std::string path = resources_ + language;
+        path.append(".lproj/").append(name);
         if (std::filesystem::exists(path, error)) {
             return path;
         }
