@@ -308,7 +308,9 @@ private:
         switch (message) {
         case ThreadReadyMessage:
             workerPort_ = RemoteMessagePort::Create(data);
-            if (workerPort_) {
+            if (state_->stop.stop_requested()) { // it was called off before it was ready
+                send(EndThreadMessage, "");
+            } else if (workerPort_) {
                 send(RetrieveStocksMessage, "");
                 status_ = PrinterStockStatus::InProgress;
             }

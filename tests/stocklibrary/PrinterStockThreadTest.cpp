@@ -340,6 +340,17 @@ TEST_F(StockThread, EndsWhereverTheRetrievalIs)
     }
 }
 
+// A dialog that opens and closes at once leaves no retrieval that seems to go on.
+TEST_F(StockThread, IsNotInProgressWhenItWasCalledOffBeforeItWasReady)
+{
+    const DemoPrinter printer({"--misbehave", "silent"});
+    spawn(printer.authority(), Hang * 100);
+    MyRemoveThread();
+    EXPECT_TRUE(turnUntil([this] { return ThreadCount() == threadsBefore_; }));
+    turnUntil([this] { return !loop_.turn(); }); // what it announced
+    EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);
+}
+
 // An application that quits does not ask its dialogs to close.
 TEST(StockThreadDeathTest, LetsTheProcessEndWhileAPrinterIsSilent)
 {
