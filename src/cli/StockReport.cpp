@@ -73,6 +73,12 @@ const char* MarkKey(const StockLibrary& entry)
     return isInUse ? "StockEntryInUse" : nullptr;
 }
 
+std::string ShownName(const CFBundle& bundle, const PaperReport& paper)
+{
+    return paper.name.empty() ? bundle.localizedString("StockUnnamed")
+                              : WithoutControls(paper.name);
+}
+
 Json JsonOf(const PaperReport& paper)
 {
     return {
@@ -145,12 +151,16 @@ PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,
             entry.stock().asTicket()};
 }
 
-std::string PapersText(const std::vector<PaperReport>& papers)
+std::string PaperTitle(const CFBundle& bundle, const PaperReport& paper)
+{
+    return ShownName(bundle, paper) + (paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n");
+}
+
+std::string PapersText(const CFBundle& bundle, const std::vector<PaperReport>& papers)
 {
     std::string text;
     for (const PaperReport& paper : papers) {
-        text += WithoutControls(paper.name.empty() ? "(no name)" : paper.name);
-        text += paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n";
+        text += PaperTitle(bundle, paper);
         text += "  " + WithoutControls(paper.uuid) + '\n';
         for (const std::string& line : paper.lines) {
             text += "  " + WithoutControls(line) + '\n';
@@ -159,13 +169,14 @@ std::string PapersText(const std::vector<PaperReport>& papers)
     return text;
 }
 
-std::string MatchesText(const std::vector<StockMatch>& matches)
+std::string MatchesText(const CFBundle& bundle, const std::vector<StockMatch>& matches)
 {
     std::string text;
     for (const StockMatch& match : matches) {
         text += match.placeText + ": ";
-        text +=
-            match.paper ? WithoutControls(match.paper->name + " (" + match.paper->uuid + ')') : "-";
+        text += match.paper ? ShownName(bundle, *match.paper) + " (" +
+                                  WithoutControls(match.paper->uuid) + ')'
+                            : "-";
         text += '\n';
     }
     return text;
