@@ -1,11 +1,14 @@
 #include "cli/MediumReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/StockJson.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/text/TextFormat.h"
 #include "platform/text/Utf8.h"
 #include "stocklibrary/PrinterMedia.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <string_view>

@@ -1,5 +1,6 @@
 #include "cli/StockReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/StockJson.h"
 #include "cli/StockPapers.h"
@@ -8,6 +9,8 @@
 #include "records/StockSummary.h"
 #include "settings/NumberText.h"
 #include "settings/StockMaps.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
@@ -105,11 +108,6 @@ Json StockJson(const CFDictionary& stock)
         }
     }
     return json;
-}
-
-std::string JsonText(const Json& json, int indent)
-{
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 std::vector<std::string> StockLines(const CFBundle& bundle, const Stock& stock)

@@ -3,7 +3,6 @@
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/ProgramBundle.h"
-#include "cli/StockJson.h"
 #include "cli/StockPapers.h"
 #include "cli/StocksCommand.h"
 #include "platform/printing/IppMessage.h"
@@ -142,13 +141,9 @@ public:
         if (isJson_) {
             text_ += "\n]";
             if (saved) {
-                text_ += ",\n\"saved\": " + JsonText(
-                                                {
-                                                    {"added",    saved->added   },
-                                                    {"replaced", saved->replaced},
-                                                    {"present",  saved->present }
-                },
-                                                -1);
+                text_ += ",\n\"saved\": {\"added\": " + std::to_string(saved->added) +
+                         ", \"replaced\": " + std::to_string(saved->replaced) +
+                         ", \"present\": " + std::to_string(saved->present) + "}\n";
             }
             text_ += "}\n";
         } else if (saved) {
