@@ -1,3 +1,4 @@
+#include "RunProgram.h"
 #include "platform/ports/RunLoop.h"
 #include "stocklibrary/DemoPrinter.h"
 #include "stocklibrary/PrinterMedia.h"
@@ -7,9 +8,14 @@
 #include <benchmark/benchmark.h>
 #include <cups/cups.h>
 
+#include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <filesystem>
+#include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace tarvo {
 namespace {
@@ -19,6 +25,14 @@ using Clock = std::chrono::steady_clock;
 double SecondsSince(Clock::time_point start)
 {
     return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// Of all threads.
+double ProcessorSeconds()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
 // A printer with that many media, which has been asked once.
@@ -61,6 +75,7 @@ BENCHMARK(FetchWithLibrary)
 void FetchStocks(benchmark::State& state)
 {
     const auto printer = PrinterWith(state.range(0));
+    const double before = ProcessorSeconds();
     for (auto step : state) {
         const StockRetrieval retrieval = RetrievePrinterStockLibrary(printer->authority(), {}, {});
         if (!retrieval.stocks ||
@@ -68,6 +83,8 @@ void FetchStocks(benchmark::State& state)
             state.SkipWithError(retrieval.cause.c_str());
         }
     }
+    state.counters["cpu"] =
+        benchmark::Counter(ProcessorSeconds() - before, benchmark::Counter::kAvgIterations);
 }
 BENCHMARK(FetchStocks)
     ->Name("fetch stocks")
@@ -77,6 +94,38 @@ BENCHMARK(FetchStocks)
     ->Arg(50'000)
     ->UseRealTime()
     ->Unit(benchmark::kMillisecond);
+
+// A whole program that asks the printer; its words, "" for the printer.
+void FetchWithProgram(benchmark::State& state, std::vector<std::string> words)
+{
+    const auto printer = PrinterWith(state.range(0));
+    std::replace(words.begin(), words.end(), std::string(), "ipp://" + printer->authority() + "/");
+    double seconds = 0;
+    for (auto step : state) {
+        const RunResult result = RunProgram(words);
+        if (!result.isDone) {
+            state.SkipWithError("the program did not run");
+            return;
+        }
+        seconds += result.cpuSeconds;
+    }
+    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
+}
+
+void Register(const char* name, const std::vector<std::string>& words)
+{
+    benchmark::RegisterBenchmark(name, FetchWithProgram, words)
+        ->Arg(5'000)
+        ->Arg(20'000)
+        ->UseRealTime()
+        ->Unit(benchmark::kMillisecond);
+}
+
+const bool registered = [] {
+    Register("ipptool", {IPPTOOL_PROGRAM, "", TARVO_SOURCE_DIR "/bench/media.test"});
+    Register("tarvo-ticket stocks fetch", {TARVO_TICKET_PROGRAM, "stocks", "fetch", ""});
+    return true;
+}();
 
 // Turns the main context until another list has come. @return the longest turn, in seconds
 double LongestTurnUntilListOtherThan(const std::vector<Stock>* former)

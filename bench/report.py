@@ -138,8 +138,21 @@ def main():
               f"| at most 5 us | {time(add)} | {time(menu)} | {time(printer)} |")
 
     print("\n## Stocks of a printer\n")
-    print("Asking a printer of the same machine, beside `cupsDoFileRequest` with the same reply,")
-    print("which makes no stocks of it.\n")
+    print("Asking a printer of the same machine and making stocks of its media. Beside it, with the same")
+    print("reply: `ipptool`, a whole program that reads the media and prints nothing, and")
+    print("`tarvo-ticket stocks fetch`, one that prints what became of every member of every medium; the")
+    print("wanted ratio is that of the first two. By the clock, and of the processor without the printer's")
+    print("part.\n")
+    print("| media | fetch | ipptool | ratio | wanted | stocks fetch "
+          "| processor: fetch | ipptool | ratio | stocks fetch |")
+    print("|---|---|---|---|---|---|---|---|---|---|")
+    for media in (5000, 20000):
+        ours, theirs, program = (rows[f"{name}/{media}"] for name in
+                                 ("fetch stocks", "ipptool", "tarvo-ticket stocks fetch"))
+        print(f"| {media:,} | {time(ours[0])} | {time(theirs[0])} | {ours[0] / theirs[0]:.3f} | at most 0.125 "
+              f"| {time(program[0])} | {time(ours[3])} | {time(theirs[3])} | {ours[3] / theirs[3]:.3f} "
+              f"| {time(program[3])} |")
+    print("\nThe same beside the library alone, `cupsDoFileRequest` in this process:\n")
     print("| media | fetch | cupsDoFileRequest | ratio | wanted | longest turn of the main context "
           "| wanted |")
     print("|---|---|---|---|---|---|---|")

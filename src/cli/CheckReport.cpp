@@ -1,5 +1,6 @@
 #include "cli/CheckReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "platform/text/Utf8.h"
 
@@ -78,7 +79,7 @@ std::string CheckJson(const std::vector<CheckedFile>& files)
     for (const CheckedFile& file : files) {
         json["files"].push_back(JsonOf(file));
     }
-    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+    return JsonText(json);
 }
 
 } // namespace tarvo

@@ -1,5 +1,6 @@
 #include "cli/ImportReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "platform/text/Utf8.h"
 #include "settings/TicketKeys.h"
@@ -313,7 +314,7 @@ std::string ImportJson(const std::vector<ImportReport>& reports)
     for (const ImportReport& report : reports) {
         json["documents"].push_back(JsonOf(report));
     }
-    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+    return JsonText(json);
 }
 
 } // namespace tarvo

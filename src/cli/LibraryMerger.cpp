@@ -2,7 +2,9 @@
 
 #include "cli/Messages.h"
 #include "cli/StockPapers.h"
+#include "platform/bundle/CFBundle.h"
 #include "platform/text/CaseFolding.h"
+#include "platform/text/TextFormat.h"
 #include "platform/text/Utf8.h"
 #include "records/StockDialogRules.h"
 
@@ -112,10 +114,12 @@ void LibraryMerger::replace(const IncomingPaper& paper, const std::string& uuid)
 
 } // namespace
 
-std::string MergeText(const MergeCounts& counts)
+std::string MergeText(const CFBundle& bundle, const MergeCounts& counts)
 {
-    return std::to_string(counts.added) + " added, " + std::to_string(counts.replaced) +
-           " replaced, " + std::to_string(counts.present) + " there already\n";
+    return FilledFormat(bundle.localizedString("StocksMerged"),
+                        {std::to_string(counts.added), std::to_string(counts.replaced),
+                         std::to_string(counts.present)}) +
+           '\n';
 }
 
 std::string FaultOfLibraryName(const std::string& name)

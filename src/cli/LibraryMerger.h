@@ -9,6 +9,8 @@
 
 namespace tarvo {
 
+class CFBundle;
+
 /// A paper from elsewhere for the user's library.
 struct IncomingPaper {
     std::string source; // for messages
@@ -21,8 +23,8 @@ struct MergeCounts {
     std::size_t present = 0; // equal to one that is there
 };
 
-/// "2 added, 0 replaced, 1 there already".
-std::string MergeText(const MergeCounts& counts);
+/// "2 added, 0 replaced, 1 there already", a line in the user's language.
+std::string MergeText(const CFBundle& bundle, const MergeCounts& counts);
 
 /// @return why no paper can have the name, "has no name"; "" when it can
 std::string FaultOfLibraryName(const std::string& name);

@@ -1,9 +1,14 @@
 #include "cli/MediumReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/StockJson.h"
+#include "platform/bundle/CFBundle.h"
+#include "platform/text/TextFormat.h"
 #include "platform/text/Utf8.h"
 #include "stocklibrary/PrinterMedia.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <string_view>
@@ -12,15 +17,12 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view NotAsWide = "no size has that width or that length";
-constexpr std::string_view OneDimension = "the other dimension is missing";
-
-// The members that a stock can be made of, as in PrinterMedia.cpp, how each is taken away, and why
-// it can make no difference.
+// The members that a stock can be made of, by the names of TextMembers, NumberMembers and
+// SizeMembers in PrinterMedia.cpp, how each is taken away, and why it can make no difference.
 struct MemberRow {
     std::string_view name;
     void (*remove)(PrinterMedium& medium);
-    std::string_view noDifference;
+    const char* noDifferenceKey; // null for a member that always makes one
 };
 
 template <auto Place>
@@ -29,24 +31,22 @@ void Remove(PrinterMedium& medium)
     (medium.*Place).reset();
 }
 
-// clang-format off
 constexpr MemberRow MemberRows[] = {
-    {"media-key",              Remove<&PrinterMedium::key>,          "it is empty"},
-    {"media-description",      Remove<&PrinterMedium::description>,  "it is empty"},
-    {"media-info",             Remove<&PrinterMedium::info>,         "it is empty"},
-    {"media-color",            Remove<&PrinterMedium::color>,        "a transparency is clear"},
-    {"media-type",             Remove<&PrinterMedium::type>,         ""},
-    {"media-pre-printed",      Remove<&PrinterMedium::prePrinted>,   "the type is known without it"},
-    {"media-recycled",         Remove<&PrinterMedium::recycled>,     "the type is known without it"},
-    {"media-order-count",      Remove<&PrinterMedium::orderCount>,   "only pre-cut tabs and ordered sheets are counted"},
-    {"media-front-coating",    Remove<&PrinterMedium::frontCoating>, "uncoated counts only when both sides are"},
-    {"media-back-coating",     Remove<&PrinterMedium::backCoating>,  "uncoated counts only when both sides are"},
-    {"media-hole-count",       Remove<&PrinterMedium::holeCount>,    "only 0, 2, 3 and 4 holes are known"},
-    {"media-weight-metric",    Remove<&PrinterMedium::weight>,       "0 is no weight"},
-    {"media-size.x-dimension", Remove<&PrinterMedium::width>,        NotAsWide},
-    {"media-size.y-dimension", Remove<&PrinterMedium::length>,       NotAsWide},
+    {"media-key",              Remove<&PrinterMedium::key>,          "MediumEmpty"       },
+    {"media-description",      Remove<&PrinterMedium::description>,  "MediumEmpty"       },
+    {"media-info",             Remove<&PrinterMedium::info>,         "MediumEmpty"       },
+    {"media-color",            Remove<&PrinterMedium::color>,        "MediumTransparency"},
+    {"media-type",             Remove<&PrinterMedium::type>,         nullptr             },
+    {"media-pre-printed",      Remove<&PrinterMedium::prePrinted>,   "MediumTypeKnown"   },
+    {"media-recycled",         Remove<&PrinterMedium::recycled>,     "MediumTypeKnown"   },
+    {"media-order-count",      Remove<&PrinterMedium::orderCount>,   "MediumNotCounted"  },
+    {"media-front-coating",    Remove<&PrinterMedium::frontCoating>, "MediumUncoated"    },
+    {"media-back-coating",     Remove<&PrinterMedium::backCoating>,  "MediumUncoated"    },
+    {"media-hole-count",       Remove<&PrinterMedium::holeCount>,    "MediumHoles"       },
+    {"media-weight-metric",    Remove<&PrinterMedium::weight>,       "MediumNoWeight"    },
+    {"media-size.x-dimension", Remove<&PrinterMedium::width>,        "MediumNotAsWide"   },
+    {"media-size.y-dimension", Remove<&PrinterMedium::length>,       "MediumNotAsWide"   },
 };
-// clang-format on
 
 const MemberRow* RowOf(std::string_view name)
 {
@@ -85,10 +85,15 @@ Stock Difference(const Stock& stock, const Stock& other)
     return Stock(difference);
 }
 
-std::string_view WhyNoDifference(const MemberRow& row, const PrinterMedium& medium)
+bool IsHalfASize(const MemberRow& row, const PrinterMedium& medium)
 {
-    const bool isHalf = medium.width.has_value() != medium.length.has_value();
-    return row.noDifference == NotAsWide && isHalf ? OneDimension : row.noDifference;
+    return row.name.starts_with("media-size.") &&
+           medium.width.has_value() != medium.length.has_value();
+}
+
+const char* WhyNoDifferenceKey(const MemberRow& row, const PrinterMedium& medium)
+{
+    return IsHalfASize(row, medium) ? "MediumOneDimension" : row.noDifferenceKey;
 }
 
 class MediumDescriber {
@@ -117,18 +122,22 @@ private:
     {
         const MemberRow* row = RowOf(member.name);
         if (row == nullptr) {
-            told.leftOut = "no attribute of a stock";
+            told.leftOut = bundle_.localizedString("MediumNoAttribute");
             return;
         }
         if (!member.isKept) {
-            told.leftOut = isKept(member.name) ? "told already" : "of another kind than expected";
+            told.leftOut = bundle_.localizedString(isKept(member.name) ? "MediumToldAlready"
+                                                                       : "MediumOtherKind");
             return;
         }
         PrinterMedium without(reported_.medium);
         row->remove(without);
         const Stock difference = Difference(stock_, StockOfMedium(std::move(without)));
         told.became = StockLines(bundle_, difference);
-        told.leftOut = told.became.empty() ? WhyNoDifference(*row, reported_.medium) : "";
+        const char* whyKey = WhyNoDifferenceKey(*row, reported_.medium);
+        if (told.became.empty() && whyKey != nullptr) {
+            told.leftOut = bundle_.localizedString(whyKey);
+        }
     }
 
     bool isKept(std::string_view name) const
@@ -152,14 +161,15 @@ std::string Joined(const std::vector<std::string>& lines)
     return text;
 }
 
-std::string MemberText(const MediumReport::Member& member)
+std::string MemberText(const CFBundle& bundle, const MediumReport::Member& member)
 {
     constexpr std::size_t Column = 44; // of what became of it
     std::string text = "  " + WithoutControls(member.name + ": " + member.value);
     const std::size_t width = Utf8Length(text);
     text += width + 2 > Column ? '\n' + std::string(Column, ' ') : std::string(Column - width, ' ');
-    text += member.leftOut.empty() ? WithoutControls(Joined(member.became))
-                                   : "(left out: " + member.leftOut + ')';
+    text += member.leftOut.empty()
+                ? WithoutControls(Joined(member.became))
+                : FilledFormat(bundle.localizedString("MediumLeftOut"), member.leftOut);
     return text + '\n';
 }
 
@@ -170,16 +180,15 @@ MediumReport DescribeMedium(const CFBundle& bundle, const ReportedMedium& report
     return MediumDescriber(bundle, reported).describe();
 }
 
-std::string MediumText(const MediumReport& medium)
+std::string MediumText(const CFBundle& bundle, const MediumReport& medium)
 {
-    const PaperReport& paper = medium.paper;
-    std::string text = WithoutControls(paper.name.empty() ? "(no name)" : paper.name);
-    text += paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n";
+    std::string text = PaperTitle(bundle, medium.paper);
     for (const MediumReport::Member& member : medium.members) {
-        text += MemberText(member);
+        text += MemberText(bundle, member);
     }
     if (medium.furtherMembers > 0) {
-        text += "  and " + std::to_string(medium.furtherMembers) + " more\n";
+        const std::string count = std::to_string(medium.furtherMembers);
+        text += "  " + FilledFormat(bundle.localizedString("MediumMore"), count) + '\n';
     }
     return text;
 }

@@ -17,7 +17,7 @@ struct MediumReport {
         std::string name;
         std::string value;
         std::vector<std::string> became; // what the stock would lack without it, "label: value"
-        std::string leftOut;             // why it became nothing; "" when it did
+        std::string leftOut;             // why it became nothing, for people; "" when it did
     };
     PaperReport paper; // without a uuid
     std::vector<Member> members;
@@ -27,7 +27,7 @@ struct MediumReport {
 MediumReport DescribeMedium(const CFBundle& bundle, const ReportedMedium& reported);
 
 /// For a person at a terminal: a line for each member, what it became beside it.
-std::string MediumText(const MediumReport& medium);
+std::string MediumText(const CFBundle& bundle, const MediumReport& medium);
 
 /// For a program: an object in one line, with the members above.
 std::string MediumJson(const MediumReport& medium);

@@ -1,3 +1,4 @@
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/PrinterReport.h"
 #include "platform/text/TextFormat.h"
@@ -245,7 +246,7 @@ std::string PrinterJson(const PrinterReport& report)
     }
     json["faults"] = JsonOf(report.remarks, true);
     json["notes"] = JsonOf(report.remarks, false);
-    return json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+    return JsonText(json);
 }
 
 } // namespace tarvo

@@ -39,7 +39,8 @@ ChangeUserLibrary(const std::function<bool(StockLibraryList& list, CFArray& orde
     if (failure.reason.empty() || failure.error != 0) {
         return ExitStatus::Done;
     }
-    PrintMessage(failure.message() + "; it is kept as " + failure.path + ".unreadable");
+    PrintMessage(failure.message() +
+                 (failure.keptAs.empty() ? "" : "; it is kept as " + failure.keptAs));
     return ExitStatus::LeftOut;
 }
 

@@ -19,8 +19,8 @@ std::unique_ptr<StockLibraryList> OpenUserLibrary();
 
 /// Changes the user's library at once or not at all and says why it was not done.
 /// @param change  returns false to leave the library as it is
-/// @return Failed when it could not be written; LeftOut when a file that nobody understands made
-/// way for a new one, which is named too
+/// @return Failed when it could not be written; LeftOut when nobody understands the file that was
+/// there, which is named, as is the place where it is kept
 ExitStatus
 ChangeUserLibrary(const std::function<bool(StockLibraryList& list, CFArray& order)>& change);
 

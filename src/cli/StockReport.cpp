@@ -1,5 +1,6 @@
 #include "cli/StockReport.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/StockJson.h"
 #include "cli/StockPapers.h"
@@ -8,6 +9,8 @@
 #include "records/StockSummary.h"
 #include "settings/NumberText.h"
 #include "settings/StockMaps.h"
+
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
@@ -73,6 +76,12 @@ const char* MarkKey(const StockLibrary& entry)
     return isInUse ? "StockEntryInUse" : nullptr;
 }
 
+std::string ShownName(const CFBundle& bundle, const PaperReport& paper)
+{
+    return paper.name.empty() ? bundle.localizedString("StockUnnamed")
+                              : WithoutControls(paper.name);
+}
+
 Json JsonOf(const PaperReport& paper)
 {
     return {
@@ -99,11 +108,6 @@ Json StockJson(const CFDictionary& stock)
         }
     }
     return json;
-}
-
-std::string JsonText(const Json& json, int indent)
-{
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 std::vector<std::string> StockLines(const CFBundle& bundle, const Stock& stock)
@@ -145,12 +149,16 @@ PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,
             entry.stock().asTicket()};
 }
 
-std::string PapersText(const std::vector<PaperReport>& papers)
+std::string PaperTitle(const CFBundle& bundle, const PaperReport& paper)
+{
+    return ShownName(bundle, paper) + (paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n");
+}
+
+std::string PapersText(const CFBundle& bundle, const std::vector<PaperReport>& papers)
 {
     std::string text;
     for (const PaperReport& paper : papers) {
-        text += WithoutControls(paper.name.empty() ? "(no name)" : paper.name);
-        text += paper.mark.empty() ? "\n" : " (" + paper.mark + ")\n";
+        text += PaperTitle(bundle, paper);
         text += "  " + WithoutControls(paper.uuid) + '\n';
         for (const std::string& line : paper.lines) {
             text += "  " + WithoutControls(line) + '\n';
@@ -159,13 +167,14 @@ std::string PapersText(const std::vector<PaperReport>& papers)
     return text;
 }
 
-std::string MatchesText(const std::vector<StockMatch>& matches)
+std::string MatchesText(const CFBundle& bundle, const std::vector<StockMatch>& matches)
 {
     std::string text;
     for (const StockMatch& match : matches) {
         text += match.placeText + ": ";
-        text +=
-            match.paper ? WithoutControls(match.paper->name + " (" + match.paper->uuid + ')') : "-";
+        text += match.paper ? ShownName(bundle, *match.paper) + " (" +
+                                  WithoutControls(match.paper->uuid) + ')'
+                            : "-";
         text += '\n';
     }
     return text;

@@ -36,8 +36,9 @@ PaperReport DescribePaper(const CFBundle& bundle, const std::string& uuid,
                           const StockLibrary& entry);
 
 // For a person at a terminal.
-std::string PapersText(const std::vector<PaperReport>& papers);
-std::string MatchesText(const std::vector<StockMatch>& matches);
+std::string PaperTitle(const CFBundle& bundle, const PaperReport& paper);
+std::string PapersText(const CFBundle& bundle, const std::vector<PaperReport>& papers);
+std::string MatchesText(const CFBundle& bundle, const std::vector<StockMatch>& matches);
 
 // For a program: {"papers": [...]} and {"stocks": [...]}, objects with the members above.
 std::string PapersJson(const std::vector<PaperReport>& papers);

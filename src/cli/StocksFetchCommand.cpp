@@ -3,7 +3,6 @@
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "cli/ProgramBundle.h"
-#include "cli/StockJson.h"
 #include "cli/StockPapers.h"
 #include "cli/StocksCommand.h"
 #include "platform/printing/IppMessage.h"
@@ -118,14 +117,17 @@ private:
 // Prints the media while they are read; there may be tens of thousands.
 class MediaPrinter {
 public:
-    explicit MediaPrinter(bool isJson) : isJson_(isJson), text_(isJson ? "{\"media\": [" : "") {}
+    MediaPrinter(const CFBundle& bundle, bool isJson)
+        : bundle_(bundle), isJson_(isJson), text_(isJson ? "{\"media\": [" : "")
+    {
+    }
 
     void print(const MediumReport& medium)
     {
         if (isJson_) {
             text_ += (isFirst_ ? "\n" : ",\n") + MediumJson(medium);
         } else {
-            text_ += MediumText(medium);
+            text_ += MediumText(bundle_, medium);
         }
         isFirst_ = false;
         constexpr std::size_t Piece = 65536;
@@ -139,17 +141,13 @@ public:
         if (isJson_) {
             text_ += "\n]";
             if (saved) {
-                text_ += ",\n\"saved\": " + JsonText(
-                                                {
-                                                    {"added",    saved->added   },
-                                                    {"replaced", saved->replaced},
-                                                    {"present",  saved->present }
-                },
-                                                -1);
+                text_ += ",\n\"saved\": {\"added\": " + std::to_string(saved->added) +
+                         ", \"replaced\": " + std::to_string(saved->replaced) +
+                         ", \"present\": " + std::to_string(saved->present) + "}\n";
             }
             text_ += "}\n";
         } else if (saved) {
-            text_ += MergeText(*saved);
+            text_ += MergeText(bundle_, *saved);
         }
         flush();
         return status_;
@@ -164,6 +162,7 @@ private:
         text_.clear();
     }
 
+    const CFBundle& bundle_;
     bool isJson_;
     bool isFirst_ = true;
     std::string text_;
@@ -214,7 +213,7 @@ ExitStatus Show(const NamedPrinter& printer, const std::string& reply, const Arg
     if (!bundle) {
         return ExitStatus::Failed;
     }
-    MediaPrinter output(arguments.has(JsonOption));
+    MediaPrinter output(*bundle, arguments.has(JsonOption));
     std::vector<Stock> stocks;
     std::size_t count = 0;
     const auto take = [&](const ReportedMedium& medium) {

@@ -1,6 +1,7 @@
 #include "cli/LibraryMerger.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
+#include "cli/ProgramBundle.h"
 #include "cli/StockPapers.h"
 #include "cli/StocksCommand.h"
 #include "cli/TicketFile.h"
@@ -131,6 +132,10 @@ ExitStatus RunStocksImport(const Arguments& arguments)
             return ExitStatus::Failed; // nothing is done by halves
         }
     }
+    const auto bundle = OpenProgramBundle(UserLanguages());
+    if (!bundle) {
+        return ExitStatus::Failed;
+    }
     MergeCounts counts;
     const ExitStatus merged =
         MergeIntoUserLibrary(reader.papers(), arguments.has(ReplaceOption), counts);
@@ -138,7 +143,7 @@ ExitStatus RunStocksImport(const Arguments& arguments)
         return merged;
     }
     const ExitStatus left = reader.hasLeftOut() ? ExitStatus::LeftOut : ExitStatus::Done;
-    return Worse(PrintResult(MergeText(counts)), Worse(merged, left));
+    return Worse(PrintResult(MergeText(*bundle, counts)), Worse(merged, left));
 }
 
 ExitStatus RunStocksExport(const Arguments& arguments)

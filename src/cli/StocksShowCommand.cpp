@@ -103,7 +103,8 @@ ExitStatus RunStocksList(const Arguments& arguments)
             papers.push_back(DescribePaper(*bundle, each.key, *entry));
         }
     }
-    return PrintResult(arguments.has(JsonOption) ? PapersJson(papers) : PapersText(papers));
+    return PrintResult(arguments.has(JsonOption) ? PapersJson(papers)
+                                                 : PapersText(*bundle, papers));
 }
 
 ExitStatus RunStocksMatch(const Arguments& arguments)
@@ -128,8 +129,8 @@ ExitStatus RunStocksMatch(const Arguments& arguments)
         return ExitStatus::Failed;
     }
     const auto matches = MatchStocks(*bundle, *list, StocksOfJob(*ticket));
-    const ExitStatus printed =
-        PrintResult(arguments.has(JsonOption) ? MatchesJson(matches) : MatchesText(matches));
+    const ExitStatus printed = PrintResult(
+        arguments.has(JsonOption) ? MatchesJson(matches) : MatchesText(*bundle, matches));
     return Worse(printed, PrintUnmatched(InputName(files.front()), matches));
 }
 

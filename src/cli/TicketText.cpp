@@ -1,3 +1,4 @@
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/TicketReport.h"
 #include "platform/bundle/CFBundle.h"
@@ -256,7 +257,7 @@ std::string TicketJson(const TicketReport& report)
     if (report.plan) {
         json["plan"] = JsonOf(*report.plan);
     }
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(json);
 }
 
 } // namespace tarvo

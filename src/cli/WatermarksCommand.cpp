@@ -1,5 +1,6 @@
 #include "cli/WatermarksCommand.h"
 
+#include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "cli/OptionTable.h"
 #include "prefs/WatermarkStore.h"
@@ -57,7 +58,7 @@ std::string WatermarksJson(const std::vector<NamedWatermark>& watermarks)
             {"watermark", each.watermark ? JsonOf(*each.watermark) : Json(nullptr)}
         });
     }
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+    return JsonText(json);
 }
 
 } // namespace

@@ -79,15 +79,31 @@ bool MakeFolder(const std::string& folder, PreferenceFailure& failure)
     return true;
 }
 
-// Another link to the same file, so that its name is never without one.
+bool IsSameFile(const std::string& left, const std::string& right)
+{
+    struct stat one = {};
+    struct stat other = {};
+    return lstat(left.c_str(), &one) == 0 && lstat(right.c_str(), &other) == 0 &&
+           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+// Another link to the same file, so that its name is never without one. What was kept before stays.
 bool SetAside(const std::string& path, PreferenceFailure& failure)
 {
-    const std::string aside = path + ".unreadable";
-    if ((unlink(aside.c_str()) != 0 && errno != ENOENT) || link(path.c_str(), aside.c_str()) != 0) {
-        failure = SystemFailure("set aside", path, errno);
-        return false;
+    constexpr int MostKept = 100; // beyond, something breaks them for ever
+    int error = EEXIST;
+    for (int number = 1; number <= MostKept && error == EEXIST; ++number) {
+        std::string aside = path + ".unreadable";
+        aside += number == 1 ? "" : "." + std::to_string(number);
+        error = link(path.c_str(), aside.c_str()) == 0 ? 0 : errno;
+        // One whose successor could not be written is there already.
+        if (error == 0 || (error == EEXIST && IsSameFile(path, aside))) {
+            failure.keptAs = std::move(aside);
+            return true;
+        }
     }
-    return true;
+    failure = SystemFailure("set aside", path, error);
+    return false;
 }
 
 bool IsAbsent(const PreferenceFailure& failure)
@@ -96,24 +112,6 @@ bool IsAbsent(const PreferenceFailure& failure)
 }
 
 using RootReader = std::function<std::optional<CFDictionary>(PreferenceFailure&)>;
-
-/// What a change works on: the root that is read, or an empty one where nothing readable is.
-/// @param path  that will be written
-/// @return nullopt when the file must not be written over
-std::optional<CFDictionary> RootToChange(const RootReader& read, const std::string& path,
-                                         bool& isPresent, PreferenceFailure& failure)
-{
-    auto root = read(failure);
-    isPresent = root.has_value();
-    if (isPresent || IsAbsent(failure)) {
-        return root ? std::move(root) : CFDictionary();
-    }
-    const bool isOurs = failure.path == path;
-    if (failure.error != 0 || (isOurs && !SetAside(path, failure))) {
-        return std::nullopt;
-    }
-    return CFDictionary();
-}
 
 bool ChangeFile(const std::string& folder, std::string_view fileName, const RootReader& read,
                 const PreferenceChange& change, PreferenceFailure& failure)
@@ -127,12 +125,20 @@ bool ChangeFile(const std::string& folder, std::string_view fileName, const Root
         failure = {"lock", path, EAGAIN, "in use by another program"};
         return false;
     } // where no lock can be had, as under a confinement, saving alone is better than not saving
-    bool isPresent = false;
-    auto root = RootToChange(read, path, isPresent, failure);
-    if (!root) {
+    auto root = read(failure);
+    const bool isPresent = root.has_value();
+    const bool isBroken = !isPresent && failure.error == 0;
+    if (!isPresent && !isBroken && !IsAbsent(failure)) {
         return false;
     }
-    return !change(*root, isPresent) || WriteRoot(path, *root, failure);
+    if (!isPresent) {
+        root.emplace();
+    }
+    if (!change(*root, isPresent)) {
+        return true;
+    }
+    const bool isInTheWay = isBroken && failure.path == path; // another folder's stays where it is
+    return (!isInTheWay || SetAside(path, failure)) && WriteRoot(path, *root, failure);
 }
 
 std::optional<CFDictionary> ReadSiteRoot(const PreferenceFolders& folders,
@@ -190,9 +196,15 @@ bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fil
                           const CFDictionary& root, PreferenceFailure* failure)
 {
     PreferenceFailure unwritten;
-    // Reads nothing, but takes its turn: a change that another has begun would undo this one.
+    // Needs nothing of the former file, but sees whether it is to be kept.
+    const auto read = [&](PreferenceFailure& unread) -> std::optional<CFDictionary> {
+        auto former = CopyUserPreferences(folders, fileName, &unread);
+        return former || unread.error != 0 ? std::optional<CFDictionary>(std::in_place)
+                                           : std::nullopt;
+    };
+    // Takes its turn: a change that another has begun would undo this one.
     const bool isWritten = ChangeFile(
-        folders.user, fileName, [](PreferenceFailure&) { return CFDictionary(); },
+        folders.user, fileName, read,
         [&root](CFDictionary& replaced, bool) {
             replaced = root;
             return true;

@@ -29,11 +29,12 @@ inline constexpr std::string_view SiteDefaultsFile = "TarvoFeatures.plist";
 
 /// What could not be done with which file, and why.
 struct PreferenceFailure {
-    std::string action;   // "read", "lock", "set aside", "write"
-    std::string path;     // of the file or folder
-    int error = 0;        // errno; 0 when the file's contents are at fault
-    std::string reason;   // for people
-    std::size_t line = 0; // of the file, from 1; 0 when no line applies
+    std::string action;      // "make" a folder; "lock", "read", "set aside" or "write" a file
+    std::string path;        // of the file or folder
+    int error = 0;           // errno; 0 when the file's contents are at fault
+    std::string reason;      // for people
+    std::size_t line = 0;    // of the file, from 1; 0 when no line applies
+    std::string keptAs = {}; // path of a file that was set aside, "" for none
     /// "cannot write /home/me/.config/tarvo/x: No space left on device"
     std::string message() const;
 };
@@ -45,7 +46,8 @@ std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders
                                                 std::string_view fileName,
                                                 PreferenceFailure* failure = nullptr);
 
-/// Replaces a file of the user whole or not at all; makes the folder when it is absent. Prints
+/// Replaces a file of the user whole or not at all; makes the folder when it is absent. A file
+/// whose contents cannot be understood is kept as by ChangeUserPreferences. Prints
 /// "WriteUserPreferences() failed (errno)" to standard error when it could not.
 /// @return false with `failure` filled if that is given, the former file untouched
 bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fileName,
@@ -68,11 +70,13 @@ std::optional<CFDictionary> CopyXMLData(const PreferenceFolders& folders, std::s
 using PreferenceChange = std::function<bool(CFDictionary& root, bool isPresent)>;
 
 /// Reads a file of the user, changes it and writes it back, with everybody else who changes it
-/// waiting, so that no change is lost. A file whose contents cannot be understood counts as absent
-/// and is kept beside it as <name>.unreadable; one that cannot be had for another reason is left
-/// alone.
+/// waiting, so that no change is lost. A file whose contents cannot be understood counts as absent;
+/// before another takes its place it is kept beside that as <name>.unreadable, <name>.unreadable.2
+/// and so on up to 100, then nothing is written any more. One that cannot be had for another reason
+/// is left alone.
 /// @return false with `failure` filled, the former file untouched; true when the change wanted
-/// nothing written. Where `failure` has a reason without an error then, the file was kept aside.
+/// nothing written. Then `failure` has a reason without an error where the contents could not be
+/// understood.
 [[nodiscard]] bool ChangeUserPreferences(const PreferenceFolders& folders,
                                          std::string_view fileName, const PreferenceChange& change,
                                          PreferenceFailure& failure);

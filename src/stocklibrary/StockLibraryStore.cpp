@@ -37,7 +37,7 @@ bool ChangeStockLibraryFile(const PreferenceFolders& folders,
                             PreferenceFailure& failure)
 {
     const auto changeRoot = [&folders, &change](CFDictionary& root, bool isPresent) {
-        if (!isPresent) { // else the site's other defaults would be hidden by the new file
+        if (!isPresent) {
             root = SiteDefaults(folders);
         }
         return change(root);
@@ -95,7 +95,7 @@ bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, const Value
     for (const Change& change : unsaved_) {
         change(*value);
     }
-    return !unsaved_.empty();
+    return !unsaved_.empty() || !isInFile_; // the site's value becomes the user's
 }
 
 template class StockLibraryFileValue<CFDictionary>;

@@ -16,8 +16,9 @@ namespace tarvo {
 CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders,
                                   PreferenceFailure* failure = nullptr);
 
-/// Changes that file by the rules of ChangeUserPreferences; one that is new begins with what the
-/// site gives.
+/// Changes that file by the rules of ChangeUserPreferences. One that is new begins with everything
+/// that the site gives, whatever the change is about: a user's file hides the site's, so the order
+/// would go with the first paper that is added, and the columns with it.
 /// @param change  returns false to leave the file as it is
 [[nodiscard]] bool ChangeStockLibraryFile(const PreferenceFolders& folders,
                                           const std::function<bool(CFDictionary& root)>& change,
@@ -41,8 +42,8 @@ public:
     /// Makes the change in memory, then in the file.
     void change(Value& inMemory, Change change);
     /// Makes the changes in the file that could not be saved before; a file that had no value yet
-    /// gets the one in memory. Prints "WriteUserPreferences() failed (errno)" to standard error
-    /// when that fails.
+    /// gets the one in memory, and a user without a file one with that and whatever else the site
+    /// gives. Prints "WriteUserPreferences() failed (errno)" to standard error when that fails.
     void write(const Value& inMemory);
 
 private:

@@ -80,6 +80,15 @@ class Fetch(FetchTest):
         self.assertEqual([medium["status"] for medium in media], ["invalid", "not-in-use"])
         self.assertIn("(left out: told already)", self.fetch(printer).stdout.decode())
 
+    def test_nothing_is_english_for_a_german(self):
+        media = OddMedia + "\nmedia-color: blue\n"
+        result = self.fetch(self.printer(media=self.write("odd.media", media.encode())), "--save", language="de", status=3)
+        text = result.stdout.decode()
+        for english in ("left out", "(no name)", "added", *(why for told in OddMembers.values() for _, _, why in told if isinstance(why, str))):
+            self.assertNotIn(english, text)
+        self.assertIn("(ausgelassen: schon genannt)", text)
+        self.assertEqual(text.splitlines()[-1], "2 hinzugefügt, 0 ersetzt, 0 schon vorhanden")
+
     def test_chosen_media_are_saved_and_come_again_only_when_they_differ(self):
         printer = self.printer()
         result = self.fetch(printer, "plain a4", "Nobody", "--save", status=3)

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <thread>
 
@@ -153,15 +155,24 @@ CFDictionary NumberedRoot(std::int32_t number)
     _exit(1);
 }
 
-// More moments: --gtest_repeat.
+// The number that an environment variable gives.
+unsigned NumberOf(const char* variable, unsigned otherwise)
+{
+    const char* text = std::getenv(variable);
+    return text == nullptr ? otherwise : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
+}
+
+// TARVO_TEST_KILLS and TARVO_TEST_SEED make it longer and repeat it.
 TEST_F(PreferenceFaults, LeaveAWholeFileWhenTheWriterIsKilled)
 {
-    constexpr int Moments = 50;
-    std::mt19937 random(std::random_device{}());
+    const unsigned moments = NumberOf("TARVO_TEST_KILLS", 50);
+    const unsigned seed = NumberOf("TARVO_TEST_SEED", std::random_device{}());
+    std::printf("TARVO_TEST_KILLS=%u TARVO_TEST_SEED=%u\n", moments, seed);
+    std::mt19937 random(seed);
     std::uniform_int_distribution<int> microseconds(0, 4000);
     ASSERT_TRUE(WriteUserPreferences(folders_, "file", NumberedRoot(0)));
     std::int32_t number = 0;
-    for (int moment = 0; moment < Moments; ++moment) {
+    for (unsigned moment = 0; moment < moments; ++moment) {
         int saved[2] = {};
         ASSERT_EQ(pipe(saved), 0);
         const pid_t writer = fork();

@@ -1,5 +1,6 @@
 #include "prefs/PreferenceFiles.h"
 
+#include "FailingCall.h"
 #include "PreferenceFolderFixture.h"
 #include "platform/files/FileContents.h"
 
@@ -104,14 +105,45 @@ TEST_F(PreferenceFiles, ThatAreNoFilesFailAtOnce)
 
 TEST_F(PreferenceFiles, ThatNobodyUnderstandsAreSetAside)
 {
-    for (const char* broken : {"not a list", "<plist version=\"1.0\"><array/></plist>"}) {
-        put(userPath("a"), broken);
+    const std::pair<const char*, const char*> broken[] = {
+        {"a.unreadable",   "not a list"                             },
+        {"a.unreadable.2", "<plist version=\"1.0\"><array/></plist>"},
+    };
+    for (const auto& [kept, text] : broken) {
+        put(userPath("a"), text);
         EXPECT_EQ(CopyUserPreferences(folders_, "a", &failure_), std::nullopt);
         EXPECT_EQ(failure_.error, 0);
         ASSERT_TRUE(change("a", "x", 1)) << failure_.message();
+        EXPECT_EQ(failure_.keptAs, userPath(kept));
         EXPECT_EQ(CopyUserPreferences(folders_, "a"), Number("x", 1));
-        EXPECT_EQ(ReadText(userPath("a.unreadable")), broken);
     }
+    put(userPath("a"), "of no use to this writer");
+    ASSERT_TRUE(WriteUserPreferences(folders_, "a", Number("x", 1)));
+    EXPECT_EQ(ReadText(userPath("a.unreadable.3")), "of no use to this writer");
+    for (const auto& [kept, text] : broken) {
+        EXPECT_EQ(ReadText(userPath(kept)), text);
+    }
+}
+
+TEST_F(PreferenceFiles, AreSetAsideOnlyToBeReplacedAndAHundredTimes)
+{
+    const auto leaveIt = [](CFDictionary&, bool isPresent) { return isPresent; };
+    put(userPath("a"), "broken");
+    EXPECT_TRUE(ChangeUserPreferences(folders_, "a", leaveIt, failure_));
+    EXPECT_EQ(names(folders_.user), (std::vector<std::string>{"a", "a.lock"}));
+    for (int time = 0; time < 2; ++time) {
+        const FailingCall call("write", ENOSPC);
+        EXPECT_FALSE(change("a", "x", 1));
+        EXPECT_EQ(names(folders_.user), (std::vector<std::string>{"a", "a.lock", "a.unreadable"}));
+    }
+    for (int time = 1; time <= 100; ++time) {
+        put(userPath("a"), "broken");
+        EXPECT_TRUE(change("a", "x", 1)) << failure_.message();
+    }
+    put(userPath("a"), "broken");
+    EXPECT_FALSE(change("a", "x", 1));
+    EXPECT_EQ(failure_.message(), "cannot set aside " + userPath("a") + ": File exists");
+    EXPECT_EQ(ReadText(userPath("a")), "broken");
 }
 
 TEST_F(PreferenceFiles, OfASiteSayOnStandardErrorWhatIsWrongWithThem)

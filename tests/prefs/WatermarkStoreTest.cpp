@@ -21,68 +21,43 @@ protected:
     std::string path() const { return sitePath(std::string(File)); }
 };
 
-// Every field has a value of its own.
+// What watermark.plist tells; every field has a value of its own.
 Watermark Sample()
 {
-    Watermark watermark;
-    watermark.text = "Entwürfe";
-    watermark.imageFileName = "a.png";
-    watermark.imageFilePath = "/tmp/a.png";
-    watermark.fontName = "ArialMT";
-    watermark.xOffset = 0.1F;
-    watermark.yOffset = -2;
-    watermark.fontColor = {0.125F, 0.25F, 0.375F, 0.5F};
-    watermark.wellColor = {0.625F, 0.75F, 0.875F, 1};
-    watermark.angle = 45;
-    watermark.density = 25;
-    watermark.scale = 100;
-    watermark.units = 1;
-    watermark.fontSize = 72;
-    watermark.isText = true;
-    watermark.xPosition = 280.627441;
-    watermark.yPosition = 1.0 / 3;
-    return watermark;
-}
-
-CFDictionary SampleEntries()
-{
-    return CFDictionary({
-        {"textString",     "Entwürfe" },
-        {"filename",       "a.png"     },
-        {"filePath",       "/tmp/a.png"},
-        {"fontName",       "ArialMT"   },
-        {"xOffset",        0.1F        },
-        {"yOffset",        -2          },
-        {"fontColorRed",   0.125       },
-        {"fontColorGreen", 0.25        },
-        {"fontColorBlue",  0.375       },
-        {"fontColorAlpha", 0.5         },
-        {"wellColorRed",   0.625       },
-        {"wellColorGreen", 0.75        },
-        {"wellColorBlue",  0.875       },
-        {"wellColorAlpha", 1           },
-        {"angle",          45          },
-        {"density",        25          },
-        {"scale",          100         },
-        {"units",          1           },
-        {"fontSize",       72          },
-        {"xPos",           280.627441  },
-        {"yPos",           1.0 / 3     },
-    });
+    return {
+        .text = "Entwürfe",
+        .imageFileName = "a.png",
+        .imageFilePath = "/tmp/a.png",
+        .fontName = "ArialMT",
+        .xOffset = 0.1F,
+        .yOffset = -2,
+        .fontColor = {0.125F, 0.25F, 0.375F, 0.5F},
+        .wellColor = {0.625F, 0.75F, 0.875F, 1   },
+        .angle = 45,
+        .density = 25,
+        .scale = 100,
+        .units = 1,
+        .fontSize = 72,
+        .isText = true,
+        .xPosition = 280.627441,
+        .yPosition = 1.0 / 3,
+    };
 }
 
 TEST_F(WatermarkStore, GivesBackWhatItTookButTheFlag)
 {
+    const std::string file = TARVO_SOURCE_DIR "/tests/prefs/watermark.plist";
     Watermark watermark = Sample();
     ASSERT_TRUE(saveWatermarkData(folders_, File, watermark));
-    EXPECT_EQ(stored("Entwürfe"), SampleEntries());
+    fs::create_directories(folders_.user);
+    fs::copy_file(file, userPath("watermark.plist"));
+    EXPECT_EQ(CopyXMLData(folders_, File), CopyUserPreferences(folders_, "watermark.plist"));
     Watermark loaded;
-    loaded.isText = true;
     EXPECT_TRUE(loadWatermarkData(folders_, File, "Entwürfe", loaded));
     watermark.isText = false;
     EXPECT_EQ(loaded, watermark);
     ASSERT_TRUE(saveWatermarkData(folders_, File, watermark)); // a picture now
-    EXPECT_EQ(stored("a.png"), SampleEntries());
+    EXPECT_EQ(stored("a.png"), stored("Entwürfe"));
     EXPECT_FALSE(loadWatermarkData(folders_, File, "unknown", loaded));
     EXPECT_EQ(loaded, Watermark());
 }
@@ -136,17 +111,6 @@ TEST_F(WatermarkStore, KeepsFontsOnlyWhereAFileIs)
     EXPECT_TRUE(fs::exists(path()));
 }
 
-TEST_F(WatermarkStore, HasAListOfItsOwn)
-{
-    EXPECT_EQ(loadWatermarkList(folders_, File), std::nullopt);
-    ASSERT_TRUE(saveWatermarkList(folders_, File, {"b", "a"}));
-    EXPECT_EQ(loadWatermarkList(folders_, File), (std::vector<std::string>{"b", "a"}));
-    EXPECT_TRUE(CopyXMLData(folders_, File)->contains("WatermarkListEntries"));
-    put(path(), "<plist version=\"1.0\"><dict><key>WatermarkListEntries</key>"
-                "<array><true/><string>a</string></array></dict></plist>");
-    EXPECT_EQ(loadWatermarkList(folders_, File), std::vector<std::string>{"a"});
-}
-
 TEST_F(WatermarkStore, StartsWithThoseOfTheProduct)
 {
     const CFBundle bundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {"en"});
@@ -166,21 +130,26 @@ TEST_F(WatermarkStore, StartsWithThoseOfTheProduct)
     EXPECT_EQ(watermark.yPosition, 306.785675);
 }
 
-TEST_F(WatermarkStore, ReadsTheWholeListAtOnce)
+TEST_F(WatermarkStore, ListsThoseThatAreThereAndThoseThatAreGone)
 {
+    EXPECT_EQ(loadWatermarkList(folders_, File), std::nullopt);
     EXPECT_EQ(loadWatermarks(folders_, File, &failure_), std::nullopt);
     EXPECT_EQ(failure_.error, ENOENT);
     ASSERT_TRUE(saveWatermarkData(folders_, File, Sample()));
     EXPECT_TRUE(loadWatermarks(folders_, File)->empty()); // stored, but in no list
-    const std::string name = Sample().text;
-    ASSERT_TRUE(saveWatermarkList(folders_, File, {"gone", name}));
+    const std::vector<std::string> names = {"gone", Sample().text};
+    ASSERT_TRUE(saveWatermarkList(folders_, File, names));
+    EXPECT_EQ(*CopyXMLData(folders_, File)->get<CFArray>("WatermarkListEntries"),
+              CFArray(names.begin(), names.end()));
+    EXPECT_EQ(loadWatermarkList(folders_, File), names);
     const auto watermarks = loadWatermarks(folders_, File);
     ASSERT_EQ(watermarks->size(), 2U);
     EXPECT_EQ((*watermarks)[0].watermark, std::nullopt);
-    EXPECT_EQ((*watermarks)[1].name, name);
-    Watermark expected = Sample();
-    expected.isText = false;
-    EXPECT_EQ((*watermarks)[1].watermark, expected);
+    EXPECT_EQ((*watermarks)[1].name, names[1]);
+    EXPECT_EQ((*watermarks)[1].watermark->yPosition, Sample().yPosition);
+    put(path(), "<plist version=\"1.0\"><dict><key>WatermarkListEntries</key>"
+                "<array><true/><string>a</string></array></dict></plist>");
+    EXPECT_EQ(loadWatermarkList(folders_, File), std::vector<std::string>{"a"});
 }
 
 } // namespace

@@ -4,14 +4,14 @@
 #include "support/EchoBundle.h"
 #include "support/StockText.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <functional>
 
 namespace tarvo {
 namespace {
 
-using ::testing::ElementsAre;
+using Names = std::vector<std::string>;
 
 constexpr auto Job = JobContext::Job;
 constexpr auto Page = JobContext::Insert;
@@ -120,14 +120,13 @@ const CFBundle& Bundle()
 
 TEST(StockMenu, OffersTheSizeToPagesOnly)
 {
-    EXPECT_THAT(Texts(PopulateStockMenu(Bundle(), Page, Stock(), {})),
-                ElementsAre("<UseJobSetting>*", "<StockLibrary>", "-", "<StockSize>",
-                            "<StockColor>", "<StockType>", "<StockPunched>", "-",
-                            "<StockAdvanced...>"));
+    EXPECT_EQ(Texts(PopulateStockMenu(Bundle(), Page, Stock(), {})),
+              (Names{"<UseJobSetting>*", "<StockLibrary>", "-", "<StockSize>", "<StockColor>",
+                     "<StockType>", "<StockPunched>", "-", "<StockAdvanced...>"}));
     Stock stock;
-    EXPECT_THAT(Texts(PopulateStockMenu(Bundle(), Job, stock, {})),
-                ElementsAre("<Default Stock>", "<StockLibrary>", "-", "<StockColor>", "<StockType>",
-                            "<StockPunched>", "-", "<StockAdvanced...>"));
+    EXPECT_EQ(Texts(PopulateStockMenu(Bundle(), Job, stock, {})),
+              (Names{"<Default Stock>", "<StockLibrary>", "-", "<StockColor>", "<StockType>",
+                     "<StockPunched>", "-", "<StockAdvanced...>"}));
     DefaultStock(stock, Job);
     EXPECT_TRUE(PopulateStockMenu(Bundle(), Job, stock, {})[0].isChecked);
 }

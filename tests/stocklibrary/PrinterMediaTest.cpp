@@ -1,191 +1,147 @@
 #include "stocklibrary/PrinterMedia.h"
 
-#include "records/StockKeys.h"
+#include "support/StockText.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace tarvo {
 namespace {
 
 using Text = std::optional<std::string>;
 
-PrinterMedium MediumOfType(const char* type)
+constexpr std::pair<std::string_view, Text PrinterMedium::*> Texts[] = {
+    {"key",     &PrinterMedium::key         },
+    {"text",    &PrinterMedium::description },
+    {"color",   &PrinterMedium::color       },
+    {"type",    &PrinterMedium::type        },
+    {"printed", &PrinterMedium::prePrinted  },
+    {"again",   &PrinterMedium::recycled    },
+    {"front",   &PrinterMedium::frontCoating},
+    {"back",    &PrinterMedium::backCoating },
+    {"info",    &PrinterMedium::info        },
+};
+
+constexpr std::pair<std::string_view, std::optional<std::int32_t> PrinterMedium::*> Numbers[] = {
+    {"holes",  &PrinterMedium::holeCount },
+    {"count",  &PrinterMedium::orderCount},
+    {"weight", &PrinterMedium::weight    },
+    {"width",  &PrinterMedium::width     },
+    {"length", &PrinterMedium::length    },
+};
+
+// A medium from words such as "type=own count=5".
+PrinterMedium MediumOf(const char* text)
 {
     PrinterMedium medium;
-    medium.type = type;
+    std::istringstream words(text);
+    for (std::string word; words >> word;) {
+        const std::string name = word.substr(0, word.find('='));
+        const std::string value = word.substr(name.size() + 1);
+        for (const auto& [known, place] : Texts) {
+            medium.*place = name == known ? value : medium.*place;
+        }
+        for (const auto& [known, place] : Numbers) {
+            medium.*place = name == known ? std::stoi(value) : medium.*place;
+        }
+    }
     return medium;
 }
 
-CFDictionary Ticket(std::initializer_list<std::pair<const char*, CFPropertyList>> entries)
-{
-    CFDictionary ticket;
-    for (const auto& [key, value] : entries) {
-        ticket.set(key, value);
-    }
-    return ticket;
-}
-
-TEST(PrinterMedium, BecomesAStockWithEverythingThatItTells)
-{
-    PrinterMedium medium;
-    medium.key = "Gloss";
-    medium.description = "for covers";
-    medium.color = "Cream";
-    medium.type = "Company-Letter";
-    medium.frontCoating = "Glossy";
-    medium.backCoating = "none";
-    medium.info = "second drawer";
-    medium.holeCount = 3;
-    medium.weight = 170;
-    medium.width = 21600;
-    medium.length = 35600;
-    const Stock stock = StockOfMedium(medium);
-    EXPECT_EQ(stock.asTicket(), Ticket({
-                                    {"Size",          1               }, // the first row that is as wide
-                                    {"Type",          7               },
-                                    {"CustomType",    "Company-Letter"},
-                                    {"Color",         10              },
-                                    {"CustomColor",   "Cream"         },
-                                    {"Weight",        170             },
-                                    {"Punched",       2               },
-                                    {"Description",   "for covers"    },
-                                    {"SidesCoated",   2               },
-                                    {"kCoatingType",  1               },
-                                    {"CustomName",    "Gloss"         },
-                                    {"CustomComment", "second drawer" },
-    }));
-}
-
-TEST(PrinterMedium, LeavesUnsetWhatItDoesNotTell)
-{
-    Stock nothing;
-    nothing.setCoatingType(UnsetValue); // told by every medium, unlike a new stock's
-    EXPECT_EQ(StockOfMedium(PrinterMedium()), nothing);
-
-    PrinterMedium medium;
-    medium.weight = 0;
-    medium.width = 21000; // without a length
-    EXPECT_EQ(StockOfMedium(medium), nothing);
-    medium.length = -1;
-    EXPECT_EQ(StockOfMedium(medium).size(), 4);
-    medium.width = -1;
-    EXPECT_EQ(StockOfMedium(medium).size(), UnsetValue);
-}
+struct MediumCase {
+    const char* medium;
+    const char* stock;
+};
 
 // clang-format off
-constexpr struct TypeCase {
-    const char* type;
-    const char* prePrinted; // null: absent
-    const char* recycled;
-    int orderCount;         // 0: absent
-    int value;
-    const char* customType;
-    int modulus;            // 0: unset
-} Types[] = {
-    {"stationery",    "pre-printed", "none",     5, 1,  "",         0},
-    {"TRANSPARENCY",  nullptr,       nullptr,    0, 2,  "",         0},
-    {"tab-stock",     nullptr,       nullptr,    5, 24, "",         0},
-    {"pre-cut-tabs",  nullptr,       nullptr,    5, 4,  "",         5},
-    {"pre-cut-tabs",  nullptr,       nullptr,    0, 4,  "",         0},
-    {"custom7",       nullptr,       nullptr,    0, 21, "",         0},
-    {"own",           "Pre-Printed", "standard", 5, 3,  "",         0},
-    {"own",           "letter-head", nullptr,    0, 14, "",         0},
-    {"recycled",      "blank",       "standard", 0, 10, "",         0},
-    {"recycled",      nullptr,       "none",     5, 10, "",         0},
-    {"recycled",      nullptr,       nullptr,    0, 7,  "recycled", 0},
-    {"own",           "blank",       "other",    5, 6,  "",         5},
+constexpr MediumCase MediumCases[] = {
+    {"key=Gloss text=covers color=Cream type=Company-Letter front=Glossy back=none info=drawer holes=3 weight=170 width=21600 length=35600",
+     "Size=1 Type=7 CustomType=Company-Letter Color=10 CustomColor=Cream Weight=170 Punched=2 "
+     "Description=covers SidesCoated=2 kCoatingType=1 CustomName=Gloss CustomComment=drawer"},
+    // What it does not tell is unset.
+    {"",                                                "" },
+    {"weight=0 width=21000",                            "" },
+    {"weight=0 length=-1",                              "" },
+    // The first size that is as wide counts, then the first that is as long; none when both are unknown.
+    {"width=21000 length=-1",                           "Size=4" },
+    {"width=-1 length=-1",                              "" },
+    {"type=envelope width=22000 length=31200",          "Size=24 Type=8" },
+    {"type=envelope width=0 length=31200",              "Size=75 Width=unset Length=unset Type=8" },
+    // A type goes by its name, else by what else the medium tells.
+    {"type=stationery printed=pre-printed again=none count=5", "Type=1" },
+    {"type=TRANSPARENCY",                               "Type=2 Color=6" },
+    {"type=transparency color=red",                     "Type=2 Color=6" },
+    {"type=tab-stock count=5",                          "Type=24" },
+    {"type=pre-cut-tabs count=5",                       "Type=4 Modulus=5" },
+    {"type=pre-cut-tabs",                               "Type=4" },
+    {"type=custom7",                                    "Type=21" },
+    {"type=own printed=Pre-Printed again=standard count=5", "Type=3" },
+    {"type=own printed=letter-head",                    "Type=14" },
+    {"type=recycled printed=blank again=standard",      "Type=10" },
+    {"type=recycled again=none count=5",                "Type=10" },
+    {"type=recycled",                                   "Type=7 CustomType=recycled" },
+    {"type=own printed=blank again=other count=5",      "Type=6 Modulus=5" },
+    {"color=white",                                     "Color=1" },
+    {"color=No-Color",                                  "Color=6" },
+    {"color=gray",                                      "Color=12" },
+    {"color=other",                                     "Color=14" },
+    {"color=custom1",                                   "Color=15" },
+    {"color=custom7",                                   "Color=21" },
+    {"color=custom8",                                   "Color=10 CustomColor=custom8" },
+    {"color=",                                          "Color=10" },
+    {"holes=0",                                         "Punched=1" },
+    {"holes=1",                                         "" },
+    {"holes=2",                                         "Punched=2" },
+    {"holes=4",                                         "Punched=2" },
+    {"holes=5",                                         "" },
 };
 // clang-format on
 
-TEST(PrinterMedium, HasATypeByItsNameOrByWhatElseItTells)
+TEST(PrinterMedium, BecomesAStockWithWhatItTells)
 {
-    for (const auto& row : Types) {
-        SCOPED_TRACE(row.type);
-        PrinterMedium medium = MediumOfType(row.type);
-        medium.prePrinted = row.prePrinted == nullptr ? Text() : row.prePrinted;
-        medium.recycled = row.recycled == nullptr ? Text() : row.recycled;
-        if (row.orderCount != 0) {
-            medium.orderCount = row.orderCount;
-        }
-        const Stock stock = StockOfMedium(medium);
-        EXPECT_EQ(stock.type(), row.value);
-        EXPECT_EQ(stock.customType(), row.customType);
-        EXPECT_EQ(stock.modulus(), row.modulus == 0 ? UnsetValue : row.modulus);
+    for (const auto& row : MediumCases) {
+        const Stock stock = StockOfMedium(MediumOf(row.medium));
+        EXPECT_EQ(StockText(stock), row.stock) << row.medium;
     }
-}
-
-TEST(PrinterMedium, HasAColorByName)
-{
-    const std::pair<const char*, int> cases[] = {
-        {"white",    1 },
-        {"No-Color", 6 },
-        {"gray",     12},
-        {"other",    14},
-        {"custom1",  15},
-        {"custom7",  21},
-        {"custom8",  10},
-        {"",         10}
-    };
-    for (const auto& [name, value] : cases) {
-        EXPECT_EQ(convertTPIFColorToIndex(name), value) << name;
-    }
-    PrinterMedium medium = MediumOfType("transparency");
-    medium.color = "red";
-    EXPECT_EQ(StockOfMedium(medium).color(), ClearStockColor);
-}
-
-TEST(PrinterMedium, IsPunchedByItsHoles)
-{
-    const std::pair<int, int> cases[] = {
-        {0, 1         },
-        {1, UnsetValue},
-        {2, 2         },
-        {4, 2         },
-        {5, UnsetValue}
-    };
-    for (const auto& [holes, value] : cases) {
-        PrinterMedium medium;
-        medium.holeCount = holes;
-        EXPECT_EQ(StockOfMedium(medium).punched(), value) << holes;
-    }
+    Stock nothing;
+    nothing.setCoatingType(UnsetValue); // told by every medium, unlike a new stock's
+    EXPECT_EQ(StockOfMedium(PrinterMedium()), nothing);
 }
 
 constexpr int Same = -7; // what stood there before
 
-// front, back, sides, coating
-const std::tuple<Text, Text, int, int> Coatings[] = {
-    {Text(),       Text(),       Same, Same      },
-    {"None",       "none",       1,    UnsetValue},
-    {"Glossy",     "matte",      3,    1         },
-    {"high-gloss", "none",       2,    2         },
-    {"satin",      Text(),       2,    4         },
-    {"none",       "matte",      2,    5         },
-    {Text(),       "semi-gloss", 2,    3         },
-    {"waxed",      Text(),       2,    UnsetValue},
-    {"none",       Text(),       Same, Same      },
-    {Text(),       "none",       Same, Same      },
+struct CoatingCase {
+    const char* medium;
+    int sides;
+    int coating;
+};
+
+constexpr CoatingCase CoatingCases[] = {
+    {"",                           Same, Same      },
+    {"front=None back=none",       1,    UnsetValue},
+    {"front=Glossy back=matte",    3,    1         },
+    {"front=high-gloss back=none", 2,    2         },
+    {"front=satin",                2,    4         },
+    {"front=none back=matte",      2,    5         },
+    {"back=semi-gloss",            2,    3         },
+    {"front=waxed",                2,    UnsetValue},
+    {"front=none",                 Same, Same      },
+    {"back=none",                  Same, Same      },
 };
 
 TEST(PrinterMedium, IsCoatedOnTheSidesThatItTells)
 {
-    for (const auto& [front, back, sides, coating] : Coatings) {
-        SCOPED_TRACE(front.value_or("-") + " " + back.value_or("-"));
-        std::int32_t sidesCoated = Same;
-        std::int32_t coatingType = Same;
-        convertTPIFSidesCoatedAndCoatingType(front, back, sidesCoated, coatingType);
-        EXPECT_EQ(sidesCoated, sides);
-        EXPECT_EQ(coatingType, coating);
+    for (const auto& row : CoatingCases) {
+        SCOPED_TRACE(row.medium);
+        const PrinterMedium medium = MediumOf(row.medium);
+        std::int32_t sides = Same;
+        std::int32_t coating = Same;
+        convertTPIFSidesCoatedAndCoatingType(medium.frontCoating, medium.backCoating, sides,
+                                             coating);
+        EXPECT_EQ(sides, row.sides);
+        EXPECT_EQ(coating, row.coating);
     }
-}
-
-TEST(PrinterMedium, IsAnEnvelopeOfTheEnvelopesSizes)
-{
-    PrinterMedium medium = MediumOfType("envelope");
-    medium.width = 22000;
-    medium.length = 31200;
-    EXPECT_EQ(StockOfMedium(medium).size(), 24); // the first row that is 220 mm wide
-    medium.width = 0;
-    EXPECT_EQ(StockOfMedium(medium).size(), CustomStockSize);
 }
 
 } // namespace

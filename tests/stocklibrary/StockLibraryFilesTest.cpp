@@ -73,6 +73,9 @@ TEST_F(StockLibraryFiles, AreMadeByLookingAtThem)
 TEST_F(StockLibraryFiles, BeginWithWhatTheSiteGives)
 {
     put(sitePath("TarvoFeatures.plist", 1), SiteDefaults);
+    StockLibraryList{folders_};
+    EXPECT_THAT(keys(), ElementsAre("StockList", "StockMenuList", "Preferences"));
+    fs::remove(path());
     {
         StockLibraryList list(folders_);
         EXPECT_EQ(list.stockList().size(), 1U);

@@ -15,6 +15,8 @@ bool EqualNumbers(std::int64_t integer, double real)
 
 } // namespace
 
+template class OrderedMap<CFPropertyList>;
+
 bool CFDictionary::operator==(const CFDictionary& other) const
 {
     if (size() != other.size()) {
@@ -36,6 +38,12 @@ bool CFDictionary::isTrue(std::string_view key) const
     const bool* value = get<bool>(key);
     return value != nullptr && *value;
 }
+
+CFPropertyList::CFPropertyList(const CFPropertyList& other) = default;
+CFPropertyList::CFPropertyList(CFPropertyList&& other) noexcept = default;
+CFPropertyList& CFPropertyList::operator=(const CFPropertyList& other) = default;
+CFPropertyList& CFPropertyList::operator=(CFPropertyList&& other) noexcept = default;
+CFPropertyList::~CFPropertyList() = default;
 
 const char* CFPropertyList::kindName() const
 {

@@ -77,6 +77,13 @@ public:
     CFPropertyList(CFArray value) : value_(std::move(value)) {}
     CFPropertyList(CFDictionary value) : value_(std::move(value)) {}
 
+    // Made once, in the source: nearly everything includes this, and they are long.
+    CFPropertyList(const CFPropertyList& other);
+    CFPropertyList(CFPropertyList&& other) noexcept;
+    CFPropertyList& operator=(const CFPropertyList& other);
+    CFPropertyList& operator=(CFPropertyList&& other) noexcept;
+    ~CFPropertyList();
+
     /// @return the value when it is of that type (bool, std::int64_t, double, std::string, CFData,
     /// CFDate, CFArray or CFDictionary), borrowed; else null
     template <typename Type>
@@ -115,6 +122,8 @@ std::optional<std::int32_t> Int32Value(const CFPropertyList* value);
 
 /// Whether the value is a number other than zero, whatever its range; null is not.
 bool IsNonZeroNumber(const CFPropertyList* value);
+
+extern template class OrderedMap<CFPropertyList>;
 
 template <typename Type>
 const Type* CFDictionary::get(std::string_view key) const

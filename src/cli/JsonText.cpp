@@ -1,0 +1,12 @@
+#include "cli/JsonText.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tarvo {
+
+std::string JsonText(const nlohmann::ordered_json& json, int indent)
+{
+    return json.dump(indent, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+}
+
+} // namespace tarvo
