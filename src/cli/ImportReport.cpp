@@ -2,6 +2,7 @@
 
 #include "cli/Messages.h"
 #include "platform/text/Utf8.h"
+#include "platform/text/WhiteSpace.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFWriter.h"
 
@@ -16,15 +17,6 @@ namespace tarvo {
 namespace {
 
 using Element = ImportReport::Element;
-
-std::string Trimmed(const std::string& text)
-{
-    constexpr const char* Blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string::npos
-               ? ""
-               : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
 
 // The elements of a document that hold no others, in its order.
 class ElementList : public XmlEvents {
@@ -41,7 +33,7 @@ public:
     std::string endElement() override
     {
         if (isLeaf_) {
-            elements.push_back({line_, path_, Trimmed(text_)});
+            elements.push_back({line_, path_, std::string(Trimmed(text_))});
         }
         isLeaf_ = false;
         path_.resize(lengths_.back());

@@ -1,6 +1,7 @@
 #include "tpif/TPIFFeatureReader.h"
 
 #include "platform/text/Utf8.h"
+#include "platform/text/WhiteSpace.h"
 #include "printer/FeatureDatabase.h"
 #include "tpif/TPIFMaps.h"
 
@@ -109,15 +110,6 @@ std::vector<std::string_view> LostWordsOf(const TPIFFeature& feature)
         }
     }
     return lost;
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view Blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string_view::npos
-               ? ""
-               : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 std::optional<std::int32_t> NumberOf(std::string_view text)
