@@ -1,11 +1,14 @@
 #include "tpif/TPIFImportFinishing.h"
 
+#include "settings/FinishingMaps.h"
 #include "settings/TicketKeys.h"
 
 #include <algorithm>
 
 namespace tarvo {
 namespace {
+
+namespace Family = FinishingFamily;
 
 // The entry that a keyword of the set chooses in; the first row whose beginning it has decides.
 struct PartRow {
@@ -36,9 +39,6 @@ constexpr std::string_view PartKeys[] = {Staple1ValueKey, Staple2ValueKey, Stapl
                                          ZFoldValueKey};
 constexpr std::string_view StapleKeys[] = {Staple1ValueKey, Staple2ValueKey, StapleCenterValueKey};
 
-constexpr std::int32_t UnknownPunchPosition = 49;
-constexpr std::int32_t DefaultHoles = 4; // three holes
-
 std::int32_t NumberOf(const CFDictionary& dictionary, std::string_view key)
 {
     return dictionary.int32(key).value_or(0);
@@ -50,36 +50,34 @@ bool HasStaple(const CFDictionary& parts)
                        [&](std::string_view key) { return NumberOf(parts, key) != 0; });
 }
 
-// A family and the range of choices in one entry that it stands for.
+// A family and the choices in one entry that it stands for.
 struct FamilyRow {
     std::string_view key;
-    std::int32_t first;
-    std::int32_t last;
+    const SettingMap* choices; // null: any
     std::int32_t family;
 };
 
-constexpr std::int32_t AnyChoice = 1'000'000;
-
 // Of a set with parts of one kind; the first row that holds decides.
 constexpr FamilyRow Families[] = {
-    {Staple1ValueKey,      1,  AnyChoice, 4 },
-    {Staple2ValueKey,      1,  AnyChoice, 9 },
-    {StapleCenterValueKey, 1,  AnyChoice, 25},
-    {HolePunchValueKey,    1,  AnyChoice, 30},
-    {ZFoldValueKey,        1,  AnyChoice, 36},
-    {FoldValueKey,         19, 20,        18}, // simple
-    {FoldValueKey,         41, 48,        40}, // advanced
-    {BindValueKey,         1,  AnyChoice, 14},
-    {BookletFoldStapleKey, 7,  8,         24},
+    {Staple1ValueKey,      nullptr,               Family::OneStaple   },
+    {Staple2ValueKey,      nullptr,               Family::TwoStaples  },
+    {StapleCenterValueKey, nullptr,               Family::CenterStaple},
+    {HolePunchValueKey,    nullptr,               Family::HolePunch   },
+    {ZFoldValueKey,        nullptr,               Family::ZFold       },
+    {FoldValueKey,         FoldMap,               Family::Fold        },
+    {FoldValueKey,         ComplexBookletFoldMap, Family::AdvancedFold},
+    {FoldValueKey,         ComplexFoldMap,        Family::AdvancedFold},
+    {BindValueKey,         nullptr,               Family::Bind        },
+    {BookletFoldStapleKey, BookletFoldMap,        Family::Booklet     },
 };
 
 std::optional<std::int32_t> CombinedFamily(bool isStapled, bool isPunched, bool isZFolded)
 {
     if (isStapled && isPunched) {
-        return isZFolded ? 50 : 49;
+        return isZFolded ? Family::StaplesHolesAndZFold : Family::StaplesAndHoles;
     }
     if (isZFolded && (isStapled || isPunched)) {
-        return isStapled ? 51 : 52;
+        return isStapled ? Family::StaplesAndZFold : Family::HolesAndZFold;
     }
     return std::nullopt;
 }
@@ -93,7 +91,9 @@ std::optional<std::int32_t> FamilyOf(const CFDictionary& parts)
     }
     for (const FamilyRow& row : Families) {
         const std::int32_t choice = NumberOf(parts, row.key);
-        if (choice >= row.first && choice <= row.last) {
+        const bool isRows =
+            row.choices == nullptr || LocalizedKeyForTicketValue(row.choices, choice) != nullptr;
+        if (choice != 0 && isRows) {
             return row.family;
         }
     }
@@ -144,7 +144,7 @@ void TPIFFinishingImport::store(CFDictionary& result) const
         result.set(key, NumberOf(parts_, key));
     }
     if (isUnknownPosition) {
-        result.set(HolePunchValueKey, UnknownPunchPosition);
+        result.set(HolePunchValueKey, DriversPunchPosition);
     }
     const bool isPunched = isUnknownPosition || hasPosition;
     result.set(HolePunchOptionsKey,
