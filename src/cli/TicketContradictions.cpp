@@ -125,8 +125,9 @@ void CheckForms(const TicketPlace& ticket, Findings& findings)
         findings.note(forms->finding(UseExistingFormKey, Needs(use, MergeWithStringKey)));
     }
     if (hasForm && !merges) {
-        findings.note(
-            forms->finding(MergeWithStringKey, "needs " + std::string(UseExistingFormKey) + " 2"));
+        findings.note(forms->finding(
+            MergeWithStringKey, "needs " + std::string(UseExistingFormKey) + " " +
+                                    std::to_string(static_cast<std::int32_t>(FormUse::Merge))));
     }
 }
 

@@ -11,8 +11,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t NewForm = 1;
-constexpr std::int32_t ExistingForm = 2;
 constexpr std::int32_t Independent = 1; // side 2 of side 1
 
 bool StoreNumber(const TPIFFeatureReader& feature, const TPIFImportGroup& group, std::size_t path,
@@ -127,7 +125,8 @@ void ImportBackgroundForms(const TPIFImportFeatures& features, const TPIFImportG
     if (!isMerged && !isSaved) {
         return;
     }
-    dictionary.set(UseExistingFormKey, isMerged ? ExistingForm : NewForm);
+    const FormUse use = isMerged ? FormUse::Merge : FormUse::None;
+    dictionary.set(UseExistingFormKey, static_cast<std::int32_t>(use));
     StoreNumber(features.named("FormCycleStart"), group, 0, forms, CyclePagesKey);
     StoreNumber(features.named("FormXShift"), group, 0, forms, ShiftX1Key);
     StoreNumber(features.named("FormYShift"), group, 0, forms, ShiftY1Key);

@@ -10,8 +10,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t OrderedStock = 6; // under a name of the user's
-constexpr std::int32_t CustomStock = 7;  // likewise, without a count
 constexpr std::int32_t Envelope = 8;
 constexpr std::int32_t EnvelopeSize = 25; // 6 x 9 in, as the postcard before it in the table
 constexpr std::int32_t Uncoated = 0;      // of a side
@@ -109,7 +107,7 @@ void TPIFStockReader::readType(const TPIFImportGroup& group, TPIFImportTarget& s
         return;
     }
     const bool isOrdered = orderCount_.value(group).has_value();
-    stock.set(StockTypeKey, isOrdered ? OrderedStock : CustomStock, {node});
+    stock.set(StockTypeKey, isOrdered ? OrderedStockType : CustomStockType, {node});
     if (!type->name.empty()) { // an empty one is the driver's name of a type
         stock.set(StockCustomTypeKey, type->name, {node});
     }
