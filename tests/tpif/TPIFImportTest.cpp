@@ -213,6 +213,31 @@ TEST(ImportFeatures, AreThoseOfTheDatabase)
     EXPECT_TRUE(Imported(TPIFImportFeatures(FeatureDatabase()), rgb("name", "y")).empty());
 }
 
+TEST(ImportFeatures, OfNumbersMayHaveAKeywordForNone)
+{
+    const CFDictionary asked = Dictionary({
+        {"TPIF", true}
+    });
+    const CFDictionary keywords = Dictionary({
+        {"Keyword", Dictionary({{"PrinterDefault", Word("PrinterDefault", "any", false)}})}
+    });
+    const CFDictionary stock = Dictionary({
+        {"Weight", UnsetValue}
+    });
+    // feature, members of the job, result
+    const std::tuple<const char*, const char*, CFDictionary> rows[] = {
+        {"StockWeight",
+         "<media-col><media-weight-metric syntax='keyword'>any</media-weight-metric></media-col>", Dictionary({{JobLevelStockKey, stock}})     },
+        {"LightenDarken",
+         "<adjust-bw-darkness-value syntax='keyword'>any</adjust-bw-darkness-value>",              Dictionary({{LightenDarkenKey, UnsetValue}})},
+    };
+    for (const auto& [feature, members, result] : rows) {
+        SCOPED_TRACE(feature);
+        const FeatureDatabase database(Profile(feature, asked, keywords));
+        EXPECT_EQ(Imported(TPIFImportFeatures(database), Job(members)), result);
+    }
+}
+
 std::string Line(const TPIFImportStep& step)
 {
     static constexpr const char* Outcomes[] = {"taken", "ignored", "refused", "lost"};
