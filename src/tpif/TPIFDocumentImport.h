@@ -23,29 +23,36 @@ public:
     CFDictionary takeResult() &&;
 
 private:
+    using Place = TPIFImportPaths::Place;
+
     // An element that is open. One that nothing asks for has no place.
     struct OpenElement {
-        std::optional<std::size_t> place;
-        std::optional<std::size_t> around; // the place that its members are looked for in
-        TPIFImportGroup* group = nullptr;  // of its members
+        const Place* place = nullptr;
+        const Place* around = nullptr;    // that its members are looked for in
+        TPIFImportGroup* group = nullptr; // of its members
         TPIFImportNode* node = nullptr;
         std::size_t number = 0; // in the document
-        std::size_t line = 0;   // this and the next two are for an observer
-        std::size_t pathLength = 0;
-        const char* whyIgnored = nullptr; // of an element inside one that is ignored
         bool hasElements = false;
         bool opensGroup = false;
     };
+    // What an observer is told of it.
+    struct ShownElement {
+        std::size_t line = 0;
+        std::size_t pathLength = 0;       // before it
+        const char* whyIgnored = nullptr; // it or one around it
+    };
 
-    bool isWanted(std::size_t place, const OpenElement& parent);
-    void enter(OpenElement& element, const OpenElement& parent, const XmlElement& start);
-    void open(OpenElement& element);
-    std::string keysOf(std::size_t place) const;
+    // Each returns why the element is ignored; null when it is not.
+    const char* startMember(OpenElement& element, const XmlElement& start);
+    const char* startNode(OpenElement& element, const XmlElement& start);
+    bool isFirst(const Place& place, const OpenElement& parent);
+    void openGroup(OpenElement& element);
+    std::string keysOf(const Place& place) const;
+    void show(const XmlElement& start);
     void endMember(const OpenElement& element);
     void endGroup(const OpenElement& element);
     void endJob(const TPIFImportGroup& group);
-    void tellIgnored(const OpenElement& element);
-    bool isSlotOf(const TPIFFeatureReader& feature, std::size_t place) const;
+    void tellIgnored();
 
     const TPIFImportFeatures& features_;
     const TPIFImportPaths& paths_;
@@ -62,6 +69,7 @@ private:
     CFDictionary result_;
 
     std::vector<OpenElement> open_;
+    std::vector<ShownElement> shown_;       // likewise; empty without an observer
     std::vector<std::size_t> firstParents_; // of each place, the number of its first one's parent
     std::vector<TPIFImportNode*> texts_;    // of open elements
     std::size_t elements_ = 0;
