@@ -47,10 +47,6 @@ std::string TPIFDocumentImport::startElement(const XmlElement& start)
     if (observer_ != nullptr && shown_.back().whyIgnored == nullptr) {
         shown_.back().whyIgnored = whyIgnored;
     }
-    if (pages_.count() > TPIFImportMaximumPages) {
-        return "more than " + std::to_string(TPIFImportMaximumPages) +
-               " inserts and exception pages";
-    }
     return "";
 }
 
@@ -172,7 +168,9 @@ std::string TPIFDocumentImport::endElement()
         shown_.pop_back();
         ignored_.clear();
     }
-    return "";
+    return pages_.count() * TPIFImportPageMemory > TPIFImportPagesMemory + 2 * bytes_
+               ? "too many inserts and exception pages for so short a document"
+               : "";
 }
 
 void TPIFDocumentImport::endMember(const OpenElement& element)

@@ -15,6 +15,9 @@ public:
     /// @param observer  null: nobody wants to know
     TPIFDocumentImport(const TPIFImportFeatures& features, const TPIFImportObserver* observer);
 
+    /// To be told of the bytes that the elements are read from, before these.
+    void take(std::size_t bytes) { bytes_ += bytes; }
+
     std::string startElement(const XmlElement& element) override;
     std::string endElement() override;
     void characters(std::string_view text) override;
@@ -73,8 +76,9 @@ private:
     std::vector<std::size_t> firstParents_; // of each place, the number of its first one's parent
     std::vector<TPIFImportNode*> texts_;    // of open elements
     std::size_t elements_ = 0;
-    std::string path_;    // of the element that is open, for an observer
-    std::string ignored_; // text of the last one that nothing is made of, likewise
+    std::size_t bytes_ = 0; // of the document so far
+    std::string path_;      // of the element that is open, for an observer
+    std::string ignored_;   // text of the last one that nothing is made of, likewise
 };
 
 } // namespace tarvo
