@@ -1,5 +1,6 @@
 #include "tpif/TPIFDocumentImport.h"
 
+#include "records/SpecialPageKeys.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFImport.h"
 #include "tpif/TPIFImportJob.h"
@@ -11,6 +12,7 @@ using Scope = TPIFImportScope;
 
 constexpr const char* NobodyAsks = "nothing asks for it";
 constexpr const char* EarlierCounts = "an earlier one counts";
+constexpr const char* HoldsNothing = "it holds nothing";
 
 } // namespace
 
@@ -30,7 +32,6 @@ TPIFDocumentImport::TPIFDocumentImport(const TPIFImportFeatures& features,
 {
     OpenElement document;
     document.around = &paths_.root(Scope::Document);
-    document.number = ++elements_;
     open_.push_back(document);
     shown_.emplace_back();
 }
@@ -80,8 +81,8 @@ const char* TPIFDocumentImport::startMember(OpenElement& element, const XmlEleme
 // Of a set or a group only the first counts, and where they repeat, its siblings.
 bool TPIFDocumentImport::isFirst(const Place& place, const OpenElement& parent)
 {
-    std::size_t& first = firstParents_[place.index];
-    const bool isFirst = first == 0;
+    auto& first = firstParents_[place.index];
+    const bool isFirst = !first;
     if (isFirst) {
         first = parent.number;
     }
@@ -101,6 +102,7 @@ const char* TPIFDocumentImport::startNode(OpenElement& element, const XmlElement
     }
     node.syntax = TPIFImportGetNodeSyntax(start.attribute("syntax"));
     if (observer_ != nullptr) {
+        node.element = element.number;
         node.line = start.line();
         node.path = path_;
     }
@@ -159,9 +161,10 @@ std::string TPIFDocumentImport::endElement()
             endMember(element);
         }
     } else if (element.opensGroup) {
+        tellEmptyGroup(element);
         endGroup(element);
     } else if (observer_ != nullptr && !element.hasElements) {
-        tellIgnored();
+        tellIgnored(element);
     }
     if (observer_ != nullptr) {
         path_.resize(shown_.back().pathLength);
@@ -208,7 +211,7 @@ void TPIFDocumentImport::endGroup(const OpenElement& element)
     case Scope::Document:
         break;
     }
-    group.tellRest();
+    group.tellRest("nothing is made of it");
 }
 
 void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
@@ -219,6 +222,7 @@ void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
     }
     finishing_.store(result_);
     ComputeFinishingOptionKey(result_);
+    finishing_.tell(group, result_);
     offset_.store(group, result_);
     oneToOne_.readJob(group, result_);
     ImportJobType(features_, group, result_);
@@ -233,16 +237,41 @@ void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
     ImportBackgroundForms(features_, group, result_);
 }
 
-void TPIFDocumentImport::tellIgnored()
+void TPIFDocumentImport::tellIgnored(const OpenElement& element)
 {
     const ShownElement& shown = shown_.back();
-    const char* reason = shown.whyIgnored != nullptr ? shown.whyIgnored : "it holds nothing";
-    (*observer_)({TPIFImportOutcome::Ignored, path_, shown.line, ignored_, "", nullptr, reason});
+    const char* reason = shown.whyIgnored != nullptr ? shown.whyIgnored : HoldsNothing;
+    (*observer_)({TPIFImportOutcome::Ignored, path_, element.number, shown.line, ignored_, "",
+                  nullptr, reason});
+}
+
+// A cover, an insert or a page without anything is one all the same.
+void TPIFDocumentImport::tellEmptyGroup(const OpenElement& element)
+{
+    if (observer_ == nullptr || element.hasElements) {
+        return;
+    }
+    TPIFImportNode node;
+    node.element = element.number;
+    node.line = shown_.back().line;
+    node.path = path_;
+    node.text = ignored_;
+    switch (*element.place->opens) {
+    case Scope::Cover:
+        element.group->tellTaken(node, StartPageKey, 0);
+        break;
+    case Scope::Insert:
+    case Scope::Page:
+        element.group->tellTaken(node, StartPageKey, 1);
+        break;
+    default:
+        element.group->tellIgnored(&node, HoldsNothing);
+    }
 }
 
 CFDictionary TPIFDocumentImport::takeResult() &&
 {
-    std::move(pages_).store(result_);
+    std::move(pages_).store(job_, result_);
     return std::move(result_);
 }
 

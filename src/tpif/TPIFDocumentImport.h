@@ -34,7 +34,7 @@ private:
         const Place* around = nullptr;    // that its members are looked for in
         TPIFImportGroup* group = nullptr; // of its members
         TPIFImportNode* node = nullptr;
-        std::size_t number = 0; // in the document
+        std::size_t number = 0; // in the document, the root's being 1
         bool hasElements = false;
         bool opensGroup = false;
     };
@@ -55,7 +55,8 @@ private:
     void endMember(const OpenElement& element);
     void endGroup(const OpenElement& element);
     void endJob(const TPIFImportGroup& group);
-    void tellIgnored();
+    void tellIgnored(const OpenElement& element);
+    void tellEmptyGroup(const OpenElement& element);
 
     const TPIFImportFeatures& features_;
     const TPIFImportPaths& paths_;
@@ -72,9 +73,10 @@ private:
     CFDictionary result_;
 
     std::vector<OpenElement> open_;
-    std::vector<ShownElement> shown_;       // likewise; empty without an observer
-    std::vector<std::size_t> firstParents_; // of each place, the number of its first one's parent
-    std::vector<TPIFImportNode*> texts_;    // of open elements
+    std::vector<ShownElement> shown_; // likewise; empty without an observer
+    std::vector<std::optional<std::size_t>>
+        firstParents_;                   // of each place, the number of its first one's parent
+    std::vector<TPIFImportNode*> texts_; // of open elements
     std::size_t elements_ = 0;
     std::size_t bytes_ = 0; // of the document so far
     std::string path_;      // of the element that is open, for an observer

@@ -39,6 +39,8 @@ constexpr std::string_view PartKeys[] = {Staple1ValueKey, Staple2ValueKey, Stapl
                                          ZFoldValueKey};
 constexpr std::string_view StapleKeys[] = {Staple1ValueKey, Staple2ValueKey, StapleCenterValueKey};
 
+constexpr const char* SaidBefore = "it is said before";
+
 std::int32_t NumberOf(const CFDictionary& dictionary, std::string_view key)
 {
     return dictionary.int32(key).value_or(0);
@@ -120,9 +122,45 @@ void TPIFFinishingImport::add(const TPIFImportGroup& group, const TPIFImportNode
         group.tell(TPIFImportOutcome::Lost, value, "no ticket entry stands for it");
         return;
     }
-    hasTwice_ = !keywords_.insert(finishing->keyword).second || hasTwice_;
+    const bool isRepeated = !keywords_.insert(finishing->keyword).second;
+    hasTwice_ = isRepeated || hasTwice_;
+    if (group.isObserved()) {
+        const bool isSaidAgain = isRepeated && parts_.int32(part->key) == finishing->number;
+        keep(group, value, isSaidAgain ? repeated_ : lastOfParts_[part->key]);
+    }
     parts_.set(part->key, finishing->number);
-    group.tellTaken(value, part->key, finishing->number);
+}
+
+// What a value comes to is known when the set is whole.
+void TPIFFinishingImport::keep(const TPIFImportGroup& group, const TPIFImportNode& value,
+                               std::optional<TPIFImportNode>& kept)
+{
+    if (kept) {
+        group.tellIgnored(&*kept, "a later one of its kind counts");
+    }
+    kept = value;
+}
+
+void TPIFFinishingImport::tell(const TPIFImportGroup& group, const CFDictionary& result) const
+{
+    const bool isUnknownPosition = result.int32(HolePunchValueKey) == DriversPunchPosition;
+    for (const auto& [key, node] : lastOfParts_) {
+        const std::int32_t choice = NumberOf(parts_, key);
+        if (result.int32(key) != choice) {
+            group.tellIgnored(&*node, "the values beside it decide");
+            continue;
+        }
+        group.tellTaken(*node, key, choice);
+        if (key == HolePunchOptionsKey && isUnknownPosition &&
+            !parts_.contains(HolePunchValueKey)) {
+            group.tellTaken(*node, HolePunchValueKey, DriversPunchPosition);
+        }
+    }
+    if (repeated_ && isUnknownPosition) {
+        group.tellTaken(*repeated_, HolePunchValueKey, DriversPunchPosition);
+    } else if (repeated_) {
+        group.tellIgnored(&*repeated_, SaidBefore);
+    }
 }
 
 bool TPIFFinishingImport::isBesideStapleOrZFold() const
@@ -175,19 +213,20 @@ TPIFOffsetImport::TPIFOffsetImport(const TPIFImportFeatures& features)
 void TPIFOffsetImport::add(const TPIFImportGroup& group, const TPIFImportNode& value)
 {
     if (const auto member = offset_.valueOf(group, &value)) {
-        members_.insert(member->number);
-        group.tellTaken(value, OffsetKey, member->number + 2);
+        if (!members_.try_emplace(member->number, value).second) {
+            group.tellIgnored(&value, SaidBefore);
+        }
     }
 }
 
 // None 2, each set 3, each subset 4, both 5. None beside another says nothing.
 std::optional<std::int32_t> TPIFOffsetImport::offset() const
 {
-    static const std::set<std::int32_t> Both = {1, 2};
     if (members_.size() == 1) {
-        return 2 + *members_.begin();
+        return 2 + members_.begin()->first;
     }
-    return members_ == Both ? std::optional(5) : std::nullopt;
+    const bool isBoth = members_.size() == 2 && members_.contains(1) && members_.contains(2);
+    return isBoth ? std::optional(5) : std::nullopt;
 }
 
 void TPIFOffsetImport::store(const TPIFImportGroup& group, CFDictionary& result) const
@@ -196,6 +235,13 @@ void TPIFOffsetImport::store(const TPIFImportGroup& group, CFDictionary& result)
     const auto given = offset();
     if (given) {
         result.set(OffsetKey, *given);
+    }
+    for (const auto& [number, node] : members_) {
+        if (given) {
+            group.tellTaken(node, OffsetKey, *given);
+        } else {
+            group.tell(TPIFImportOutcome::Lost, node, "no ticket value stands for all of the set");
+        }
     }
     TPIFImportTarget target(result, group);
     for (const std::size_t path : {0U, 1U}) { // alone, or as the set's value
