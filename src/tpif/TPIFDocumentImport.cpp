@@ -64,6 +64,10 @@ const char* TPIFDocumentImport::startMember(OpenElement& element, const XmlEleme
     const Place* place =
         parent.around == nullptr ? nullptr : paths_.find(*parent.around, start.name());
     if (place == nullptr) {
+        if (element.number == 1) {
+            remark_ = {start.line(), "no document to import: the root element is \"" +
+                                         std::string(start.name()) + '"'};
+        }
         return NobodyAsks;
     }
     if ((place->repeats || place->opens) && !isFirst(*place, parent)) {

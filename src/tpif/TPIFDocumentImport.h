@@ -22,6 +22,9 @@ public:
     std::string endElement() override;
     void characters(std::string_view text) override;
 
+    /// Why there is nothing to import: the root is another one. Empty when it is ours.
+    const ParseError& remark() const { return remark_; }
+
     /// What the whole document gives, to be called behind its end.
     CFDictionary takeResult() &&;
 
@@ -71,6 +74,7 @@ private:
     TPIFOneToOneImport oneToOne_;
     TPIFFullColorImport fullColor_;
     CFDictionary result_;
+    ParseError remark_;
 
     std::vector<OpenElement> open_;
     std::vector<ShownElement> shown_; // likewise; empty without an observer

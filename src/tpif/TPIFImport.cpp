@@ -30,6 +30,7 @@ OSStatus TPIFImportDocument(const TPIFImportFeatures& features, const XmlSource&
     if (!ReadXml(counted, TPIFImportLimits, document, error)) {
         return StatusUnreadableDocument;
     }
+    error = document.remark();
     for (auto& entry : std::move(document).takeResult().takeEntries()) {
         result.set(entry.key, std::move(entry.value));
     }

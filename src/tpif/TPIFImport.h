@@ -29,7 +29,8 @@ inline constexpr std::size_t TPIFImportPagesMemory = std::size_t{32} * 1024 * 10
 /// Imports one document: ticket entries by their keys, each replacing the one of a former document
 /// under the same key. Elements that nothing asks for, and values that their features do not take,
 /// are left out without a word. One page of the document is in memory at a time, whatever its size.
-/// @param error     filled when the document is unreadable
+/// @param error     why the document is unreadable; beside StatusOk, why there is nothing to
+/// import: a root of another kind; else empty
 /// @param observer  told of each element; null when nobody wants to know. Of an unreadable document
 /// it has been told those before the fault.
 /// @return StatusOk, also for a document without anything to import; StatusUnreadableDocument with

@@ -199,6 +199,32 @@ class Check(ProgramTest):
             "d.plist:8: job-save-disposition stands out of order: the printer reads it before what is above",
             "1 file checked, 7 findings"])
 
+    def test_what_an_import_takes_and_an_export_lacks_is_found(self):
+        document = b"""<tpif><tpif-operation-attributes><job-name syntax="name">A</job-name></tpif-operation-attributes>
+<job-template-attributes><finishings syntax="1setOf"><value syntax="enum">20</value>
+<value syntax="enum">28</value></finishings><sides syntax="keyword">one-sided</sides></job-template-attributes></tpif>"""
+        self.write("d.xml", document)
+        lacks = "is taken by an import, but a new export does not contain it"
+        self.assertEqual(self.check("d.xml").stdout.decode().splitlines(), [
+            f'd.xml:1: job-name "A" {lacks}',
+            f'd.xml:3: finishings.value "28" {lacks}',
+            f"d.xml:3: {Finishing}Staple2Value is 10 and does not count: {Finishing}Options is 4",
+            "1 file checked, 3 findings"])
+
+    def test_findings_of_one_line_are_in_the_order_of_the_document(self):
+        page = '<page-overrides><value><sides syntax="keyword">x</sides></value></page-overrides>'
+        words = "".join(f'<{name} syntax="keyword">x</{name}>' for name in ("sides", "a", "trapping", "anti-aliasing"))
+        document = f"<tpif><job-template-attributes>{page}{words}</job-template-attributes></tpif>"
+        found = self.findings(self.check("-", input=document.encode()))
+        self.assertEqual([line.split()[0] for line in found],
+                         ["page-overrides.value.sides", "sides", "a", "trapping", "anti-aliasing"])
+
+    def test_a_document_of_a_million_elements_is_told_in_part(self):
+        self.write("d.xml", b"<tpif><job-template-attributes>" + b"<a/>" * 10**6 + b"</job-template-attributes></tpif>")
+        result = self.run_bounded("check", "d.xml")
+        self.assertEqual(result.returncode, 3)
+        self.assertIn(b"d.xml: and 999000 more\n1 file checked, 1000000 findings\n", result.stdout)
+
     def test_unreadable_files_are_named_and_the_others_checked(self):
         self.write("good.plist", plistlib.dumps({}))
         self.write("bad.plist", b"<plist>\n<dict>\n<key>a</key><integer>x</integer></dict></plist>")
