@@ -88,7 +88,7 @@ Contradictions = (
     ("a time", Job(JobType=7, DelayedPrintTime=datetime(2027, 1, 1)), []),
     ("no time", Job(JobType=7), [Prefix + "JobType/JobType is 7 and needs DelayedPrintTime"]),
     ("saved under its own name", Job(JobType=3, UseJobName=True), []),
-    ("saved under no name", Job(JobType=4), [Prefix + "JobType/JobType is 4 and needs SavedJobName"]),
+    ("saved under no name", Job(JobType=4, UseJobName=False), [Prefix + "JobType/JobType is 4 and needs SavedJobName"]),
     ("no type", Job(SavedJobName="x"), [Prefix + "JobType/JobType is missing"]),
     ("no position", Keys(FinishingOptions=4, FinishingStaple1Value=0),
      [f"{Finishing}Options is 4 and needs {Finishing}Staple1Value"]),
@@ -112,8 +112,7 @@ Contradictions = (
     ("a custom size without one", Stock(Size=75, Width=21000), [Prefix + "JobLevelStock/Size is 75 and needs Length"]),
     ("numbers of another size", Stock(Size=4, Width=21000), [Prefix + "JobLevelStock/Width needs Size 75"]),
     ("custom and unnamed", Stock(Type=7, Color=10, CustomNameOnly=True),
-     [Prefix + "JobLevelStock/Color is 10 and needs CustomColor", Prefix + "JobLevelStock/CustomNameOnly needs CustomName",
-      Prefix + "JobLevelStock/Type is 7 and needs CustomType"]),
+     [Prefix + "JobLevelStock/Color is 10 and needs CustomColor", Prefix + "JobLevelStock/CustomNameOnly needs CustomName"]),
     ("a transparency on both sides", Stock(Type=2, Color=1) | Keys(FinishingDuplex=2),
      [Prefix + "JobLevelStock/Color is 1, but a transparency is clear, 6",
       Prefix + "JobLevelStock/Type prints a transparency on both sides"]),
@@ -218,6 +217,20 @@ class Check(ProgramTest):
         found = self.findings(self.check("-", input=document.encode()))
         self.assertEqual([line.split()[0] for line in found],
                          ["page-overrides.value.sides", "sides", "a", "trapping", "anti-aliasing"])
+
+    def test_what_the_program_writes_passes(self):
+        notes = Keys(JobNotesJobName="Q", JobNotesSenderName="R")
+        cases = (("the driver's own type", Stock(Type=23)), ("saved under the job's name", Job(JobType=3, UseJobName=True)),
+                 ("punched where documents cannot say", Keys(FinishingOptions=49, FinishingStaple1Value=5,
+                                                             FinishingHolePunchValue=49)),
+                 ("covers of one kind", Keys(SpecialPages_FrontCover={"StartPage": 0, "SidesImaged": 3, "Stock": {"Type": 1}},
+                                             SpecialPages_BackCover={"StartPage": 0, "SidesImaged": 3, "Stock": {"Type": 1}})))
+        for name, ticket in cases:
+            with self.subTest(name):
+                self.write("t.plist", Ticket(ticket, notes))
+                self.assertEqual(self.export("t.plist", "--all", "-o", "d.xml").returncode, 0)
+                self.assertEqual(self.run_program("import", "d.xml", "-o", "again.plist").returncode, 0)
+                self.assertEqual(self.findings(self.check("t.plist", "d.xml", "again.plist")), [])
 
     def test_a_document_of_a_million_elements_is_told_in_part(self):
         self.write("d.xml", b"<tpif><job-template-attributes>" + b"<a/>" * 10**6 + b"</job-template-attributes></tpif>")
