@@ -5,7 +5,6 @@
 #include "cli/OptionTable.h"
 #include "cli/ProgramBundle.h"
 #include "cli/TicketFile.h"
-#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
 #include "settings/TicketKeys.h"
 
@@ -149,17 +148,6 @@ CFDictionary Merged(CFDictionary ticket, CFDictionary result)
         ticket.set(entry.key, std::move(entry.value));
     }
     return ticket;
-}
-
-bool WriteTicket(const std::string& output, const CFDictionary& ticket)
-{
-    ParseError error;
-    const auto text = WritePropertyList(ticket, error);
-    if (!text) {
-        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
-        return false;
-    }
-    return WriteOutput(output, *text);
 }
 
 std::optional<CFDictionary> TicketToImportInto(const ImportRequest& request)
