@@ -196,26 +196,39 @@ void XmlLimitsWalk::text()
         seenMarkup_ = found != End;
     }
     position_ = std::min(found, piece_.size() - 1) + 1;
-    if (found != End) {
+    if (found != End && (position_ == piece_.size() || !beginTag())) {
         construct_ = "<";
         state_ = State::Opened;
     }
 }
 
-void XmlLimitsWalk::opened()
+// Behind "<": begins what is an element's tag.
+// @return false when it is something else
+bool XmlLimitsWalk::beginTag()
 {
     const char letter = piece_[position_];
-    const bool isSecond = construct_.size() == 1;
-    construct_ += letter;
-    if (isSecond && letter == '/') {
-        leaveElement();
-        skip(">", State::Text);
-    } else if (isSecond && letter == '?') {
+    if (letter == '!' || letter == '?') {
+        return false;
+    }
+    if (letter != '/') {
+        startTag(); // the character belongs to it
+        return true;
+    }
+    leaveElement();
+    skip(">", State::Text);
+    ++position_;
+    return true;
+}
+
+void XmlLimitsWalk::opened()
+{
+    if (construct_.size() == 1 && beginTag()) {
+        return;
+    }
+    construct_ += piece_[position_];
+    if (construct_ == "<?") {
         next_ = State::Text;
         beginInstruction();
-    } else if (isSecond && letter != '!') {
-        startTag();
-        return; // the character belongs to the tag
     } else if (construct_ == CommentStart) {
         skip("-->", State::Text);
     } else if (construct_ == CharacterDataStart) {
