@@ -42,4 +42,23 @@ bool WriteOutput(const std::string& output, std::string_view text)
     return true;
 }
 
+bool WriteTicket(const std::string& output, CFDictionary ticket)
+{
+    ParseError error;
+    const CFPropertyList root = std::move(ticket);
+    const auto discard = [](std::string_view) { return true; };
+    if (!WritePropertyList(root, discard, error)) { // before a part of it is written
+        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
+        return false;
+    }
+    const FileContentsWriter writer = [&](const FilePut& put) {
+        return WritePropertyList(root, put, error);
+    };
+    if (!ReplaceFileContents(output == "-" ? "/dev/stdout" : output, writer, error.reason)) {
+        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
+        return false;
+    }
+    return true;
+}
+
 } // namespace tarvo

@@ -22,4 +22,7 @@ bool WriteTicket(const std::string& output, const CFDictionary& ticket);
 /// @return false with a message printed
 bool WriteOutput(const std::string& output, std::string_view text);
 
+/// The same for a job ticket, as an XML property list of which no whole text is made.
+bool WriteTicket(const std::string& output, CFDictionary ticket);
+
 } // namespace tarvo
