@@ -18,17 +18,6 @@ std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& err
     return ReadPropertyListDictionary(*contents, error);
 }
 
-bool WriteTicket(const std::string& output, const CFDictionary& ticket)
-{
-    ParseError error;
-    const auto text = WritePropertyList(ticket, error);
-    if (!text) {
-        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
-        return false;
-    }
-    return WriteOutput(output, *text);
-}
-
 bool WriteOutput(const std::string& output, std::string_view text)
 {
     if (output == "-") {

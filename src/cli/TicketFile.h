@@ -14,10 +14,6 @@ namespace tarvo {
 /// @param error  why there is none
 std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& error);
 
-/// Writes a job ticket as an XML property list, with WriteOutput.
-/// @return false with a message printed
-bool WriteTicket(const std::string& output, const CFDictionary& ticket);
-
 /// Writes a result to a file, which is replaced whole or not at all; "-" is standard output.
 /// @return false with a message printed
 bool WriteOutput(const std::string& output, std::string_view text);
