@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <utility>
 
 namespace tarvo {
 namespace {
@@ -26,17 +27,17 @@ std::string DocumentOf(int exceptions)
     return document;
 }
 
-// The document in a file that goes with this program.
+// A document in a file that goes with this program.
 class DocumentFile {
 public:
-    explicit DocumentFile(int exceptions)
+    DocumentFile(int number, const std::string& document)
         : path_(
-              (std::filesystem::temp_directory_path() / ("tarvo-bench-" + std::to_string(getpid()) +
-                                                         "-" + std::to_string(exceptions) + ".xml"))
+              (std::filesystem::temp_directory_path() /
+               ("tarvo-bench-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".xml"))
                   .string())
     {
         std::string reason;
-        isWritten_ = ReplaceFileContents(path_, DocumentOf(exceptions), reason);
+        isWritten_ = ReplaceFileContents(path_, document, reason);
     }
     DocumentFile(const DocumentFile&) = delete;
     DocumentFile& operator=(const DocumentFile&) = delete;
@@ -53,7 +54,10 @@ private:
 const DocumentFile& FileWith(int exceptions)
 {
     static std::map<int, DocumentFile> files;
-    return files.try_emplace(exceptions, exceptions).first->second;
+    const auto found = files.find(exceptions);
+    return found != files.end()
+               ? found->second
+               : files.try_emplace(exceptions, exceptions, DocumentOf(exceptions)).first->second;
 }
 
 void ImportInMemory(benchmark::State& state)
@@ -72,11 +76,11 @@ void ImportInMemory(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(document.size()));
 }
 
-void RunOnFile(benchmark::State& state, std::vector<std::string> words)
+void Run(benchmark::State& state, std::vector<std::string> words, const DocumentFile& file)
 {
-    const DocumentFile& file = FileWith(static_cast<int>(state.range(0)));
     words.push_back(file.path());
     long peak = 0;
+    double seconds = 0;
     for (auto step : state) {
         const RunResult result = RunProgram(words);
         if (!file.isWritten() || !result.isDone) {
@@ -84,8 +88,33 @@ void RunOnFile(benchmark::State& state, std::vector<std::string> words)
             return;
         }
         peak = std::max(peak, result.peakMemoryBytes);
+        seconds += result.cpuSeconds;
     }
     state.counters["peak"] = static_cast<double>(peak);
+    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
+}
+
+void RunOnFile(benchmark::State& state, const std::vector<std::string>& words)
+{
+    Run(state, words, FileWith(static_cast<int>(state.range(0))));
+}
+
+const DocumentFile& MillionElements()
+{
+    constexpr int Elements = 1'000'000;
+    static const DocumentFile file = [] {
+        std::string document = "<a>";
+        for (int element = 0; element < Elements; ++element) {
+            document += "<b/>";
+        }
+        return DocumentFile(0, document + "</a>");
+    }();
+    return file;
+}
+
+void RunOnMillionElements(benchmark::State& state, const std::vector<std::string>& words)
+{
+    Run(state, words, MillionElements());
 }
 
 // Of 1, 10 and 47 MB.
@@ -109,6 +138,18 @@ const bool registered = [] {
     Register("xmllint --noout", {XMLLINT_PROGRAM, "--noout"});
     Register("import alone", {TARVO_IMPORT_PROGRAM});
     Register("tarvo-ticket import", {TARVO_TICKET_PROGRAM, "import", "-o", "/dev/null"});
+    const std::pair<const char*, std::vector<std::string>> programs[] = {
+        {"import alone",               {TARVO_IMPORT_PROGRAM}                             },
+        {"tarvo-ticket import",        {TARVO_TICKET_PROGRAM, "import", "-o", "/dev/null"}},
+        {"tarvo-ticket import --json", {TARVO_TICKET_PROGRAM, "import", "--json"}         },
+        {"xmllint --noout --stream",   {XMLLINT_PROGRAM, "--noout", "--stream"}           },
+    };
+    for (const auto& [name, words] : programs) {
+        benchmark::RegisterBenchmark((std::string(name) + "/a million elements").c_str(),
+                                     RunOnMillionElements, words)
+            ->UseRealTime()
+            ->Unit(benchmark::kMillisecond);
+    }
     return true;
 }();
 

@@ -113,6 +113,14 @@ def main():
     print(f"\nIn memory the reader makes {speed(rows['import/exceptions/1500'])}; ten times the pages take "
           f"{growth:.1f} times the time.")
 
+    print("\nA document of a million elements that nothing asks for, on the processor:\n")
+    print("| | processor | wanted | memory |")
+    print("|---|---|---|---|")
+    for name, wanted in (("import alone", "at most 100 ms"), ("tarvo-ticket import", "at most 100 ms"),
+                         ("tarvo-ticket import --json", ""), ("xmllint --noout --stream", "")):
+        row = rows[name + "/a million elements"]
+        print(f"| {name} | {time(row[3])} | {wanted} | {memory(row)} |")
+
     print("\n## Descriptions of printers\n")
     print("Opening and describing, beside the library's reader alone; and the whole program beside")
     print("`lpoptions -l`, which asks a print server of its own for the file first: by the clock and,")

@@ -1,5 +1,6 @@
 // Any bytes as a document: refused, or read into entries that a job ticket can hold and an export
 // can write; and what came out must come out again when that export is imported.
+#include "ImportSteps.h"
 #include "platform/cf/PropertyListWriter.h"
 #include "printer/FeatureDatabase.h"
 #include "settings/TicketKeys.h"
@@ -66,6 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         Expect(!error.reason.empty() && result.empty());
         return 0;
     }
+    Expect(FaultOfSteps(features, xml).empty());
     Expect(WritePropertyList(result, error).has_value());
     const std::string document = Exported(result);
     CFDictionary again;

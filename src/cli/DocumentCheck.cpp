@@ -1,56 +1,84 @@
 #include "cli/DocumentCheck.h"
 
+#include "cli/DocumentReview.h"
 #include "cli/ImportReport.h"
 #include "cli/TicketCheck.h"
 
-#include <set>
 #include <unordered_map>
 #include <utility>
 
 namespace tarvo {
 namespace {
 
-// An element that an import passes over and an export writes again, such as one that says what
-// holds anyway, is no finding.
-void AddLosses(const ImportReport& report, Findings& findings)
-{
-    std::set<std::pair<std::size_t, std::string_view>> missing;
-    for (const auto& element : report.missing) {
-        missing.emplace(element.line, element.path);
-    }
-    for (const auto& step : report.steps) {
-        const bool isLost = step.outcome != TPIFImportOutcome::Taken &&
-                            missing.contains({step.element.line, step.element.path});
-        if (isLost || step.outcome == TPIFImportOutcome::Refused) {
-            findings.note({step.element.line, ShownPath(step.element.path),
-                           ShownText(step.element.text) + " is " + NameOf(step.outcome) +
-                               " by an import: " + step.reason});
+// Notes what an import refuses and what a new export lacks. An element that an import passes over
+// and an export writes again, such as one that says what holds anyway, is no finding.
+class LossFinder : public DocumentReviewer {
+public:
+    explicit LossFinder(Findings& findings) : findings_(findings) {}
+
+    void step(const TPIFImportStep& step, bool isMissing) override
+    {
+        if (!isMissing && step.outcome != TPIFImportOutcome::Refused) {
+            return;
         }
+        if (findings_.isFull()) {
+            findings_.countMore(1);
+            return;
+        }
+        const std::string what = ShownText(step.text) + " is " + NameOf(step.outcome);
+        findings_.note({step.line, ShownPath(step.path),
+                        step.outcome == TPIFImportOutcome::Taken
+                            ? what + " by an import, but a new export does not contain it"
+                            : what + " by an import: " + std::string(step.reason),
+                        step.element});
     }
-}
+    void misplaced(std::string_view path, std::size_t element, std::size_t line) override
+    {
+        findings_.note({line, ShownPath(path),
+                        "stands out of order: the printer reads it before what is above", element});
+    }
 
-void AddMisplaced(const ImportReport& report, Findings& findings)
+private:
+    Findings& findings_;
+};
+
+// Gives the findings the places of the elements that gave the entries.
+void FindPlaces(const TPIFImportFeatures& features, const std::string& xml,
+                std::vector<Finding>& findings)
 {
-    for (const auto& element : report.misplaced) {
-        findings.note({element.line, ShownPath(element.path),
-                       "stands out of order: the printer reads it before what is above"});
+    std::unordered_multimap<std::string_view, Finding*> byEntry;
+    for (Finding& finding : findings) {
+        byEntry.emplace(finding.entry, &finding);
     }
+    const TPIFImportObserver observer = [&byEntry](const TPIFImportStep& step) {
+        const auto [first, last] = byEntry.equal_range(step.key);
+        for (auto found = first; found != last; ++found) {
+            Finding& finding = *found->second;
+            if (finding.element == 0) {
+                finding.element = step.element;
+                finding.line = step.line;
+            }
+        }
+    };
+    CFDictionary ticket;
+    ParseError none; // it has been read before
+    TPIFImportDocument(features, XmlSourceOf(xml), ticket, none, &observer);
 }
 
-// The ticket's entries stand where the elements do that gave them.
-void AddContradictions(const ImportReport& report, const CFDictionary& ticket, Findings& findings)
+void AddContradictions(const TPIFImportFeatures& features, const std::string& xml,
+                       const CFDictionary& ticket, Findings& findings)
 {
     Findings contradictions;
     CheckTicketContradictions(TicketPlace(ticket, nullptr), contradictions);
-    std::unordered_map<std::string_view, std::size_t> lines;
-    for (const auto& step : report.steps) {
-        lines.emplace(step.key, step.element.line);
+    if (contradictions.list().empty()) {
+        return;
     }
-    for (Finding finding : contradictions.list()) {
-        const auto line = lines.find(finding.entry);
-        finding.line = line == lines.end() ? 0 : line->second;
+    std::vector<Finding> placed = contradictions.list();
+    FindPlaces(features, xml, placed);
+    for (Finding& finding : placed) {
         findings.note(std::move(finding));
     }
+    findings.countMore(contradictions.more());
 }
 
 } // namespace
@@ -59,13 +87,12 @@ std::optional<ParseError> CheckDocument(const TPIFImportFeatures& features, cons
                                         Findings& findings)
 {
     CFDictionary ticket;
-    const ImportReport report = ImportWithReport(features, "", xml, ticket);
-    if (report.error) {
-        return report.error;
+    ParseError error;
+    LossFinder losses(findings);
+    if (!ReviewDocument(features, xml, losses, ticket, error)) {
+        return error;
     }
-    AddLosses(report, findings);
-    AddMisplaced(report, findings);
-    AddContradictions(report, ticket, findings);
+    AddContradictions(features, xml, ticket, findings);
     return std::nullopt;
 }
 

@@ -9,9 +9,9 @@
 
 namespace tarvo {
 
-/// Looks for what an import refuses, or takes in such a way that a new export would not contain it,
-/// for attributes out of the order that the printer's front end wants, and for what does not go
-/// together in the ticket that the document makes.
+/// Looks for what an import refuses, or what a new export would not contain, for attributes out of
+/// the order that the printer's front end wants, and for what does not go together in the ticket
+/// that the document makes.
 /// @return why the document cannot be read; nullopt when it can
 std::optional<ParseError> CheckDocument(const TPIFImportFeatures& features, const std::string& xml,
                                         Findings& findings);

@@ -5,7 +5,6 @@
 #include "cli/OptionTable.h"
 #include "cli/ProgramBundle.h"
 #include "cli/TicketFile.h"
-#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
 #include "settings/TicketKeys.h"
 
@@ -97,6 +96,8 @@ ImportReport ImportQuietly(const TPIFImportFeatures& features, const std::string
                                 : TPIFImportFileAtPath(features, document, result, error);
     if (status != StatusOk) {
         report.error = std::move(error);
+    } else if (!error.reason.empty()) {
+        report.remark = std::move(error);
     }
     return report;
 }
@@ -122,7 +123,7 @@ ImportReport ImportOne(const TPIFImportFeatures& features, const std::string& do
                : Unreadable(document, ParseError{0, "cannot read: " + reason});
 }
 
-// Which could not be read, after each has been named.
+// Which could not be read, after each has been named, and those that are no documents.
 std::vector<std::string> NameUnreadable(const std::vector<ImportReport>& reports)
 {
     std::vector<std::string> names;
@@ -130,6 +131,8 @@ std::vector<std::string> NameUnreadable(const std::vector<ImportReport>& reports
         if (report.error) {
             PrintFileMessage(report.file, report.error->line, report.error->reason);
             names.push_back(report.file);
+        } else if (report.remark) {
+            PrintFileMessage(report.file, report.remark->line, report.remark->reason);
         }
     }
     return names;
@@ -145,17 +148,6 @@ CFDictionary Merged(CFDictionary ticket, CFDictionary result)
         ticket.set(entry.key, std::move(entry.value));
     }
     return ticket;
-}
-
-bool WriteTicket(const std::string& output, const CFDictionary& ticket)
-{
-    ParseError error;
-    const auto text = WritePropertyList(ticket, error);
-    if (!text) {
-        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
-        return false;
-    }
-    return WriteOutput(output, *text);
 }
 
 std::optional<CFDictionary> TicketToImportInto(const ImportRequest& request)

@@ -1,142 +1,56 @@
 #include "cli/ImportReport.h"
 
+#include "cli/DocumentReview.h"
 #include "cli/JsonText.h"
 #include "cli/Messages.h"
 #include "platform/text/Utf8.h"
-#include "settings/TicketKeys.h"
-#include "tpif/TPIFWriter.h"
 
 #include <nlohmann/json.hpp>
 
-#include <algorithm>
 #include <array>
-#include <unordered_map>
-#include <utility>
 
 namespace tarvo {
 namespace {
 
 using Element = ImportReport::Element;
 
-std::string Trimmed(const std::string& text)
+constexpr std::size_t LongestPath = 500; // bytes
+
+std::string Cut(std::string_view text, std::size_t longest)
 {
-    constexpr const char* Blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string::npos
-               ? ""
-               : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+    const std::string_view prefix = Utf8Prefix(text, longest);
+    return std::string(prefix) + (prefix.size() < text.size() ? "..." : "");
 }
 
-// The elements of a document that hold no others, in its order.
-class ElementList : public XmlEvents {
+// Writes a report.
+class ReportWriter : public DocumentReviewer {
 public:
-    std::string startElement(const XmlElement& element) override
-    {
-        lengths_.push_back(path_.size());
-        path_.append(".").append(element.name());
-        line_ = element.line();
-        text_.clear();
-        isLeaf_ = true;
-        return "";
-    }
-    std::string endElement() override
-    {
-        if (isLeaf_) {
-            elements.push_back({line_, path_, Trimmed(text_)});
-        }
-        isLeaf_ = false;
-        path_.resize(lengths_.back());
-        lengths_.pop_back();
-        return "";
-    }
-    void characters(std::string_view text) override { text_ += text; }
+    explicit ReportWriter(ImportReport& report) : report_(report) {}
 
-    std::vector<Element> elements;
+    void step(const TPIFImportStep& step, bool isMissing) override
+    {
+        const auto element = [&step] {
+            return Element{step.line, Cut(step.path, LongestPath), std::string(step.text)};
+        };
+        report_.steps.add(step.element, [&] {
+            return ImportReport::Step{element(), step.outcome, std::string(step.key),
+                                      step.value == nullptr ? std::nullopt
+                                                            : std::optional(*step.value),
+                                      std::string(step.reason)};
+        });
+        ++report_.counts[static_cast<std::size_t>(step.outcome)];
+        if (isMissing) {
+            report_.missing.add(step.element, element);
+        }
+    }
+    void misplaced(std::string_view path, std::size_t, std::size_t line) override
+    {
+        report_.misplaced.push_back({line, std::string(path), ""});
+    }
 
 private:
-    std::vector<std::size_t> lengths_; // of the path around each open element
-    std::string path_;
-    std::string text_;
-    std::size_t line_ = 0;
-    bool isLeaf_ = false;
+    ImportReport& report_;
 };
-
-std::vector<Element> ElementsOf(const std::string& xml)
-{
-    ElementList list;
-    ParseError error; // of an import's own export there is none
-    static_cast<void>(ReadXml(XmlSourceOf(xml), TPIFImportLimits, list, error));
-    return std::move(list.elements);
-}
-
-std::string ExportOf(CFDictionary ticket)
-{
-    CFDictionary all;
-    all.set(ExportAllKey, true);
-    ticket.set(ExportOptionsKey, std::move(all));
-    std::string document;
-    TPIFChannel channel([&document](std::string_view piece) { document += piece; }, true);
-    WriteTPIF(channel, ticket, nullptr);
-    channel.flush();
-    return document;
-}
-
-// Those of the elements that an export has fewer of.
-std::vector<Element> MissingFrom(const std::vector<Element>& exported,
-                                 const std::vector<Element>& elements)
-{
-    const auto key = [](const Element& element) { return element.path + '\0' + element.text; };
-    std::unordered_map<std::string, std::size_t> counts;
-    for (const Element& element : exported) {
-        ++counts[key(element)];
-    }
-    std::vector<Element> missing;
-    for (const Element& element : elements) {
-        const auto found = counts.find(key(element));
-        if (found == counts.end() || found->second == 0) {
-            missing.push_back(element);
-        } else {
-            --found->second;
-        }
-    }
-    return missing;
-}
-
-// ".tpif.job-template-attributes.sides" of that element and of all inside it.
-std::string_view AttributeOf(std::string_view path)
-{
-    constexpr std::size_t Names = 3;
-    std::size_t end = 0;
-    for (std::size_t name = 0; name < Names && end != std::string_view::npos; ++name) {
-        end = path.find('.', end + 1);
-    }
-    return path.substr(0, end);
-}
-
-// The first elements of the attributes that an export has before one that comes earlier here.
-std::vector<Element> MisplacedIn(const std::vector<Element>& exported,
-                                 const std::vector<Element>& elements)
-{
-    std::unordered_map<std::string_view, std::size_t> ranks;
-    for (const Element& element : exported) {
-        ranks.emplace(AttributeOf(element.path), ranks.size());
-    }
-    std::vector<Element> misplaced;
-    std::string_view former;
-    std::size_t highest = 0;
-    for (const Element& element : elements) {
-        const std::string_view attribute = AttributeOf(element.path);
-        const auto rank = ranks.find(attribute);
-        if (rank == ranks.end() || std::exchange(former, attribute) == attribute) {
-            continue;
-        }
-        if (rank->second < highest) {
-            misplaced.push_back({element.line, std::string(attribute), ""});
-        }
-        highest = std::max(highest, rank->second);
-    }
-    return misplaced;
-}
 
 constexpr std::array<const char*, 4> OutcomeNames = {"taken", "ignored", "refused", "lost"};
 
@@ -167,26 +81,42 @@ std::string ElementText(const Element& element)
     return line + "  " + ShownPath(element.path) + ' ' + ShownText(element.text);
 }
 
+template <typename Row>
+void AddMore(std::string& text, const FirstRows<Row>& rows)
+{
+    if (rows.more() != 0) {
+        text += "        and " + std::to_string(rows.more()) + " more\n";
+    }
+}
+
 void AddSteps(std::string& text, const ImportReport& report)
 {
-    for (const ImportReport::Step& step : report.steps) {
+    for (const auto& [number, step] : report.steps.rows()) {
         text += ElementText(step.element) + ": " + NameOf(step.outcome);
         text += step.value ? ", " + WithoutControls(step.key) + " = " + ValueText(*step.value)
                            : ", " + step.reason;
         text += '\n';
     }
+    AddMore(text, report.steps);
+}
+
+void AddMissing(std::string& text, const ImportReport& report)
+{
+    if (report.missing.total() != 0) {
+        text += "Not in a new export:\n";
+    }
+    for (const auto& [number, element] : report.missing.rows()) {
+        text += ElementText(element) + '\n';
+    }
+    AddMore(text, report.missing);
 }
 
 std::string CountsOf(const ImportReport& report)
 {
-    std::array<std::size_t, OutcomeNames.size()> counts = {};
-    for (const ImportReport::Step& step : report.steps) {
-        ++counts[static_cast<std::size_t>(step.outcome)];
-    }
     std::string text;
-    for (std::size_t index = 0; index < counts.size(); ++index) {
-        text +=
-            (text.empty() ? "" : ", ") + std::to_string(counts[index]) + ' ' + OutcomeNames[index];
+    for (std::size_t index = 0; index < report.counts.size(); ++index) {
+        text += (text.empty() ? "" : ", ") + std::to_string(report.counts[index]) + ' ' +
+                OutcomeNames[index];
     }
     return text;
 }
@@ -200,30 +130,56 @@ nlohmann::ordered_json JsonOf(const Element& element)
     };
 }
 
+nlohmann::ordered_json JsonOf(const std::optional<ParseError>& error)
+{
+    if (!error) {
+        return nullptr;
+    }
+    return {
+        {"line",   error->line  },
+        {"reason", error->reason}
+    };
+}
+
+nlohmann::ordered_json JsonOf(const ImportReport::Step& step)
+{
+    auto json = JsonOf(step.element);
+    json["outcome"] = NameOf(step.outcome);
+    if (step.value) {
+        json["key"] = step.key;
+        json["value"] = JsonOf(*step.value);
+    } else {
+        json["reason"] = step.reason;
+    }
+    return json;
+}
+
+template <typename Row>
+nlohmann::ordered_json JsonOf(const FirstRows<Row>& rows)
+{
+    auto json = nlohmann::ordered_json::array();
+    for (const auto& [number, row] : rows.rows()) {
+        json.push_back(JsonOf(row));
+    }
+    return json;
+}
+
 nlohmann::ordered_json JsonOf(const ImportReport& report)
 {
     nlohmann::ordered_json json;
     json["file"] = report.file;
-    json["error"] = nullptr;
-    if (report.error) {
-        json["error"]["line"] = report.error->line;
-        json["error"]["reason"] = report.error->reason;
-    }
-    json["elements"] = nlohmann::ordered_json::array();
-    for (const ImportReport::Step& step : report.steps) {
-        auto row = JsonOf(step.element);
-        row["outcome"] = NameOf(step.outcome);
-        if (step.value) {
-            row["key"] = step.key;
-            row["value"] = JsonOf(*step.value);
-        } else {
-            row["reason"] = step.reason;
-        }
-        json["elements"].push_back(std::move(row));
-    }
-    json["missingFromExport"] = nlohmann::ordered_json::array();
-    for (const Element& element : report.missing) {
-        json["missingFromExport"].push_back(JsonOf(element));
+    json["error"] = JsonOf(report.error);
+    json["remark"] = JsonOf(report.remark);
+    json["elements"] = JsonOf(report.steps);
+    json["moreElements"] = report.steps.more();
+    json["missingFromExport"] = JsonOf(report.missing);
+    json["moreMissing"] = report.missing.more();
+    json["misplaced"] = nlohmann::ordered_json::array();
+    for (const Element& attribute : report.misplaced) {
+        json["misplaced"].push_back({
+            {"line", attribute.line},
+            {"path", attribute.path}
+        });
     }
     return json;
 }
@@ -236,14 +192,13 @@ std::string ShownPath(std::string_view path)
          {".tpif.job-template-attributes.", ".tpif.tpif-operation-attributes."}) {
         path.remove_prefix(path.starts_with(group) ? group.size() : 0);
     }
-    return WithoutControls(path);
+    return WithoutControls(Cut(path, LongestPath));
 }
 
 std::string ShownText(std::string_view text)
 {
     constexpr std::size_t Longest = 60; // bytes
-    const std::string_view prefix = Utf8Prefix(text, Longest);
-    return '"' + WithoutControls(prefix) + (prefix.size() < text.size() ? "...\"" : "\"");
+    return '"' + WithoutControls(Cut(text, Longest)) + '"';
 }
 
 const char* NameOf(TPIFImportOutcome outcome)
@@ -256,32 +211,12 @@ ImportReport ImportWithReport(const TPIFImportFeatures& features, const std::str
 {
     ImportReport report;
     report.file = file;
-    const TPIFImportObserver observer = [&report](const TPIFImportStep& step) {
-        report.steps.push_back({
-            {step.line, std::string(step.path), std::string(step.text)},
-            step.outcome,
-            std::string(step.key),
-            step.value == nullptr ? std::nullopt : std::optional(*step.value),
-            std::string(step.reason)
-        });
-    };
-    CFDictionary own;
+    ReportWriter writer(report);
     ParseError error;
-    if (TPIFImportDocument(features, XmlSourceOf(xml), own, error, &observer) != StatusOk) {
-        report.steps.clear();
+    if (!ReviewDocument(features, xml, writer, result, error)) {
         report.error = std::move(error);
-        return report;
-    }
-    std::stable_sort(report.steps.begin(), report.steps.end(),
-                     [](const auto& first, const auto& second) {
-                         return first.element.line < second.element.line;
-                     });
-    const auto exported = ElementsOf(ExportOf(own));
-    const auto elements = ElementsOf(xml);
-    report.missing = MissingFrom(exported, elements);
-    report.misplaced = MisplacedIn(exported, elements);
-    for (auto& entry : std::move(own).takeEntries()) {
-        result.set(entry.key, std::move(entry.value));
+    } else if (!error.reason.empty()) {
+        report.remark = std::move(error);
     }
     return report;
 }
@@ -295,13 +230,8 @@ std::string ImportText(const std::vector<ImportReport>& reports)
         }
         text += (text.empty() ? "" : "\n") + WithoutControls(report.file) + '\n';
         AddSteps(text, report);
-        if (!report.missing.empty()) {
-            text += "Not in a new export:\n";
-        }
-        for (const Element& element : report.missing) {
-            text += ElementText(element) + '\n';
-        }
-        text += CountsOf(report) + "; " + std::to_string(report.missing.size()) +
+        AddMissing(text, report);
+        text += CountsOf(report) + "; " + std::to_string(report.missing.total()) +
                 " not in a new export\n";
     }
     return text;

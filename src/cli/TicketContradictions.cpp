@@ -106,8 +106,10 @@ void CheckJobType(const TicketPlace& ticket, Findings& findings)
     }
     const bool isSaved = type == static_cast<std::int32_t>(JobType::Save) ||
                          type == static_cast<std::int32_t>(JobType::SaveAndPrint);
-    const bool usesJobName = job->entries().isTrue(UseJobNameKey);
-    if (isSaved && !usesJobName && !HasText(job->entries(), SavedJobNameKey)) {
+    // A document has no word for taking the job's name: its ticket says neither.
+    const auto* usesJobName = job->entries().get<bool>(UseJobNameKey);
+    const bool hasOwnName = usesJobName != nullptr && !*usesJobName;
+    if (isSaved && hasOwnName && !HasText(job->entries(), SavedJobNameKey)) {
         findings.note(job->finding(JobTypeNumberKey, Needs(type, SavedJobNameKey)));
     }
 }
@@ -125,8 +127,9 @@ void CheckForms(const TicketPlace& ticket, Findings& findings)
         findings.note(forms->finding(UseExistingFormKey, Needs(use, MergeWithStringKey)));
     }
     if (hasForm && !merges) {
-        findings.note(
-            forms->finding(MergeWithStringKey, "needs " + std::string(UseExistingFormKey) + " 2"));
+        findings.note(forms->finding(
+            MergeWithStringKey, "needs " + std::string(UseExistingFormKey) + " " +
+                                    std::to_string(static_cast<std::int32_t>(FormUse::Merge))));
     }
 }
 
@@ -161,10 +164,6 @@ void CheckStock(const TicketPlace& stock, Findings& findings)
     const auto type = NumberOf(entries, StockTypeKey);
     const auto color = NumberOf(entries, StockColorKey);
     CheckSize(stock, findings);
-    if ((type == CustomStockType || type == OrderedStockType) &&
-        !HasText(entries, StockCustomTypeKey)) {
-        findings.note(stock.finding(StockTypeKey, Needs(type, StockCustomTypeKey)));
-    }
     if (color == CustomStockColor && !HasText(entries, StockCustomColorKey)) {
         findings.note(stock.finding(StockColorKey, Needs(color, StockCustomColorKey)));
     }

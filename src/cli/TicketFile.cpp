@@ -3,6 +3,7 @@
 #include "cli/Input.h"
 #include "cli/Messages.h"
 #include "platform/cf/PropertyListReader.h"
+#include "platform/cf/PropertyListWriter.h"
 #include "platform/files/FileContents.h"
 
 namespace tarvo {
@@ -25,6 +26,25 @@ bool WriteOutput(const std::string& output, std::string_view text)
     std::string reason;
     if (!ReplaceFileContents(output, text, reason)) {
         PrintFileMessage(output, 0, "cannot write: " + reason);
+        return false;
+    }
+    return true;
+}
+
+bool WriteTicket(const std::string& output, CFDictionary ticket)
+{
+    ParseError error;
+    const CFPropertyList root = std::move(ticket);
+    const auto discard = [](std::string_view) { return true; };
+    if (!WritePropertyList(root, discard, error)) { // before a part of it is written
+        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
+        return false;
+    }
+    const FileContentsWriter writer = [&](const FilePut& put) {
+        return WritePropertyList(root, put, error);
+    };
+    if (!ReplaceFileContents(output == "-" ? "/dev/stdout" : output, writer, error.reason)) {
+        PrintFileMessage(OutputName(output), 0, "cannot write: " + error.reason);
         return false;
     }
     return true;

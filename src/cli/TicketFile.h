@@ -18,4 +18,7 @@ std::optional<CFDictionary> ReadTicket(const std::string& input, ParseError& err
 /// @return false with a message printed
 bool WriteOutput(const std::string& output, std::string_view text);
 
+/// The same for a job ticket, as an XML property list of which no whole text is made.
+bool WriteTicket(const std::string& output, CFDictionary ticket);
+
 } // namespace tarvo

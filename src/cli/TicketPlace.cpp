@@ -1,13 +1,14 @@
 #include "cli/TicketPlace.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace tarvo {
 
 void Findings::sort()
 {
     std::stable_sort(list_.begin(), list_.end(), [](const Finding& finding, const Finding& other) {
-        return finding.line < other.line;
+        return std::tie(finding.line, finding.element) < std::tie(other.line, other.element);
     });
 }
 

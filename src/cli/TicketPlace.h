@@ -14,9 +14,10 @@ namespace tarvo {
 
 /// Something that is wrong with a file.
 struct Finding {
-    std::size_t line;   // 0 when it is not known
-    std::string entry;  // what it is about: "com.tarvo.print.JobLevelStock/Weight"
-    std::string reason; // goes on behind that: "is 1000; it may be 1 to 999"
+    std::size_t line;        // 0 when it is not known
+    std::string entry;       // what it is about: "com.tarvo.print.JobLevelStock/Weight"
+    std::string reason;      // goes on behind that: "is 1000; it may be 1 to 999"
+    std::size_t element = 0; // orders those of one line
     bool operator==(const Finding&) const = default;
 };
 
@@ -33,6 +34,8 @@ public:
             list_.push_back(std::move(finding));
         }
     }
+    /// Counts that many whose list was full.
+    void countMore(std::size_t count) { more_ += count; }
     /// More are counted only; no pains need be taken with them.
     bool isFull() const { return list_.size() == Most; }
     const std::vector<Finding>& list() const { return list_; }

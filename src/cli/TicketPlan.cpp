@@ -150,7 +150,8 @@ PlannedJob PlannedJobOf(const CFDictionary& ticket, std::int32_t pages)
     job.pages = pages;
     job.sides = ticket.int32(SidesRowOf(ticket).key).value_or(UnsetValue);
     const FinishingChoice finishing(ticket);
-    job.isBooklet = finishing.bookletLayout || finishing.option == SignatureBooklet;
+    job.isBooklet =
+        finishing.bookletLayout || finishing.option == FinishingFamily::SignatureBooklet;
     if (const auto* stock = ticket.get<CFDictionary>(JobLevelStockKey)) {
         job.stock = Stock(*stock);
     }

@@ -16,15 +16,14 @@
 namespace tarvo {
 namespace {
 
-// What menus and documents leave out: nothing chosen, and the position of holes that only a driver
-// has.
+// What menus and documents leave out: nothing chosen, and a position of holes.
 constexpr TPIFWord NotChosen[] = {
     {"",      0},
     {nullptr, 0},
 };
 constexpr TPIFWord DriversPunch[] = {
-    {"",      49},
-    {nullptr, 0 },
+    {"",      DriversPunchPosition},
+    {nullptr, 0                   },
 };
 
 constexpr const char* NameOf(const TPIFWord& row)

@@ -1,10 +1,14 @@
 #include "printer/FinishingOffers.h"
 
+#include "settings/FinishingMaps.h"
+
 #include <algorithm>
 #include <iterator>
 
 namespace tarvo {
 namespace {
+
+namespace Family = FinishingFamily;
 
 // What one choice of a family needs: an installed feature, or an option of the PPD's
 // FoldMainKeyword that TRFoldOptionsMap has; neither is always there. Choice 0 is the family
@@ -20,53 +24,48 @@ struct OfferRow {
 
 // A plain "HolePunch" offers every number of holes. No table of features has a centre staple.
 constexpr OfferRow OfferMap[] = {
-    {0,  "PrinterDefault",     0,  nullptr,        nullptr               },
-    {1,  "None",               0,  nullptr,        nullptr               },
-    {4,  "1 Staple...",        5,  "1StapleTL",    nullptr               },
-    {4,  "1 Staple...",        6,  "1StapleBL",    nullptr               },
-    {4,  "1 Staple...",        7,  "1StapleTR",    nullptr               },
-    {4,  "1 Staple...",        8,  "1StapleBR",    nullptr               },
-    {9,  "2 Staples...",       10, "2StaplesL",    nullptr               },
-    {9,  "2 Staples...",       11, "2StaplesT",    nullptr               },
-    {9,  "2 Staples...",       12, "2StaplesB",    nullptr               },
-    {9,  "2 Staples...",       13, "2StaplesR",    nullptr               },
-    {14, "Bind...",            15, "BindLeft",     nullptr               },
-    {14, "Bind...",            16, "BindRight",    nullptr               },
-    {22, "CustomFinishing...", 0,  "Custom",       nullptr               },
-    {3,  "SignatureBooklet",   0,  "SBM",          nullptr               },
-    {24, "Booklet...",         7,  nullptr,        "BookletFoldOpt"      },
-    {24, "Booklet...",         8,  nullptr,        "BookletFoldStapleOpt"},
-    {18, "Fold...",            19, nullptr,        "CTriFoldOpt"         },
-    {18, "Fold...",            20, nullptr,        "ZTriFoldOpt"         },
-    {30, "Hole Punch...",      3,  nullptr,        "2HolePunch"          },
-    {30, "Hole Punch...",      3,  nullptr,        "HolePunch"           },
-    {30, "Hole Punch...",      4,  nullptr,        "3HolePunch"          },
-    {30, "Hole Punch...",      4,  nullptr,        "HolePunch"           },
-    {30, "Hole Punch...",      5,  nullptr,        "4HolePunch"          },
-    {30, "Hole Punch...",      5,  nullptr,        "HolePunch"           },
-    {36, "Z-Fold...",          38, nullptr,        "ZTriFoldOpt"         },
-    {36, "Z-Fold...",          39, nullptr,        "ZTriFoldOpt"         },
-    {40, "Advanced Fold...",   41, nullptr,        "BookletFoldOpt"      },
-    {40, "Advanced Fold...",   42, nullptr,        "BookletFoldOpt"      },
-    {40, "Advanced Fold...",   43, nullptr,        "BookletFoldOpt"      },
-    {40, "Advanced Fold...",   44, nullptr,        "BookletFoldOpt"      },
-    {40, "Advanced Fold...",   45, nullptr,        "CTriFoldOpt"         },
-    {40, "Advanced Fold...",   46, nullptr,        "CTriFoldOpt"         },
-    {40, "Advanced Fold...",   47, nullptr,        "ZTriFoldOpt"         },
-    {40, "Advanced Fold...",   48, nullptr,        "ZTriFoldOpt"         },
-    {25, "Center Staple...",   26, "CenterStaple", nullptr               },
+    {Family::PrinterDefault,   "PrinterDefault",     0,  nullptr,        nullptr               },
+    {Family::None,             "None",               0,  nullptr,        nullptr               },
+    {Family::OneStaple,        "1 Staple...",        5,  "1StapleTL",    nullptr               },
+    {Family::OneStaple,        "1 Staple...",        6,  "1StapleBL",    nullptr               },
+    {Family::OneStaple,        "1 Staple...",        7,  "1StapleTR",    nullptr               },
+    {Family::OneStaple,        "1 Staple...",        8,  "1StapleBR",    nullptr               },
+    {Family::TwoStaples,       "2 Staples...",       10, "2StaplesL",    nullptr               },
+    {Family::TwoStaples,       "2 Staples...",       11, "2StaplesT",    nullptr               },
+    {Family::TwoStaples,       "2 Staples...",       12, "2StaplesB",    nullptr               },
+    {Family::TwoStaples,       "2 Staples...",       13, "2StaplesR",    nullptr               },
+    {Family::Bind,             "Bind...",            15, "BindLeft",     nullptr               },
+    {Family::Bind,             "Bind...",            16, "BindRight",    nullptr               },
+    {Family::Custom,           "CustomFinishing...", 0,  "Custom",       nullptr               },
+    {Family::SignatureBooklet, "SignatureBooklet",   0,  "SBM",          nullptr               },
+    {Family::Booklet,          "Booklet...",         7,  nullptr,        "BookletFoldOpt"      },
+    {Family::Booklet,          "Booklet...",         8,  nullptr,        "BookletFoldStapleOpt"},
+    {Family::Fold,             "Fold...",            19, nullptr,        "CTriFoldOpt"         },
+    {Family::Fold,             "Fold...",            20, nullptr,        "ZTriFoldOpt"         },
+    {Family::HolePunch,        "Hole Punch...",      3,  nullptr,        "2HolePunch"          },
+    {Family::HolePunch,        "Hole Punch...",      3,  nullptr,        "HolePunch"           },
+    {Family::HolePunch,        "Hole Punch...",      4,  nullptr,        "3HolePunch"          },
+    {Family::HolePunch,        "Hole Punch...",      4,  nullptr,        "HolePunch"           },
+    {Family::HolePunch,        "Hole Punch...",      5,  nullptr,        "4HolePunch"          },
+    {Family::HolePunch,        "Hole Punch...",      5,  nullptr,        "HolePunch"           },
+    {Family::ZFold,            "Z-Fold...",          38, nullptr,        "ZTriFoldOpt"         },
+    {Family::ZFold,            "Z-Fold...",          39, nullptr,        "ZTriFoldOpt"         },
+    {Family::AdvancedFold,     "Advanced Fold...",   41, nullptr,        "BookletFoldOpt"      },
+    {Family::AdvancedFold,     "Advanced Fold...",   42, nullptr,        "BookletFoldOpt"      },
+    {Family::AdvancedFold,     "Advanced Fold...",   43, nullptr,        "BookletFoldOpt"      },
+    {Family::AdvancedFold,     "Advanced Fold...",   44, nullptr,        "BookletFoldOpt"      },
+    {Family::AdvancedFold,     "Advanced Fold...",   45, nullptr,        "CTriFoldOpt"         },
+    {Family::AdvancedFold,     "Advanced Fold...",   46, nullptr,        "CTriFoldOpt"         },
+    {Family::AdvancedFold,     "Advanced Fold...",   47, nullptr,        "ZTriFoldOpt"         },
+    {Family::AdvancedFold,     "Advanced Fold...",   48, nullptr,        "ZTriFoldOpt"         },
+    {Family::CenterStaple,     "Center Staple...",   26, "CenterStaple", nullptr               },
 };
 
 // Families that can be combined, and the combinations.
-constexpr std::int32_t StapleOptions[] = {4, 9, 25};
-constexpr std::int32_t HolePunchOption = 30;
-constexpr std::int32_t ZFoldOption = 36;
+constexpr std::int32_t StapleOptions[] = {Family::OneStaple, Family::TwoStaples,
+                                          Family::CenterStaple};
 constexpr const char* MultipleKey = "Multiple Finishing...";
-constexpr std::int32_t MultipleOption = 49;
-constexpr std::int32_t StaplesAndHoles = 49;
-constexpr std::int32_t AllThree = 50;
-constexpr std::int32_t StaplesAndZFold = 51;
-constexpr std::int32_t HolesAndZFold = 52;
+constexpr std::int32_t MultipleOption = Family::StaplesAndHoles; // of the menu's item
 
 bool IsOffered(const OfferRow& row, const InstallableOptions& installed,
                const PPDKeywordInfos& foldOptions)
@@ -104,18 +103,18 @@ void AddMultiple(std::vector<FinishingOffer>& offers)
     const bool staples =
         std::any_of(std::begin(StapleOptions), std::end(StapleOptions),
                     [&offers](std::int32_t option) { return Offers(offers, option); });
-    const bool holes = Offers(offers, HolePunchOption);
-    const bool zFold = Offers(offers, ZFoldOption);
+    const bool holes = Offers(offers, Family::HolePunch);
+    const bool zFold = Offers(offers, Family::ZFold);
     FinishingOffer multiple = {MultipleOption, MultipleKey, {}};
     const auto add = [&multiple](bool offered, std::int32_t option) {
         if (offered) {
             multiple.choices.push_back(option);
         }
     };
-    add(staples && holes, StaplesAndHoles);
-    add(staples && holes && zFold, AllThree);
-    add(staples && zFold, StaplesAndZFold);
-    add(holes && zFold, HolesAndZFold);
+    add(staples && holes, Family::StaplesAndHoles);
+    add(staples && holes && zFold, Family::StaplesHolesAndZFold);
+    add(staples && zFold, Family::StaplesAndZFold);
+    add(holes && zFold, Family::HolesAndZFold);
     if (!multiple.choices.empty()) {
         offers.push_back(std::move(multiple));
     }

@@ -10,6 +10,8 @@
 namespace tarvo {
 namespace {
 
+namespace Family = FinishingFamily;
+
 struct NumberEntry {
     std::string_view key;
     std::int32_t FinishingChoice::*value;
@@ -39,23 +41,20 @@ struct FamilyRow {
     const SettingMap* map;
 };
 
-constexpr std::int32_t HolePunching = 30;
-
 constexpr FamilyRow Families[] = {
-    {1,  &FinishingChoice::option,       PlainFinishingMap    },
-    {3,  &FinishingChoice::option,       PlainFinishingMap    },
-    {4,  &FinishingChoice::oneStaple,    OneStapleMap         },
-    {9,  &FinishingChoice::twoStaples,   TwoStaplesMap        },
-    {14, &FinishingChoice::bind,         BindMap              },
-    {18, &FinishingChoice::fold,         FoldMap              },
-    {24, &FinishingChoice::bookletFold,  BookletFoldMap       },
-    {25, &FinishingChoice::centerStaple, CenterStapleMap      },
-    {30, &FinishingChoice::punch,        PunchMap             },
-    {36, &FinishingChoice::zFold,        ZFoldMap             },
-    {40, &FinishingChoice::fold,         ComplexBookletFoldMap},
-    {40, &FinishingChoice::fold,         ComplexFoldMap       },
+    {Family::None,             &FinishingChoice::option,       PlainFinishingMap    },
+    {Family::SignatureBooklet, &FinishingChoice::option,       PlainFinishingMap    },
+    {Family::OneStaple,        &FinishingChoice::oneStaple,    OneStapleMap         },
+    {Family::TwoStaples,       &FinishingChoice::twoStaples,   TwoStaplesMap        },
+    {Family::Bind,             &FinishingChoice::bind,         BindMap              },
+    {Family::Fold,             &FinishingChoice::fold,         FoldMap              },
+    {Family::Booklet,          &FinishingChoice::bookletFold,  BookletFoldMap       },
+    {Family::CenterStaple,     &FinishingChoice::centerStaple, CenterStapleMap      },
+    {Family::HolePunch,        &FinishingChoice::punch,        PunchMap             },
+    {Family::ZFold,            &FinishingChoice::zFold,        ZFoldMap             },
+    {Family::AdvancedFold,     &FinishingChoice::fold,         ComplexBookletFoldMap},
+    {Family::AdvancedFold,     &FinishingChoice::fold,         ComplexFoldMap       },
 };
-constexpr std::int32_t CustomFinishing = 22;
 
 // The parts of the combined families, each a line.
 struct CombinationRow {
@@ -66,10 +65,10 @@ struct CombinationRow {
 };
 
 constexpr CombinationRow Combinations[] = {
-    {49, true,  true,  false},
-    {50, true,  true,  true },
-    {51, true,  false, true },
-    {52, false, true,  true },
+    {Family::StaplesAndHoles,      true,  true,  false},
+    {Family::StaplesHolesAndZFold, true,  true,  true },
+    {Family::StaplesAndZFold,      true,  false, true },
+    {Family::HolesAndZFold,        false, true,  true },
 };
 
 // The staples of a combination: the first of these that the ticket sets. On the side that has the
@@ -144,7 +143,7 @@ std::string CombinedLines(const CombinationRow& parts, const FinishingChoice& ch
 
 std::string FamilyText(const FinishingChoice& choice, const CFBundle& bundle)
 {
-    if (choice.option == CustomFinishing) {
+    if (choice.option == Family::Custom) {
         return bundle.localizedString("CustomFinishing") + choice.customText;
     }
     for (const FamilyRow& row : Families) {
@@ -185,9 +184,6 @@ bool HasWord(const SettingMap* map, std::int32_t position)
 {
     return position != 0 && LocalizedKeyForTicketValue(map, position) != nullptr;
 }
-
-// Beside staples or a Z-fold the driver has a further position, which no menu offers.
-constexpr std::int32_t DriversPunchPosition = 49;
 
 // The positions that the parts of a combination need and lack; of staples any family's will do.
 std::vector<Position> MissingParts(const CombinationRow& parts, const FinishingChoice& choice)
@@ -247,7 +243,7 @@ FinishingChoice::FinishingChoice(const CFDictionary& ticket)
 
 bool IsPunched(const FinishingChoice& choice)
 {
-    return choice.option == HolePunching ||
+    return choice.option == Family::HolePunch ||
            std::any_of(std::begin(Combinations), std::end(Combinations),
                        [&choice](const CombinationRow& row) {
                            return row.option == choice.option && row.holes;
@@ -256,7 +252,7 @@ bool IsPunched(const FinishingChoice& choice)
 
 std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice)
 {
-    if (choice.option == CustomFinishing && choice.customText.empty()) {
+    if (choice.option == Family::Custom && choice.customText.empty()) {
         return {CustomFinishingKey};
     }
     std::vector<std::string_view> keys;

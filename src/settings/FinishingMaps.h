@@ -5,6 +5,27 @@
 
 namespace tarvo {
 
+/// The families of finishing. Those from StaplesAndHoles on combine others.
+namespace FinishingFamily {
+inline constexpr std::int32_t PrinterDefault = 0; // as a job ticket holds it
+inline constexpr std::int32_t None = 1;
+inline constexpr std::int32_t SignatureBooklet = 3;
+inline constexpr std::int32_t OneStaple = 4;
+inline constexpr std::int32_t TwoStaples = 9;
+inline constexpr std::int32_t Bind = 14;
+inline constexpr std::int32_t Fold = 18;
+inline constexpr std::int32_t Custom = 22; // a template of the front end's, by name
+inline constexpr std::int32_t Booklet = 24;
+inline constexpr std::int32_t CenterStaple = 25;
+inline constexpr std::int32_t HolePunch = 30;
+inline constexpr std::int32_t ZFold = 36;
+inline constexpr std::int32_t AdvancedFold = 40;
+inline constexpr std::int32_t StaplesAndHoles = 49;
+inline constexpr std::int32_t StaplesHolesAndZFold = 50;
+inline constexpr std::int32_t StaplesAndZFold = 51;
+inline constexpr std::int32_t HolesAndZFold = 52;
+} // namespace FinishingFamily
+
 // Finishing families, then their positions. A number means the same in all these tables, but for
 // the hole counts and the booklet's folding, which have numbers of their own. OfferMap of
 // FinishingOffers.cpp tells which of them a printer offers.
@@ -12,36 +33,34 @@ namespace tarvo {
 // The families that each output device offers; every next one has those before it. The default row
 // is stored as 0, for only with 0 does a booklet's own folding count.
 inline constexpr SettingMap OutputStapleOCTMap[] = {
-    {"PrinterDefault", UnsetValue, 0},
-    {"None",           1,          0},
-    {nullptr,          0,          0},
+    {"PrinterDefault", UnsetValue,            0},
+    {"None",           FinishingFamily::None, 0},
+    {nullptr,          0,                     0},
 };
 
 inline constexpr SettingMap OutputStapleLCSSMap[] = {
-    {"PrinterDefault", UnsetValue, 0},
-    {"None",           1,          0},
-    {"1 Staple...",    4,          0},
-    {"2 Staples...",   9,          0},
-    {nullptr,          0,          0},
+    {"PrinterDefault", UnsetValue,                  0},
+    {"None",           FinishingFamily::None,       0},
+    {"1 Staple...",    FinishingFamily::OneStaple,  0},
+    {"2 Staples...",   FinishingFamily::TwoStaples, 0},
+    {nullptr,          0,                           0},
 };
 
 inline constexpr SettingMap OutputStapleHCSSMap[] = {
-    {"PrinterDefault",        UnsetValue, 0},
-    {"None",                  1,          0},
-    {"1 Staple...",           4,          0},
-    {"2 Staples...",          9,          0},
-    {"Center Staple...",      25,         0},
-    {"Multiple Finishing...", 49,         0},
-    {nullptr,                 0,          0},
+    {"PrinterDefault",        UnsetValue,                       0},
+    {"None",                  FinishingFamily::None,            0},
+    {"1 Staple...",           FinishingFamily::OneStaple,       0},
+    {"2 Staples...",          FinishingFamily::TwoStaples,      0},
+    {"Center Staple...",      FinishingFamily::CenterStaple,    0},
+    {"Multiple Finishing...", FinishingFamily::StaplesAndHoles, 0},
+    {nullptr,                 0,                                0},
 };
-
-inline constexpr std::int32_t SignatureBooklet = 3;
 
 // Families without a position.
 inline constexpr SettingMap PlainFinishingMap[] = {
-    {"None",             1,                0},
-    {"SignatureBooklet", SignatureBooklet, 0},
-    {nullptr,            0,                0},
+    {"None",             FinishingFamily::None,             0},
+    {"SignatureBooklet", FinishingFamily::SignatureBooklet, 0},
+    {nullptr,            0,                                 0},
 };
 
 inline constexpr SettingMap OneStapleMap[] = {
@@ -95,6 +114,10 @@ inline constexpr SettingMap PunchMap[] = {
     {nullptr,       0,  0},
 };
 
+// Beside staples or a Z-fold the driver has a further position, which no menu offers and no
+// document has a value for.
+inline constexpr std::int32_t DriversPunchPosition = 49;
+
 // PunchMap for a job that may go without; "None" is stored as 0.
 inline constexpr SettingMap PunchNoneMap[] = {
     {"None",        1,  0},
@@ -111,6 +134,8 @@ inline constexpr SettingMap HolePunchOptionsMap[] = {
     {"4 Holes", 5, 0},
     {nullptr,   0, 0},
 };
+
+inline constexpr std::int32_t DefaultHoles = 4; // three
 
 inline constexpr SettingMap ZFoldMap[] = {
     {"ZFoldLeftBind",  38, 0},

@@ -1,5 +1,6 @@
 #include "tpif/TPIFDocumentImport.h"
 
+#include "records/SpecialPageKeys.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFImport.h"
 #include "tpif/TPIFImportJob.h"
@@ -11,6 +12,7 @@ using Scope = TPIFImportScope;
 
 constexpr const char* NobodyAsks = "nothing asks for it";
 constexpr const char* EarlierCounts = "an earlier one counts";
+constexpr const char* HoldsNothing = "it holds nothing";
 
 } // namespace
 
@@ -29,73 +31,73 @@ TPIFDocumentImport::TPIFDocumentImport(const TPIFImportFeatures& features,
       firstParents_(paths_.placeCount())
 {
     OpenElement document;
-    document.around = TPIFImportPaths::root(Scope::Document);
-    document.number = ++elements_;
+    document.around = &paths_.root(Scope::Document);
     open_.push_back(document);
+    shown_.emplace_back();
 }
 
 std::string TPIFDocumentImport::startElement(const XmlElement& start)
 {
-    OpenElement& parent = open_.back();
-    parent.hasElements = true;
-    OpenElement element;
-    element.number = ++elements_;
+    open_.back().hasElements = true;
     if (observer_ != nullptr) {
-        element.line = start.line();
-        element.pathLength = path_.size();
-        element.whyIgnored = parent.whyIgnored;
-        path_.append(".").append(start.name());
-        ignored_.clear();
+        show(start);
     }
-    const auto place =
-        parent.around ? paths_.find(*parent.around, start.name()) : std::optional<std::size_t>();
-    if (!place) {
-        element.whyIgnored = element.whyIgnored != nullptr ? element.whyIgnored : NobodyAsks;
-    } else if (!isWanted(*place, parent)) {
-        element.whyIgnored = EarlierCounts;
-    } else {
-        element.place = place;
-        enter(element, parent, start);
-    }
-    open_.push_back(element);
-    if (pages_.count() > TPIFImportMaximumPages) {
-        return "more than " + std::to_string(TPIFImportMaximumPages) +
-               " inserts and exception pages";
+    OpenElement& element = open_.emplace_back();
+    element.number = ++elements_;
+    const char* whyIgnored = startMember(element, start);
+    if (observer_ != nullptr && shown_.back().whyIgnored == nullptr) {
+        shown_.back().whyIgnored = whyIgnored;
     }
     return "";
 }
 
-// Of a set or a group only the first counts, and where they repeat, its siblings.
-bool TPIFDocumentImport::isWanted(std::size_t place, const OpenElement& parent)
+void TPIFDocumentImport::show(const XmlElement& start)
 {
-    const auto& wanted = paths_.place(place);
-    if (!wanted.repeats && !wanted.opens) {
-        return true;
+    shown_.push_back({start.line(), path_.size(), shown_.back().whyIgnored});
+    path_.append(".").append(start.name());
+    ignored_.clear();
+}
+
+const char* TPIFDocumentImport::startMember(OpenElement& element, const XmlElement& start)
+{
+    const OpenElement& parent = open_[open_.size() - 2];
+    const Place* place =
+        parent.around == nullptr ? nullptr : paths_.find(*parent.around, start.name());
+    if (place == nullptr) {
+        if (element.number == 1) {
+            remark_ = {start.line(), "no document to import: the root element is \"" +
+                                         std::string(start.name()) + '"'};
+        }
+        return NobodyAsks;
     }
-    std::size_t& first = firstParents_[place];
-    const bool isFirst = first == 0;
+    if ((place->repeats || place->opens) && !isFirst(*place, parent)) {
+        return EarlierCounts;
+    }
+    element.place = element.around = place;
+    element.group = parent.group;
+    if (place->opens) {
+        openGroup(element);
+        return nullptr;
+    }
+    return place->slot ? startNode(element, start) : nullptr;
+}
+
+// Of a set or a group only the first counts, and where they repeat, its siblings.
+bool TPIFDocumentImport::isFirst(const Place& place, const OpenElement& parent)
+{
+    auto& first = firstParents_[place.index];
+    const bool isFirst = !first;
     if (isFirst) {
         first = parent.number;
     }
-    return isFirst || (wanted.repeats && first == parent.number);
+    return isFirst || (place.repeats && first == parent.number);
 }
 
-void TPIFDocumentImport::enter(OpenElement& element, const OpenElement& parent,
-                               const XmlElement& start)
+const char* TPIFDocumentImport::startNode(OpenElement& element, const XmlElement& start)
 {
-    const auto& place = paths_.place(*element.place);
-    element.around = element.place;
-    element.group = parent.group;
-    if (place.opens) {
-        open(element);
-        return;
-    }
-    if (!place.slot) {
-        return;
-    }
+    const Place& place = *element.place;
     if (!place.repeats && element.group->node(place.slot) != nullptr) {
-        element.whyIgnored = EarlierCounts;
-        return;
+        return EarlierCounts;
     }
     element.node = place.repeats ? &member_ : &element.group->add(*place.slot);
     TPIFImportNode& node = *element.node;
@@ -104,30 +106,32 @@ void TPIFDocumentImport::enter(OpenElement& element, const OpenElement& parent,
     }
     node.syntax = TPIFImportGetNodeSyntax(start.attribute("syntax"));
     if (observer_ != nullptr) {
+        node.element = element.number;
         node.line = start.line();
         node.path = path_;
     }
     if (place.wantsText) {
         texts_.push_back(&node);
     }
+    return nullptr;
 }
 
-void TPIFDocumentImport::open(OpenElement& element)
+void TPIFDocumentImport::openGroup(OpenElement& element)
 {
-    const Scope scope = *paths_.place(*element.place).opens;
-    element.around = TPIFImportPaths::root(scope);
+    const Scope scope = *element.place->opens;
+    element.around = &paths_.root(scope);
     element.group = scope == Scope::Job ? &job_ : &inner_;
     element.opensGroup = true;
     element.group->clear(observer_ == nullptr ? "" : keysOf(*element.place));
 }
 
 // The keys before those of the group's entries.
-std::string TPIFDocumentImport::keysOf(std::size_t place) const
+std::string TPIFDocumentImport::keysOf(const Place& place) const
 {
-    switch (*paths_.place(place).opens) {
+    switch (*place.opens) {
     case Scope::Cover:
-        return std::string(isSlotOf(features_.named("FrontCover"), place) ? FrontCoverKey
-                                                                          : BackCoverKey) +
+        return std::string(features_.named("FrontCover").slot() == place.slot ? FrontCoverKey
+                                                                              : BackCoverKey) +
                "/";
     case Scope::Insert:
         return pages_.nextInsertKeys();
@@ -136,11 +140,6 @@ std::string TPIFDocumentImport::keysOf(std::size_t place) const
     default:
         return "";
     }
-}
-
-bool TPIFDocumentImport::isSlotOf(const TPIFFeatureReader& feature, std::size_t place) const
-{
-    return feature.slot() == paths_.place(place).slot;
 }
 
 void TPIFDocumentImport::characters(std::string_view text)
@@ -159,27 +158,31 @@ std::string TPIFDocumentImport::endElement()
     open_.pop_back();
     if (element.node != nullptr) {
         element.node->hasElements = element.hasElements;
-        if (paths_.place(*element.place).wantsText) {
+        if (element.place->wantsText) {
             texts_.pop_back();
         }
         if (element.node == &member_) {
             endMember(element);
         }
     } else if (element.opensGroup) {
+        tellEmptyGroup(element);
         endGroup(element);
     } else if (observer_ != nullptr && !element.hasElements) {
         tellIgnored(element);
     }
     if (observer_ != nullptr) {
-        path_.resize(element.pathLength);
+        path_.resize(shown_.back().pathLength);
+        shown_.pop_back();
         ignored_.clear();
     }
-    return "";
+    return pages_.count() * TPIFImportPageMemory > TPIFImportPagesMemory + 2 * bytes_
+               ? "too many inserts and exception pages for so short a document"
+               : "";
 }
 
 void TPIFDocumentImport::endMember(const OpenElement& element)
 {
-    if (isSlotOf(features_.named("Finishings"), *element.place)) {
+    if (features_.named("Finishings").slot() == element.place->slot) {
         finishing_.add(*element.group, member_);
     } else {
         offset_.add(*element.group, member_);
@@ -189,7 +192,7 @@ void TPIFDocumentImport::endMember(const OpenElement& element)
 void TPIFDocumentImport::endGroup(const OpenElement& element)
 {
     const TPIFImportGroup& group = *element.group;
-    switch (*paths_.place(*element.place).opens) {
+    switch (*element.place->opens) {
     case Scope::Job:
         endJob(group);
         break;
@@ -197,7 +200,7 @@ void TPIFDocumentImport::endGroup(const OpenElement& element)
         oneToOne_.readOperation(group, result_);
         break;
     case Scope::Cover:
-        if (isSlotOf(features_.named("FrontCover"), *element.place)) {
+        if (features_.named("FrontCover").slot() == element.place->slot) {
             pages_.addFrontCover(group);
         } else {
             pages_.addBackCover(group);
@@ -212,7 +215,7 @@ void TPIFDocumentImport::endGroup(const OpenElement& element)
     case Scope::Document:
         break;
     }
-    group.tellRest();
+    group.tellRest("nothing is made of it");
 }
 
 void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
@@ -223,6 +226,7 @@ void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
     }
     finishing_.store(result_);
     ComputeFinishingOptionKey(result_);
+    finishing_.tell(group, result_);
     offset_.store(group, result_);
     oneToOne_.readJob(group, result_);
     ImportJobType(features_, group, result_);
@@ -239,13 +243,39 @@ void TPIFDocumentImport::endJob(const TPIFImportGroup& group)
 
 void TPIFDocumentImport::tellIgnored(const OpenElement& element)
 {
-    const char* reason = element.whyIgnored != nullptr ? element.whyIgnored : "it holds nothing";
-    (*observer_)({TPIFImportOutcome::Ignored, path_, element.line, ignored_, "", nullptr, reason});
+    const ShownElement& shown = shown_.back();
+    const char* reason = shown.whyIgnored != nullptr ? shown.whyIgnored : HoldsNothing;
+    (*observer_)({TPIFImportOutcome::Ignored, path_, element.number, shown.line, ignored_, "",
+                  nullptr, reason});
+}
+
+// A cover, an insert or a page without anything is one all the same.
+void TPIFDocumentImport::tellEmptyGroup(const OpenElement& element)
+{
+    if (observer_ == nullptr || element.hasElements) {
+        return;
+    }
+    TPIFImportNode node;
+    node.element = element.number;
+    node.line = shown_.back().line;
+    node.path = path_;
+    node.text = ignored_;
+    switch (*element.place->opens) {
+    case Scope::Cover:
+        element.group->tellTaken(node, StartPageKey, 0);
+        break;
+    case Scope::Insert:
+    case Scope::Page:
+        element.group->tellTaken(node, StartPageKey, 1);
+        break;
+    default:
+        element.group->tellIgnored(&node, HoldsNothing);
+    }
 }
 
 CFDictionary TPIFDocumentImport::takeResult() &&
 {
-    std::move(pages_).store(result_);
+    std::move(pages_).store(job_, result_);
     return std::move(result_);
 }
 

@@ -15,37 +15,51 @@ public:
     /// @param observer  null: nobody wants to know
     TPIFDocumentImport(const TPIFImportFeatures& features, const TPIFImportObserver* observer);
 
+    /// To be told of the bytes that the elements are read from, before these.
+    void take(std::size_t bytes) { bytes_ += bytes; }
+
     std::string startElement(const XmlElement& element) override;
     std::string endElement() override;
     void characters(std::string_view text) override;
+
+    /// Why there is nothing to import: the root is another one. Empty when it is ours.
+    const ParseError& remark() const { return remark_; }
 
     /// What the whole document gives, to be called behind its end.
     CFDictionary takeResult() &&;
 
 private:
+    using Place = TPIFImportPaths::Place;
+
     // An element that is open. One that nothing asks for has no place.
     struct OpenElement {
-        std::optional<std::size_t> place;
-        std::optional<std::size_t> around; // the place that its members are looked for in
-        TPIFImportGroup* group = nullptr;  // of its members
+        const Place* place = nullptr;
+        const Place* around = nullptr;    // that its members are looked for in
+        TPIFImportGroup* group = nullptr; // of its members
         TPIFImportNode* node = nullptr;
-        std::size_t number = 0; // in the document
-        std::size_t line = 0;   // this and the next two are for an observer
-        std::size_t pathLength = 0;
-        const char* whyIgnored = nullptr; // of an element inside one that is ignored
+        std::size_t number = 0; // in the document, the root's being 1
         bool hasElements = false;
         bool opensGroup = false;
     };
+    // What an observer is told of it.
+    struct ShownElement {
+        std::size_t line = 0;
+        std::size_t pathLength = 0;       // before it
+        const char* whyIgnored = nullptr; // it or one around it
+    };
 
-    bool isWanted(std::size_t place, const OpenElement& parent);
-    void enter(OpenElement& element, const OpenElement& parent, const XmlElement& start);
-    void open(OpenElement& element);
-    std::string keysOf(std::size_t place) const;
+    // Each returns why the element is ignored; null when it is not.
+    const char* startMember(OpenElement& element, const XmlElement& start);
+    const char* startNode(OpenElement& element, const XmlElement& start);
+    bool isFirst(const Place& place, const OpenElement& parent);
+    void openGroup(OpenElement& element);
+    std::string keysOf(const Place& place) const;
+    void show(const XmlElement& start);
     void endMember(const OpenElement& element);
     void endGroup(const OpenElement& element);
     void endJob(const TPIFImportGroup& group);
     void tellIgnored(const OpenElement& element);
-    bool isSlotOf(const TPIFFeatureReader& feature, std::size_t place) const;
+    void tellEmptyGroup(const OpenElement& element);
 
     const TPIFImportFeatures& features_;
     const TPIFImportPaths& paths_;
@@ -60,13 +74,17 @@ private:
     TPIFOneToOneImport oneToOne_;
     TPIFFullColorImport fullColor_;
     CFDictionary result_;
+    ParseError remark_;
 
     std::vector<OpenElement> open_;
-    std::vector<std::size_t> firstParents_; // of each place, the number of its first one's parent
-    std::vector<TPIFImportNode*> texts_;    // of open elements
+    std::vector<ShownElement> shown_; // likewise; empty without an observer
+    std::vector<std::optional<std::size_t>>
+        firstParents_;                   // of each place, the number of its first one's parent
+    std::vector<TPIFImportNode*> texts_; // of open elements
     std::size_t elements_ = 0;
-    std::string path_;    // of the element that is open, for an observer
-    std::string ignored_; // text of the last one that nothing is made of, likewise
+    std::size_t bytes_ = 0; // of the document so far
+    std::string path_;      // of the element that is open, for an observer
+    std::string ignored_;   // text of the last one that nothing is made of, likewise
 };
 
 } // namespace tarvo

@@ -1,6 +1,7 @@
 #include "tpif/TPIFFeatureReader.h"
 
 #include "platform/text/Utf8.h"
+#include "platform/text/WhiteSpace.h"
 #include "printer/FeatureDatabase.h"
 #include "tpif/TPIFMaps.h"
 
@@ -22,6 +23,7 @@ constexpr NumberRow Numbers[] = {
     {"ColorEffects",      TPIFColorEffectsMap,      0, false},
     {"Sides",             TPIFSidesMap,             0, false},
     {"OutputDestination", TPIFOutputDestinationMap, 0, false},
+    {"StockWeight",       TPIFMediaWeightMetricMap, 0, false},
     {"StockGrain",        TPIFMediaGrainMap,        0, false},
     {"StockFinish",       TPIFMediaFinishMap,       0, false},
     {"StockColor",        TPIFMediaColorMap,        0, false},
@@ -31,6 +33,7 @@ constexpr NumberRow Numbers[] = {
     {"JobHold",           TPIFJobTypeMap,           0, false},
     {"SaveFormat",        TPIFSaveFormatMap,        0, false},
     {"SlipSheets",        TPIFSlipSheetMap,         0, false},
+    {"LightenDarken",     TPIFLightenDarkenMap,     0, false},
     {"HalftoneScreen",    TPIFHalftoneScreenMap,    0, false},
     {"AntiAliasing",      TPIFAntialiasingMap,      0, false},
     {"PageRotation",      TPIFRotationMap,          0, false},
@@ -109,15 +112,6 @@ std::vector<std::string_view> LostWordsOf(const TPIFFeature& feature)
         }
     }
     return lost;
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view Blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string_view::npos
-               ? ""
-               : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 std::optional<std::int32_t> NumberOf(std::string_view text)

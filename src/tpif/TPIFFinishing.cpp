@@ -1,5 +1,6 @@
 #include "tpif/TPIFFinishing.h"
 
+#include "settings/FinishingMaps.h"
 #include "settings/TicketKeys.h"
 #include "tpif/TPIFCommands.h"
 #include "tpif/TPIFElement.h"
@@ -11,6 +12,8 @@
 
 namespace tarvo {
 namespace {
+
+namespace Family = FinishingFamily;
 
 constexpr std::int32_t NoFinishing = FinishingData::NoFinishing;
 
@@ -40,21 +43,18 @@ constexpr IndexRow PunchIndexes[] = {
     {34, 33},
     {35, 34}
 };
-// Beside staples or a Z-fold the driver has a further position, which the document has no value
-// for.
 constexpr IndexRow CombinedPunchIndexes[] = {
-    {32, 31},
-    {33, 32},
-    {34, 33},
-    {35, 34},
-    {49, 38}
+    {32,                   31},
+    {33,                   32},
+    {34,                   33},
+    {35,                   34},
+    {DriversPunchPosition, 38}
 };
 constexpr IndexRow HoleIndexes[] = {
     {3, 35},
     {4, 36},
     {5, 37}
 };
-constexpr std::int32_t DefaultHoles = 4; // three holes
 constexpr IndexRow BookletStapleIndexes[] = {
     {8, 7}
 };
@@ -208,7 +208,8 @@ constexpr PartRule Punch = {&FinishingChoices::punch, PunchIndexes};
 constexpr PartRule OptionPunch = {&FinishingChoices::option, PunchIndexes};
 constexpr PartRule CombinedPunch = {&FinishingChoices::punch, CombinedPunchIndexes};
 
-// Which parts a finishing family has. A family that is punched has a number of holes besides.
+// Which parts a finishing family has: the printer's default has a booklet's own folding, and 32 to
+// 35 are a position in place of a family. One that is punched has a number of holes besides.
 struct FamilyRow {
     std::int32_t option;
     PartRule staple;
@@ -217,28 +218,27 @@ struct FamilyRow {
 };
 
 constexpr FamilyRow Families[] = {
-    {0,  BookletStaple, BookletFold,  NoPart       }, // nothing chosen: the booklet's own folding
-    {1,  NoPart,        OptionFold,   NoPart       },
-    {3,  NoPart,        OptionFold,   NoPart       },
-    {4,  Staples,       NoPart,       NoPart       },
-    {9,  Staples,       NoPart,       NoPart       },
-    {14, NoPart,        Bind,         NoPart       },
-    {18, NoPart,        SimpleFold,   NoPart       },
-    {24, BookletStaple, BookletFold,  NoPart       },
-    {25, Staples,       NoPart,       NoPart       },
-    {30, NoPart,        NoPart,       Punch        },
-    {32, NoPart,        NoPart,       OptionPunch  }, // to 35: the position itself as the family
-    {33, NoPart,        NoPart,       OptionPunch  },
-    {34, NoPart,        NoPart,       OptionPunch  },
-    {35, NoPart,        NoPart,       OptionPunch  },
-    {36, NoPart,        ZFold,        NoPart       },
-    {40, NoPart,        AdvancedFold, NoPart       },
-    {49, Staples,       NoPart,       CombinedPunch},
-    {50, Staples,       ZFold,        CombinedPunch},
-    {51, Staples,       ZFold,        NoPart       },
-    {52, NoPart,        ZFold,        CombinedPunch},
+    {Family::PrinterDefault,       BookletStaple, BookletFold,  NoPart       },
+    {Family::None,                 NoPart,        OptionFold,   NoPart       },
+    {Family::SignatureBooklet,     NoPart,        OptionFold,   NoPart       },
+    {Family::OneStaple,            Staples,       NoPart,       NoPart       },
+    {Family::TwoStaples,           Staples,       NoPart,       NoPart       },
+    {Family::Bind,                 NoPart,        Bind,         NoPart       },
+    {Family::Fold,                 NoPart,        SimpleFold,   NoPart       },
+    {Family::Booklet,              BookletStaple, BookletFold,  NoPart       },
+    {Family::CenterStaple,         Staples,       NoPart,       NoPart       },
+    {Family::HolePunch,            NoPart,        NoPart,       Punch        },
+    {32,                           NoPart,        NoPart,       OptionPunch  },
+    {33,                           NoPart,        NoPart,       OptionPunch  },
+    {34,                           NoPart,        NoPart,       OptionPunch  },
+    {35,                           NoPart,        NoPart,       OptionPunch  },
+    {Family::ZFold,                NoPart,        ZFold,        NoPart       },
+    {Family::AdvancedFold,         NoPart,        AdvancedFold, NoPart       },
+    {Family::StaplesAndHoles,      Staples,       NoPart,       CombinedPunch},
+    {Family::StaplesHolesAndZFold, Staples,       ZFold,        CombinedPunch},
+    {Family::StaplesAndZFold,      Staples,       ZFold,        NoPart       },
+    {Family::HolesAndZFold,        NoPart,        ZFold,        CombinedPunch},
 };
-constexpr std::int32_t CustomFinishing = 22; // a template of the front end's, by name
 
 // Null when there is none, as for a template.
 const FamilyRow* FamilyOf(std::int32_t option)
@@ -252,7 +252,7 @@ const FamilyRow* FamilyOf(std::int32_t option)
 FinishingData PartsOf(const FinishingChoices& choices, const CFDictionary& settings)
 {
     FinishingData parts;
-    if (choices.option == CustomFinishing) {
+    if (choices.option == Family::Custom) {
         parts.templateName = EscapedTPIFText(settings, CustomFinishingKey);
         return parts;
     }
@@ -349,7 +349,7 @@ private:
 
 bool IsFinishingFamily(std::int32_t option)
 {
-    return option == CustomFinishing || FamilyOf(option) != nullptr;
+    return option == Family::Custom || FamilyOf(option) != nullptr;
 }
 
 void WriteTPIFFinishing(TPIFChannel& writeData, const CFDictionary& settings)

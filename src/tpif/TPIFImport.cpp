@@ -22,9 +22,15 @@ OSStatus TPIFImportDocument(const TPIFImportFeatures& features, const XmlSource&
                             const TPIFImportObserver* observer)
 {
     TPIFDocumentImport document(features, observer);
-    if (!ReadXml(source, TPIFImportLimits, document, error)) {
+    const XmlSource counted = [&](char* bytes, std::size_t size, std::string& reason) {
+        const auto count = source(bytes, size, reason);
+        document.take(count.value_or(0));
+        return count;
+    };
+    if (!ReadXml(counted, TPIFImportLimits, document, error)) {
         return StatusUnreadableDocument;
     }
+    error = document.remark();
     for (auto& entry : std::move(document).takeResult().takeEntries()) {
         result.set(entry.key, std::move(entry.value));
     }

@@ -19,14 +19,18 @@ inline constexpr OSStatus StatusUnreadableDocument = -208;
 inline constexpr XmlLimits TPIFImportLimits = {
     .attributesInAll = static_cast<std::size_t>(-1),
 };
-/// Inserts and exception pages of a document, together: as many as the largest document has room
-/// for when each says something, and few enough that empty ones fill no memory.
-inline constexpr std::size_t TPIFImportMaximumPages = 100'000;
+/// An insert or exception page takes at least that much memory, in bytes, though it may say nothing
+/// and be a few bytes of text.
+inline constexpr std::size_t TPIFImportPageMemory = 400;
+/// What all of them may take, in bytes: an amount for any document and twice its text. One that
+/// says which pages it is for is so long a text that the latter alone is enough.
+inline constexpr std::size_t TPIFImportPagesMemory = std::size_t{32} * 1024 * 1024;
 
 /// Imports one document: ticket entries by their keys, each replacing the one of a former document
 /// under the same key. Elements that nothing asks for, and values that their features do not take,
 /// are left out without a word. One page of the document is in memory at a time, whatever its size.
-/// @param error     filled when the document is unreadable
+/// @param error     why the document is unreadable; beside StatusOk, why there is nothing to
+/// import: a root of another kind; else empty
 /// @param observer  told of each element; null when nobody wants to know. Of an unreadable document
 /// it has been told those before the fault.
 /// @return StatusOk, also for a document without anything to import; StatusUnreadableDocument with

@@ -1,11 +1,14 @@
 #include "tpif/TPIFImportFinishing.h"
 
+#include "settings/FinishingMaps.h"
 #include "settings/TicketKeys.h"
 
 #include <algorithm>
 
 namespace tarvo {
 namespace {
+
+namespace Family = FinishingFamily;
 
 // The entry that a keyword of the set chooses in; the first row whose beginning it has decides.
 struct PartRow {
@@ -36,8 +39,7 @@ constexpr std::string_view PartKeys[] = {Staple1ValueKey, Staple2ValueKey, Stapl
                                          ZFoldValueKey};
 constexpr std::string_view StapleKeys[] = {Staple1ValueKey, Staple2ValueKey, StapleCenterValueKey};
 
-constexpr std::int32_t UnknownPunchPosition = 49;
-constexpr std::int32_t DefaultHoles = 4; // three holes
+constexpr const char* SaidBefore = "it is said before";
 
 std::int32_t NumberOf(const CFDictionary& dictionary, std::string_view key)
 {
@@ -50,36 +52,34 @@ bool HasStaple(const CFDictionary& parts)
                        [&](std::string_view key) { return NumberOf(parts, key) != 0; });
 }
 
-// A family and the range of choices in one entry that it stands for.
+// A family and the choices in one entry that it stands for.
 struct FamilyRow {
     std::string_view key;
-    std::int32_t first;
-    std::int32_t last;
+    const SettingMap* choices; // null: any
     std::int32_t family;
 };
 
-constexpr std::int32_t AnyChoice = 1'000'000;
-
 // Of a set with parts of one kind; the first row that holds decides.
 constexpr FamilyRow Families[] = {
-    {Staple1ValueKey,      1,  AnyChoice, 4 },
-    {Staple2ValueKey,      1,  AnyChoice, 9 },
-    {StapleCenterValueKey, 1,  AnyChoice, 25},
-    {HolePunchValueKey,    1,  AnyChoice, 30},
-    {ZFoldValueKey,        1,  AnyChoice, 36},
-    {FoldValueKey,         19, 20,        18}, // simple
-    {FoldValueKey,         41, 48,        40}, // advanced
-    {BindValueKey,         1,  AnyChoice, 14},
-    {BookletFoldStapleKey, 7,  8,         24},
+    {Staple1ValueKey,      nullptr,               Family::OneStaple   },
+    {Staple2ValueKey,      nullptr,               Family::TwoStaples  },
+    {StapleCenterValueKey, nullptr,               Family::CenterStaple},
+    {HolePunchValueKey,    nullptr,               Family::HolePunch   },
+    {ZFoldValueKey,        nullptr,               Family::ZFold       },
+    {FoldValueKey,         FoldMap,               Family::Fold        },
+    {FoldValueKey,         ComplexBookletFoldMap, Family::AdvancedFold},
+    {FoldValueKey,         ComplexFoldMap,        Family::AdvancedFold},
+    {BindValueKey,         nullptr,               Family::Bind        },
+    {BookletFoldStapleKey, BookletFoldMap,        Family::Booklet     },
 };
 
 std::optional<std::int32_t> CombinedFamily(bool isStapled, bool isPunched, bool isZFolded)
 {
     if (isStapled && isPunched) {
-        return isZFolded ? 50 : 49;
+        return isZFolded ? Family::StaplesHolesAndZFold : Family::StaplesAndHoles;
     }
     if (isZFolded && (isStapled || isPunched)) {
-        return isStapled ? 51 : 52;
+        return isStapled ? Family::StaplesAndZFold : Family::HolesAndZFold;
     }
     return std::nullopt;
 }
@@ -93,7 +93,9 @@ std::optional<std::int32_t> FamilyOf(const CFDictionary& parts)
     }
     for (const FamilyRow& row : Families) {
         const std::int32_t choice = NumberOf(parts, row.key);
-        if (choice >= row.first && choice <= row.last) {
+        const bool isRows =
+            row.choices == nullptr || LocalizedKeyForTicketValue(row.choices, choice) != nullptr;
+        if (choice != 0 && isRows) {
             return row.family;
         }
     }
@@ -120,9 +122,45 @@ void TPIFFinishingImport::add(const TPIFImportGroup& group, const TPIFImportNode
         group.tell(TPIFImportOutcome::Lost, value, "no ticket entry stands for it");
         return;
     }
-    hasTwice_ = !keywords_.insert(finishing->keyword).second || hasTwice_;
+    const bool isRepeated = !keywords_.insert(finishing->keyword).second;
+    hasTwice_ = isRepeated || hasTwice_;
+    if (group.isObserved()) {
+        const bool isSaidAgain = isRepeated && parts_.int32(part->key) == finishing->number;
+        keep(group, value, isSaidAgain ? repeated_ : lastOfParts_[part->key]);
+    }
     parts_.set(part->key, finishing->number);
-    group.tellTaken(value, part->key, finishing->number);
+}
+
+// What a value comes to is known when the set is whole.
+void TPIFFinishingImport::keep(const TPIFImportGroup& group, const TPIFImportNode& value,
+                               std::optional<TPIFImportNode>& kept)
+{
+    if (kept) {
+        group.tellIgnored(&*kept, "a later one of its kind counts");
+    }
+    kept = value;
+}
+
+void TPIFFinishingImport::tell(const TPIFImportGroup& group, const CFDictionary& result) const
+{
+    const bool isUnknownPosition = result.int32(HolePunchValueKey) == DriversPunchPosition;
+    for (const auto& [key, node] : lastOfParts_) {
+        const std::int32_t choice = NumberOf(parts_, key);
+        if (result.int32(key) != choice) {
+            group.tellIgnored(&*node, "the values beside it decide");
+            continue;
+        }
+        group.tellTaken(*node, key, choice);
+        if (key == HolePunchOptionsKey && isUnknownPosition &&
+            !parts_.contains(HolePunchValueKey)) {
+            group.tellTaken(*node, HolePunchValueKey, DriversPunchPosition);
+        }
+    }
+    if (repeated_ && isUnknownPosition) {
+        group.tellTaken(*repeated_, HolePunchValueKey, DriversPunchPosition);
+    } else if (repeated_) {
+        group.tellIgnored(&*repeated_, SaidBefore);
+    }
 }
 
 bool TPIFFinishingImport::isBesideStapleOrZFold() const
@@ -144,7 +182,7 @@ void TPIFFinishingImport::store(CFDictionary& result) const
         result.set(key, NumberOf(parts_, key));
     }
     if (isUnknownPosition) {
-        result.set(HolePunchValueKey, UnknownPunchPosition);
+        result.set(HolePunchValueKey, DriversPunchPosition);
     }
     const bool isPunched = isUnknownPosition || hasPosition;
     result.set(HolePunchOptionsKey,
@@ -175,19 +213,20 @@ TPIFOffsetImport::TPIFOffsetImport(const TPIFImportFeatures& features)
 void TPIFOffsetImport::add(const TPIFImportGroup& group, const TPIFImportNode& value)
 {
     if (const auto member = offset_.valueOf(group, &value)) {
-        members_.insert(member->number);
-        group.tellTaken(value, OffsetKey, member->number + 2);
+        if (!members_.try_emplace(member->number, value).second) {
+            group.tellIgnored(&value, SaidBefore);
+        }
     }
 }
 
 // None 2, each set 3, each subset 4, both 5. None beside another says nothing.
 std::optional<std::int32_t> TPIFOffsetImport::offset() const
 {
-    static const std::set<std::int32_t> Both = {1, 2};
     if (members_.size() == 1) {
-        return 2 + *members_.begin();
+        return 2 + members_.begin()->first;
     }
-    return members_ == Both ? std::optional(5) : std::nullopt;
+    const bool isBoth = members_.size() == 2 && members_.contains(1) && members_.contains(2);
+    return isBoth ? std::optional(5) : std::nullopt;
 }
 
 void TPIFOffsetImport::store(const TPIFImportGroup& group, CFDictionary& result) const
@@ -196,6 +235,13 @@ void TPIFOffsetImport::store(const TPIFImportGroup& group, CFDictionary& result)
     const auto given = offset();
     if (given) {
         result.set(OffsetKey, *given);
+    }
+    for (const auto& [number, node] : members_) {
+        if (given) {
+            group.tellTaken(node, OffsetKey, *given);
+        } else {
+            group.tell(TPIFImportOutcome::Lost, node, "no ticket value stands for all of the set");
+        }
     }
     TPIFImportTarget target(result, group);
     for (const std::size_t path : {0U, 1U}) { // alone, or as the set's value

@@ -2,7 +2,10 @@
 
 #include "tpif/TPIFImportFeatures.h"
 
+#include <map>
+#include <optional>
 #include <set>
+#include <string_view>
 
 namespace tarvo {
 
@@ -20,13 +23,22 @@ public:
     /// in the ticket; nothing when no value was known.
     void store(CFDictionary& result) const;
 
+    /// Tells the group's observer what became of the values.
+    /// @param result  with the set stored and its family computed
+    void tell(const TPIFImportGroup& group, const CFDictionary& result) const;
+
 private:
     bool isBesideStapleOrZFold() const;
+    void keep(const TPIFImportGroup& group, const TPIFImportNode& value,
+              std::optional<TPIFImportNode>& kept);
 
     const TPIFFeatureReader& finishings_;
     CFDictionary parts_;                  // ticket key to choice
     std::set<std::string_view> keywords_; // borrowed from the feature
     bool hasTwice_ = false;
+    // For an observer: the last value of each part, and the last that was said before.
+    std::map<std::string_view, std::optional<TPIFImportNode>> lastOfParts_;
+    std::optional<TPIFImportNode> repeated_;
 };
 
 /// Rebuilds the finishing family from the parts that the result holds; leaves a result without any
@@ -47,7 +59,7 @@ private:
 
     const TPIFFeatureReader& offset_;
     const TPIFFeatureReader& pagesPerSubset_;
-    std::set<std::int32_t> members_; // numbers of OffsetWords
+    std::map<std::int32_t, TPIFImportNode> members_; // by numbers of OffsetWords
 };
 
 } // namespace tarvo

@@ -54,8 +54,8 @@ void TPIFImportGroup::tellTaken(const TPIFImportNode& node, std::string_view key
     if (observer_ != nullptr) {
         node.isTold = true;
         const std::string whole = keys_ + std::string(key);
-        (*observer_)(
-            {TPIFImportOutcome::Taken, node.path, node.line, node.text, whole, &value, ""});
+        (*observer_)({TPIFImportOutcome::Taken, node.path, node.element, node.line, node.text,
+                      whole, &value, ""});
     }
 }
 
@@ -64,16 +64,21 @@ void TPIFImportGroup::tell(TPIFImportOutcome outcome, const TPIFImportNode& node
 {
     if (observer_ != nullptr && !node.isTold) {
         node.isTold = true;
-        (*observer_)({outcome, node.path, node.line, node.text, "", nullptr, reason});
+        (*observer_)({outcome, node.path, node.element, node.line, node.text, "", nullptr, reason});
     }
 }
 
-void TPIFImportGroup::tellRest() const
+void TPIFImportGroup::tellIgnored(const TPIFImportNode* node, std::string_view reason) const
+{
+    if (node != nullptr && !node->hasElements) {
+        tell(TPIFImportOutcome::Ignored, *node, reason);
+    }
+}
+
+void TPIFImportGroup::tellRest(std::string_view reason) const
 {
     for (const std::size_t slot : filled_) {
-        if (!nodes_[slot].hasElements) {
-            tell(TPIFImportOutcome::Ignored, nodes_[slot], "decides nothing beside the others");
-        }
+        tellIgnored(&nodes_[slot], reason);
     }
 }
 

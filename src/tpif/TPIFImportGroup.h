@@ -22,15 +22,20 @@ TPIFImportSyntax TPIFImportGetNodeSyntax(std::optional<std::string_view> syntaxA
 /// What became of an element.
 enum class TPIFImportOutcome {
     Taken,
-    Ignored, // nothing asks for it
+    Ignored, // nothing asks for it, or something else decides
     Refused, // not a value that its feature takes
     Lost,    // a good value that the ticket has no number for
 };
 
-/// Told for each element without elements inside, in no order; the texts are borrowed for the call.
+/// Of one of two measures.
+inline constexpr const char* NoOtherMeasure = "the other measure is missing or no use";
+
+/// Told for each element that holds no others or gives a value, once or for each value, in no
+/// order; the texts are borrowed for the call.
 struct TPIFImportStep {
     TPIFImportOutcome outcome;
     std::string_view path; // ".tpif.job-template-attributes.sides"
+    std::size_t element;   // its number in the document, the root's being 1
     std::size_t line;
     std::string_view text;
     std::string_view key;        // of what is taken: "com.tarvo.print.JobLevelStock/Weight"
@@ -46,6 +51,7 @@ struct TPIFImportNode {
     bool isPresent = false;
     bool hasElements = false;    // inside
     mutable bool isTold = false; // to the observer
+    std::size_t element = 0;     // as of a step
     std::size_t line = 0;
     std::string text; // of the element and all inside
     std::string path; // from the root; only for an observer
@@ -76,8 +82,10 @@ public:
     void tellTaken(const TPIFImportNode& node, std::string_view key,
                    const CFPropertyList& value) const;
     void tell(TPIFImportOutcome outcome, const TPIFImportNode& node, std::string_view reason) const;
-    /// Tells that nothing was made of the elements that nothing has been told of.
-    void tellRest() const;
+    /// Tells that nothing was made of an element, which may be null.
+    void tellIgnored(const TPIFImportNode* node, std::string_view reason) const;
+    /// Tells why nothing was made of the elements that nothing has been told of.
+    void tellRest(std::string_view reason) const;
 
 private:
     std::vector<TPIFImportNode> nodes_;

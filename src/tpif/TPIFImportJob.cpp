@@ -11,8 +11,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t NewForm = 1;
-constexpr std::int32_t ExistingForm = 2;
 constexpr std::int32_t Independent = 1; // side 2 of side 1
 
 bool StoreNumber(const TPIFFeatureReader& feature, const TPIFImportGroup& group, std::size_t path,
@@ -46,10 +44,12 @@ bool StoreJobType(const TPIFImportFeatures& features, const TPIFImportGroup& gro
             return true;
         }
     }
-    if (SaysDisposition(features, group) || group.node(features.formSaveSlot) == nullptr) {
+    const TPIFImportNode* formSave = group.node(features.formSaveSlot);
+    if (SaysDisposition(features, group) || formSave == nullptr) {
         return false;
     }
-    jobType.set(JobTypeNumberKey, static_cast<std::int32_t>(JobType::BackgroundForms), {});
+    jobType.set(JobTypeNumberKey, static_cast<std::int32_t>(JobType::BackgroundForms),
+                {formSave->hasElements ? nullptr : formSave});
     return true;
 }
 
@@ -61,7 +61,13 @@ void ImportJobType(const TPIFImportFeatures& features, const TPIFImportGroup& gr
     CFDictionary dictionary;
     TPIFImportTarget jobType(dictionary, group, JobTypeKey);
     if (!StoreJobType(features, group, jobType)) {
+        for (const char* name : {"SaveName", "SaveLocation", "SaveFormat"}) {
+            group.tellIgnored(features.named(name).node(group), "there is no job type to go with");
+        }
         return; // a dictionary without a type would take the place of a whole one
+    }
+    for (const std::size_t path : {0U, 1U}) {
+        group.tellIgnored(features.named("JobHold").node(group, path), "another one decides");
     }
     TPIFImportFeatureOneToOne(features.named("SaveName"), group, jobType, SavedJobNameKey);
     TPIFImportFeatureOneToOne(features.named("SaveLocation"), group, jobType, SavedJobLocationKey);
@@ -75,11 +81,13 @@ void ImportResolution(const TPIFImportFeatures& features, const TPIFImportGroup&
     const TPIFFeatureReader& feature = features.named("Resolution");
     const auto crossFeed = feature.number(group, 0);
     const auto feedDirection = feature.number(group, 1);
-    if (!crossFeed || !feedDirection) {
-        return;
-    }
     const TPIFImportNode* cross = feature.node(group, 0);
     const TPIFImportNode* feed = feature.node(group, 1);
+    if (!crossFeed || !feedDirection) {
+        group.tellIgnored(cross, NoOtherMeasure);
+        group.tellIgnored(feed, NoOtherMeasure);
+        return;
+    }
     if (const auto resolution = ResolutionOf(*crossFeed, *feedDirection)) {
         TPIFImportTarget(result, group).set(ResolutionKey, *resolution, {cross, feed});
         return;
@@ -125,9 +133,13 @@ void ImportBackgroundForms(const TPIFImportFeatures& features, const TPIFImportG
     const bool isSaved =
         TPIFImportFeatureOneToOne(features.named("NewFormName"), group, forms, NewFormStringKey);
     if (!isMerged && !isSaved) {
+        for (const char* name : {"FormCycleStart", "FormXShift", "FormYShift"}) {
+            group.tellIgnored(features.named(name).node(group), "no form has a name");
+        }
         return;
     }
-    dictionary.set(UseExistingFormKey, isMerged ? ExistingForm : NewForm);
+    const FormUse use = isMerged ? FormUse::Merge : FormUse::None;
+    dictionary.set(UseExistingFormKey, static_cast<std::int32_t>(use));
     StoreNumber(features.named("FormCycleStart"), group, 0, forms, CyclePagesKey);
     StoreNumber(features.named("FormXShift"), group, 0, forms, ShiftX1Key);
     StoreNumber(features.named("FormYShift"), group, 0, forms, ShiftY1Key);

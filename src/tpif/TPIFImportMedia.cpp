@@ -2,6 +2,7 @@
 
 #include "records/StockKeys.h"
 #include "settings/StockMaps.h"
+#include "tpif/TPIFImportOneToOne.h"
 #include "tpif/TPIFMedia.h"
 #include "tpif/TPIFWords.h"
 
@@ -10,8 +11,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t OrderedStock = 6; // under a name of the user's
-constexpr std::int32_t CustomStock = 7;  // likewise, without a count
 constexpr std::int32_t Envelope = 8;
 constexpr std::int32_t EnvelopeSize = 25; // 6 x 9 in, as the postcard before it in the table
 constexpr std::int32_t Uncoated = 0;      // of a side
@@ -43,14 +42,6 @@ std::optional<std::int32_t> ColorOfName(std::string_view name)
     return std::nullopt;
 }
 
-void ReadOneToOne(const TPIFImportGroup& group, const TPIFFeatureReader& feature,
-                  TPIFImportTarget& stock, std::string_view key)
-{
-    if (const auto value = feature.value(group)) {
-        stock.set(key, value->asTicketValue(), {feature.node(group)});
-    }
-}
-
 } // namespace
 
 TPIFStockReader::TPIFStockReader(const TPIFImportFeatures& features)
@@ -78,25 +69,23 @@ CFDictionary TPIFStockReader::read(const TPIFImportGroup& group, std::string_vie
     }
     TPIFImportTarget stock(dictionary, group, key);
     readType(group, stock);
-    ReadOneToOne(group, orderCount_, stock, StockModulusKey);
-    ReadOneToOne(group, weight_, stock, StockWeightKey);
-    if (const auto text = description_.value(group); text && !text->name.empty()) {
-        stock.set(StockDescriptionKey, text->name, {description_.node(group)});
-    }
+    TPIFImportFeatureOneToOne(orderCount_, group, stock, StockModulusKey);
+    TPIFImportFeatureOneToOne(weight_, group, stock, StockWeightKey);
+    TPIFImportFeatureOneToOne(description_, group, stock, StockDescriptionKey);
     readPunched(group, stock);
     readColor(group, stock);
     readSize(group, stock, dictionary.int32(StockTypeKey));
     readCoating(group, stock);
-    ReadOneToOne(group, finish_, stock, StockFinishKey);
-    ReadOneToOne(group, grain_, stock, StockGrainKey);
+    TPIFImportFeatureOneToOne(finish_, group, stock, StockFinishKey);
+    TPIFImportFeatureOneToOne(grain_, group, stock, StockGrainKey);
     return dictionary;
 }
 
 void TPIFStockReader::readType(const TPIFImportGroup& group, TPIFImportTarget& stock) const
 {
     const auto type = type_.value(group);
+    readOtherType(group, stock, type.has_value());
     if (!type) {
-        readOtherType(group, stock);
         return;
     }
     const TPIFImportNode* node = type_.node(group);
@@ -109,20 +98,27 @@ void TPIFStockReader::readType(const TPIFImportGroup& group, TPIFImportTarget& s
         return;
     }
     const bool isOrdered = orderCount_.value(group).has_value();
-    stock.set(StockTypeKey, isOrdered ? OrderedStock : CustomStock, {node});
+    stock.set(StockTypeKey, isOrdered ? OrderedStockType : CustomStockType, {node});
     if (!type->name.empty()) { // an empty one is the driver's name of a type
         stock.set(StockCustomTypeKey, type->name, {node});
     }
 }
 
-// Two elements tell a type only in place of the type itself.
-void TPIFStockReader::readOtherType(const TPIFImportGroup& group, TPIFImportTarget& stock) const
+// Two elements tell a type only in place of the type itself, the first that does.
+void TPIFStockReader::readOtherType(const TPIFImportGroup& group, TPIFImportTarget& stock,
+                                    bool isDecided) const
 {
     for (const TPIFFeatureReader* feature : {&prePrinted_, &recycled_}) {
+        if (isDecided) {
+            group.tellIgnored(feature->node(group), "another one decides on the type");
+            continue;
+        }
         const auto type = feature->number(group);
-        if (type && *type != 0) { // 0: not pre-printed, not recycled
+        isDecided = type && *type != 0; // 0: not pre-printed, not recycled
+        if (isDecided) {
             stock.set(StockTypeKey, *type, {feature->node(group)});
-            return;
+        } else {
+            group.tellIgnored(feature->node(group), "it is what a stock is without it");
         }
     }
 }
@@ -163,11 +159,13 @@ void TPIFStockReader::readSize(const TPIFImportGroup& group, TPIFImportTarget& s
 {
     const auto width = size_.number(group, 0);
     const auto length = size_.number(group, 1);
-    if (!width || !length) {
-        return;
-    }
     const TPIFImportNode* x = size_.node(group, 0);
     const TPIFImportNode* y = size_.node(group, 1);
+    if (!width || !length) {
+        group.tellIgnored(x, NoOtherMeasure);
+        group.tellIgnored(y, NoOtherMeasure);
+        return;
+    }
     if (const auto* size = SizeOf(*width, *length)) {
         const bool isEnvelope = type == Envelope && HasSizeOfEnvelope(*size);
         stock.set(StockSizeKey, isEnvelope ? EnvelopeSize : size->value, {x, y});
@@ -199,8 +197,8 @@ void TPIFStockReader::readCoating(const TPIFImportGroup& group, TPIFImportTarget
     const auto back = coatingOf(group, 1);
     const bool isFront = front && *front != Uncoated;
     const bool isBack = back && *back != Uncoated;
-    const TPIFImportNode* frontNode = sidesCoated_.node(group, 0);
-    const TPIFImportNode* backNode = sidesCoated_.node(group, 1);
+    const TPIFImportNode* frontNode = front ? sidesCoated_.node(group, 0) : nullptr;
+    const TPIFImportNode* backNode = back ? sidesCoated_.node(group, 1) : nullptr;
     if (front == Uncoated && back == Uncoated) {
         stock.set(StockSidesCoatedKey, CoatedNowhere, {frontNode, backNode});
     } else if (isFront) {
@@ -209,6 +207,9 @@ void TPIFStockReader::readCoating(const TPIFImportGroup& group, TPIFImportTarget
     } else if (isBack) {
         stock.set(StockSidesCoatedKey, CoatedInBack, {frontNode});
         stock.set(StockCoatingTypeKey, *back, {backNode});
+    } else {
+        group.tellIgnored(frontNode, "nothing is said of the other side");
+        group.tellIgnored(backNode, "nothing is said of the other side");
     }
 }
 

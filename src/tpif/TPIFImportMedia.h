@@ -16,7 +16,7 @@ public:
 
 private:
     void readType(const TPIFImportGroup& group, TPIFImportTarget& stock) const;
-    void readOtherType(const TPIFImportGroup& group, TPIFImportTarget& stock) const;
+    void readOtherType(const TPIFImportGroup& group, TPIFImportTarget& stock, bool isDecided) const;
     void readColor(const TPIFImportGroup& group, TPIFImportTarget& stock) const;
     void readPunched(const TPIFImportGroup& group, TPIFImportTarget& stock) const;
     void readSize(const TPIFImportGroup& group, TPIFImportTarget& stock,

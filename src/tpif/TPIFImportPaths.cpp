@@ -2,6 +2,13 @@
 
 namespace tarvo {
 
+TPIFImportPaths::TPIFImportPaths() : places_(TPIFImportScopeCount)
+{
+    for (std::size_t index = 0; index < places_.size(); ++index) {
+        places_[index].index = index;
+    }
+}
+
 std::size_t TPIFImportPaths::addText(TPIFImportScope scope, std::string_view path)
 {
     Place& place = add(scope, path);
@@ -30,29 +37,31 @@ std::size_t TPIFImportPaths::addGroup(TPIFImportScope scope, std::string_view pa
     return *place.slot;
 }
 
-std::optional<std::size_t> TPIFImportPaths::find(std::size_t around, std::string_view name) const
+const TPIFImportPaths::Place* TPIFImportPaths::find(const Place& around,
+                                                    std::string_view name) const
 {
-    for (const std::size_t index : places_[around].inside) {
-        if (places_[index].name == name) {
-            return index;
-        }
+    const std::size_t* index = around.inside.find(name);
+    return index == nullptr ? nullptr : &places_[*index];
+}
+
+// The index of the place of that name inside another; a new one when there was none.
+std::size_t TPIFImportPaths::enter(std::size_t around, std::string_view name)
+{
+    if (const Place* place = find(places_[around], name)) {
+        return place->index;
     }
-    return std::nullopt;
+    const std::size_t index = places_.size();
+    places_[around].inside.set(name, index);
+    places_.push_back(Place{std::string(name), index, {}, {}, false, false, {}});
+    return index;
 }
 
 TPIFImportPaths::Place& TPIFImportPaths::add(TPIFImportScope scope, std::string_view path)
 {
-    std::size_t around = root(scope);
+    std::size_t around = root(scope).index;
     for (std::size_t dot = 0; dot != std::string_view::npos;) {
         const std::size_t next = path.find('.', dot + 1);
-        const std::string_view name = path.substr(dot + 1, next - dot - 1);
-        auto index = find(around, name);
-        if (!index) {
-            index = places_.size();
-            places_.push_back(Place{std::string(name), {}, {}, false, false, {}});
-            places_[around].inside.push_back(*index);
-        }
-        around = *index;
+        around = enter(around, path.substr(dot + 1, next - dot - 1));
         dot = next;
     }
     const auto slot = slots_.try_emplace(std::string(path), slots_.size()).first->second;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/cf/OrderedMap.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -20,14 +22,15 @@ class TPIFImportPaths {
 public:
     struct Place {
         std::string name;
-        std::vector<std::size_t> inside;      // places
+        std::size_t index = 0;                // among all places
+        OrderedMap<std::size_t> inside;       // name to index
         std::optional<std::size_t> slot;      // of the path
         bool wantsText = false;               // else it is enough to know that it is there
         bool repeats = false;                 // its following siblings of the same name count too
         std::optional<TPIFImportScope> opens; // the group of its members
     };
 
-    TPIFImportPaths() : places_(TPIFImportScopeCount) {}
+    TPIFImportPaths();
 
     /// @param path  names from the scope's members down, each after a dot
     /// @return the slot of its text
@@ -43,14 +46,17 @@ public:
 
     std::size_t slotCount() const { return slots_.size(); }
     std::size_t placeCount() const { return places_.size(); }
-    const Place& place(std::size_t index) const { return places_[index]; }
     /// The place around a scope's members.
-    static std::size_t root(TPIFImportScope scope) { return static_cast<std::size_t>(scope); }
-    /// The place of that name inside another; nullopt when nothing asks for it.
-    std::optional<std::size_t> find(std::size_t around, std::string_view name) const;
+    const Place& root(TPIFImportScope scope) const
+    {
+        return places_[static_cast<std::size_t>(scope)];
+    }
+    /// The place of that name inside another, borrowed; null when nothing asks for it.
+    const Place* find(const Place& around, std::string_view name) const;
 
 private:
     Place& add(TPIFImportScope scope, std::string_view path);
+    std::size_t enter(std::size_t around, std::string_view name);
 
     std::vector<Place> places_; // the scopes' roots first
     std::map<std::string, std::size_t, std::less<>> slots_;

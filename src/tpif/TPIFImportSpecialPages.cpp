@@ -12,6 +12,9 @@ constexpr std::int32_t PrintNone = 1;
 constexpr std::int32_t PrintFront = 2;
 constexpr std::int32_t PrintBack = 3;
 
+constexpr const char* NoCover = "its cover is left out";
+constexpr const char* NoPage = "its exception page is left out";
+
 std::string EntryKeys(std::string_view list, const CFArray& entries)
 {
     return std::string(list) + "[" + std::to_string(entries.size()) + "]/";
@@ -37,12 +40,13 @@ std::optional<std::int32_t> TPIFSpecialPagesImport::coverType(const TPIFImportGr
     return coverType_.node(group) == nullptr ? PrintNone : coverType_.number(group);
 }
 
-CFDictionary TPIFSpecialPagesImport::cover(const TPIFImportGroup& group, std::int32_t sides) const
+CFDictionary TPIFSpecialPagesImport::cover(const TPIFImportGroup& group, std::int32_t sides,
+                                           const TPIFImportNode* type) const
 {
     CFDictionary cover;
     TPIFImportTarget target(cover, group);
     cover.set(StartPageKey, 0);
-    target.set(SidesImagedKey, sides, {coverType_.node(group)});
+    target.set(SidesImagedKey, sides, {type});
     cover.set(PageStockKey, stock_.read(group, PageStockKey));
     return cover;
 }
@@ -50,16 +54,27 @@ CFDictionary TPIFSpecialPagesImport::cover(const TPIFImportGroup& group, std::in
 void TPIFSpecialPagesImport::addFrontCover(const TPIFImportGroup& group)
 {
     if (const auto sides = coverType(group)) {
-        front_ = cover(group, *sides);
+        front_ = cover(group, *sides, coverType_.node(group));
+    } else {
+        group.tellRest(NoCover);
     }
 }
 
 void TPIFSpecialPagesImport::addBackCover(const TPIFImportGroup& group)
 {
-    if (const auto sides = coverType(group)) {
-        isBackPrintedOnBack_ = *sides == PrintBack;
-        back_ = cover(group, isBackPrintedOnBack_ ? backSides() : *sides);
+    const auto sides = coverType(group);
+    if (!sides) {
+        group.tellRest(NoCover);
+        return;
     }
+    const TPIFImportNode* type = coverType_.node(group);
+    isBackPrintedOnBack_ = *sides == PrintBack;
+    if (isBackPrintedOnBack_) { // the front cover, which may follow, decides
+        backType_ = *type;
+        type->isTold = true;
+        type = nullptr;
+    }
+    back_ = cover(group, *sides, type);
 }
 
 // Documents have one word for a back cover's 2 and 3. Covers of one kind have 3.
@@ -86,6 +101,7 @@ void TPIFSpecialPagesImport::addInsert(const TPIFImportGroup& group)
     ++count_;
     const auto page = boundary(inserts_, group, features_.insertAfterSlot);
     if (!page) {
+        group.tellRest("its insert is left out");
         return;
     }
     CFDictionary insert;
@@ -107,6 +123,7 @@ void TPIFSpecialPagesImport::addPage(const TPIFImportGroup& group)
     const auto first = boundary(exceptions_, group, features_.lowerBoundSlot);
     const auto last = boundary(exceptions_, group, features_.upperBoundSlot);
     if (!first || !last) {
+        group.tellRest(NoPage);
         return;
     }
     if (*last < *first) {
@@ -115,6 +132,7 @@ void TPIFSpecialPagesImport::addPage(const TPIFImportGroup& group)
                 group.tell(TPIFImportOutcome::Refused, *node, "the range ends before it begins");
             }
         }
+        group.tellRest(NoPage);
         return;
     }
     CFDictionary page;
@@ -141,10 +159,12 @@ std::string TPIFSpecialPagesImport::nextPageKeys() const
     return EntryKeys(ExceptionListKey, exceptionList_);
 }
 
-void TPIFSpecialPagesImport::store(CFDictionary& result) &&
+void TPIFSpecialPagesImport::store(const TPIFImportGroup& group, CFDictionary& result) &&
 {
     if (back_) {
         if (isBackPrintedOnBack_) {
+            const std::string key = std::string(BackCoverKey).append("/").append(SidesImagedKey);
+            group.tellTaken(*backType_, key, backSides());
             back_->set(SidesImagedKey, backSides());
         }
         result.set(BackCoverKey, std::move(*back_));

@@ -25,11 +25,13 @@ public:
     std::string nextPageKeys() const;
 
     /// Stores what was added. What a back cover has printed depends on the front cover.
-    void store(CFDictionary& result) &&;
+    /// @param group  whose observer is told that
+    void store(const TPIFImportGroup& group, CFDictionary& result) &&;
 
 private:
     std::optional<std::int32_t> coverType(const TPIFImportGroup& group) const;
-    CFDictionary cover(const TPIFImportGroup& group, std::int32_t sides) const;
+    CFDictionary cover(const TPIFImportGroup& group, std::int32_t sides,
+                       const TPIFImportNode* type) const;
     std::int32_t backSides() const;
     std::optional<std::int32_t> boundary(const TPIFFeatureReader& feature,
                                          const TPIFImportGroup& group, std::size_t slot) const;
@@ -45,6 +47,7 @@ private:
     std::optional<CFDictionary> front_;
     std::optional<CFDictionary> back_;
     bool isBackPrintedOnBack_ = false;
+    std::optional<TPIFImportNode> backType_; // its element, then
     CFArray insertList_;
     CFArray exceptionList_;
     std::size_t count_ = 0;

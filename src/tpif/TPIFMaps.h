@@ -76,7 +76,7 @@ inline constexpr TPIFWord TPIFMediaGrainMap[] = {
     {nullptr, 0},
 };
 
-// Weights are numbers; no keyword stands for one.
+// Weights are numbers; a device profile may have a keyword for none.
 inline constexpr TPIFWord TPIFMediaWeightMetricMap[] = {
     {"PrinterDefault", UnsetValue},
     {nullptr,          0         },
@@ -125,7 +125,7 @@ inline constexpr TPIFWord TPIFAntialiasingMap[] = {
     {nullptr,          0         },
 };
 
-// Levels are numbers; no keyword stands for one.
+// Levels are numbers; a device profile may have a keyword for none.
 inline constexpr TPIFWord TPIFLightenDarkenMap[] = {
     {"PrinterDefault", UnsetValue},
     {nullptr,          0         },

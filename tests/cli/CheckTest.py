@@ -88,7 +88,7 @@ Contradictions = (
     ("a time", Job(JobType=7, DelayedPrintTime=datetime(2027, 1, 1)), []),
     ("no time", Job(JobType=7), [Prefix + "JobType/JobType is 7 and needs DelayedPrintTime"]),
     ("saved under its own name", Job(JobType=3, UseJobName=True), []),
-    ("saved under no name", Job(JobType=4), [Prefix + "JobType/JobType is 4 and needs SavedJobName"]),
+    ("saved under no name", Job(JobType=4, UseJobName=False), [Prefix + "JobType/JobType is 4 and needs SavedJobName"]),
     ("no type", Job(SavedJobName="x"), [Prefix + "JobType/JobType is missing"]),
     ("no position", Keys(FinishingOptions=4, FinishingStaple1Value=0),
      [f"{Finishing}Options is 4 and needs {Finishing}Staple1Value"]),
@@ -112,8 +112,7 @@ Contradictions = (
     ("a custom size without one", Stock(Size=75, Width=21000), [Prefix + "JobLevelStock/Size is 75 and needs Length"]),
     ("numbers of another size", Stock(Size=4, Width=21000), [Prefix + "JobLevelStock/Width needs Size 75"]),
     ("custom and unnamed", Stock(Type=7, Color=10, CustomNameOnly=True),
-     [Prefix + "JobLevelStock/Color is 10 and needs CustomColor", Prefix + "JobLevelStock/CustomNameOnly needs CustomName",
-      Prefix + "JobLevelStock/Type is 7 and needs CustomType"]),
+     [Prefix + "JobLevelStock/Color is 10 and needs CustomColor", Prefix + "JobLevelStock/CustomNameOnly needs CustomName"]),
     ("a transparency on both sides", Stock(Type=2, Color=1) | Keys(FinishingDuplex=2),
      [Prefix + "JobLevelStock/Color is 1, but a transparency is clear, 6",
       Prefix + "JobLevelStock/Type prints a transparency on both sides"]),
@@ -198,6 +197,46 @@ class Check(ProgramTest):
             'd.plist:7: media-col.media-weight-metric "1000" is refused by an import: above 999',
             "d.plist:8: job-save-disposition stands out of order: the printer reads it before what is above",
             "1 file checked, 7 findings"])
+
+    def test_what_an_import_takes_and_an_export_lacks_is_found(self):
+        document = b"""<tpif><tpif-operation-attributes><job-name syntax="name">A</job-name></tpif-operation-attributes>
+<job-template-attributes><finishings syntax="1setOf"><value syntax="enum">20</value>
+<value syntax="enum">28</value></finishings><sides syntax="keyword">one-sided</sides></job-template-attributes></tpif>"""
+        self.write("d.xml", document)
+        lacks = "is taken by an import, but a new export does not contain it"
+        self.assertEqual(self.check("d.xml").stdout.decode().splitlines(), [
+            f'd.xml:1: job-name "A" {lacks}',
+            f'd.xml:3: finishings.value "28" {lacks}',
+            f"d.xml:3: {Finishing}Staple2Value is 10 and does not count: {Finishing}Options is 4",
+            "1 file checked, 3 findings"])
+
+    def test_findings_of_one_line_are_in_the_order_of_the_document(self):
+        page = '<page-overrides><value><sides syntax="keyword">x</sides></value></page-overrides>'
+        words = "".join(f'<{name} syntax="keyword">x</{name}>' for name in ("sides", "a", "trapping", "anti-aliasing"))
+        document = f"<tpif><job-template-attributes>{page}{words}</job-template-attributes></tpif>"
+        found = self.findings(self.check("-", input=document.encode()))
+        self.assertEqual([line.split()[0] for line in found],
+                         ["page-overrides.value.sides", "sides", "a", "trapping", "anti-aliasing"])
+
+    def test_what_the_program_writes_passes(self):
+        notes = Keys(JobNotesJobName="Q", JobNotesSenderName="R")
+        cases = (("the driver's own type", Stock(Type=23)), ("saved under the job's name", Job(JobType=3, UseJobName=True)),
+                 ("punched where documents cannot say", Keys(FinishingOptions=49, FinishingStaple1Value=5,
+                                                             FinishingHolePunchValue=49)),
+                 ("covers of one kind", Keys(SpecialPages_FrontCover={"StartPage": 0, "SidesImaged": 3, "Stock": {"Type": 1}},
+                                             SpecialPages_BackCover={"StartPage": 0, "SidesImaged": 3, "Stock": {"Type": 1}})))
+        for name, ticket in cases:
+            with self.subTest(name):
+                self.write("t.plist", Ticket(ticket, notes))
+                self.assertEqual(self.export("t.plist", "--all", "-o", "d.xml").returncode, 0)
+                self.assertEqual(self.run_program("import", "d.xml", "-o", "again.plist").returncode, 0)
+                self.assertEqual(self.findings(self.check("t.plist", "d.xml", "again.plist")), [])
+
+    def test_a_document_of_a_million_elements_is_told_in_part(self):
+        self.write("d.xml", b"<tpif><job-template-attributes>" + b"<a/>" * 10**6 + b"</job-template-attributes></tpif>")
+        result = self.run_bounded("check", "d.xml")
+        self.assertEqual(result.returncode, 3)
+        self.assertIn(b"d.xml: and 999000 more\n1 file checked, 1000000 findings\n", result.stdout)
 
     def test_unreadable_files_are_named_and_the_others_checked(self):
         self.write("good.plist", plistlib.dumps({}))

@@ -112,8 +112,31 @@ class Import(ProgramTest):
                          {"line": 2, "path": ".tpif.job-template-attributes.sides", "text": "two-sided-long-edge",
                           "outcome": "taken", "key": Prefix + "FinishingDuplex", "value": 2})
         self.assertEqual((first["error"], first["missingFromExport"], second["elements"]), (None, [], []))
+        self.assertEqual((first["remark"], first["moreElements"], first["moreMissing"], first["misplaced"]), (None, 0, 0, []))
+        misplaced = self.run_import("-", "--json", input=Job(Stacker, LongEdge)).stdout
+        self.assertEqual(json.loads(misplaced)["documents"][0]["misplaced"],
+                         [{"line": 3, "path": ".tpif.job-template-attributes.sides"}])
         self.assertEqual(second["error"]["line"], 3)
         self.assertEqual(plistlib.loads((self.folder / "t.plist").read_bytes())[Prefix + "FinishingDuplex"], 2)
+
+    def test_the_report_tells_the_first_of_a_million_elements_and_counts_the_others(self):
+        self.write("many.xml", Job("<a/>" * 10**6, Stacker))
+        result = self.run_bounded("import", "many.xml", "--report", "-o", "t.plist")
+        lines = result.stdout.decode().splitlines()
+        self.assertEqual((result.returncode, result.stderr, len(lines)), (0, b"", 20_005))
+        self.assertEqual(lines[10_001:10_003], ["        and 990001 more", "Not in a new export:"])
+        self.assertEqual(lines[-2:], ["        and 990000 more",
+                                      "1 taken, 1000000 ignored, 0 refused, 0 lost; 1000000 not in a new export"])
+        self.assertEqual(plistlib.loads((self.folder / "t.plist").read_bytes()), {Prefix + "FinishingOutputDestination": 4})
+
+    def test_what_is_no_document_is_said_to_be_none(self):
+        self.write("other.xml", b"\n<svg><sides/></svg>")
+        for words in ((), ("--report", "-o", "t.plist")):
+            with self.subTest(words):
+                result = self.run_import("other.xml", "a.xml", *words)
+                self.assertEqual((result.returncode, self.messages(result)),
+                                 (0, ['other.xml:2: no document to import: the root element is "svg"']))
+        self.assertEqual(self.ticket(self.run_import("other.xml")), {})
 
     def test_the_documents_of_the_examples_come_back(self):
         whole = 0

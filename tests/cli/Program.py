@@ -42,6 +42,17 @@ class ProgramTest(unittest.TestCase):
         settings = {"stdin": source, "stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "env": environment, **settings}
         return subprocess.run([program, *words], cwd=self.folder, timeout=120, **settings)
 
+    def run_bounded(self, *words):
+        """What the program did, which had no more than 64 MiB of memory; a sanitizer's has."""
+        output, errors = self.folder / "output", self.folder / "errors"
+        with output.open("wb") as out, errors.open("wb") as err:
+            process = subprocess.Popen([Program, *words], cwd=self.folder, stdin=subprocess.DEVNULL, stdout=out, stderr=err)
+            _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if b"__asan_init" not in Path(Program).read_bytes():
+            self.assertLess(usage.ru_maxrss, 64 * 1024)
+        return subprocess.CompletedProcess(words, process.returncode, output.read_bytes(), errors.read_bytes())
+
     def export(self, *words, **settings):
         return self.run_program("export", *words, **settings)
 

@@ -141,6 +141,22 @@ TEST_F(FileContents, AreReplacedWithNothingLeftBesideAndTheirPermissions)
     EXPECT_EQ(fileCount(), 2);
 }
 
+TEST_F(FileContents, AreReplacedPieceByPieceOrNotAtAll)
+{
+    const auto pieces = [](bool isWhole) {
+        return [isWhole](const FilePut& put) { return put("one ") && put("two") && isWhole; };
+    };
+    ASSERT_TRUE(ReplaceFileContents(path("a"), pieces(true), reason_)) << reason_;
+    EXPECT_EQ(read("a"), "one two");
+    write("a", "old");
+    EXPECT_FALSE(ReplaceFileContents(path("a"), pieces(false), reason_));
+    EXPECT_EQ(reason_, "");
+    EXPECT_EQ(read("a"), "old");
+    EXPECT_EQ(fileCount(), 1);
+    EXPECT_FALSE(ReplaceFileContents("/dev/full", pieces(true), reason_));
+    EXPECT_EQ(reason_, "No space left on device");
+}
+
 TEST_F(FileContents, AreReplacedBehindLinks)
 {
     fs::create_directory(path("sub"));

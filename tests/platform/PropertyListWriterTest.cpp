@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tarvo {
 namespace {
 
@@ -70,6 +72,34 @@ TEST(PropertyListWriter, RefusesWhatTheReaderWould)
     }
     ParseError error;
     EXPECT_EQ(ReadPropertyList(Written(deepest), error), deepest) << error.reason;
+}
+
+TEST(PropertyListWriter, PutsTheSameInPieces)
+{
+    constexpr std::size_t Many = 20'000;
+    const CFPropertyList root = CFArray(Many, CFPropertyList("of some length"));
+    std::size_t longest = 0;
+    std::string all;
+    ParseError error;
+    const auto join = [&](std::string_view piece) {
+        longest = std::max(longest, piece.size());
+        all += piece;
+        return true;
+    };
+    EXPECT_TRUE(WritePropertyList(root, join, error));
+    EXPECT_EQ(all, Written(root));
+    EXPECT_LT(longest, 100'000U);
+
+    int puts = 0;
+    const auto full = [&puts](std::string_view) { return ++puts < 2; };
+    EXPECT_FALSE(WritePropertyList(root, full, error));
+    EXPECT_EQ(puts, 2);
+    EXPECT_EQ(error.reason, "");
+
+    CFArray wrong(Many, CFPropertyList("of some length"));
+    wrong.emplace_back("\x01");
+    EXPECT_FALSE(WritePropertyList(wrong, join, error));
+    EXPECT_EQ(error.reason, "a text holds a control character");
 }
 
 } // namespace

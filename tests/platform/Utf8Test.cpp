@@ -25,14 +25,16 @@ TEST(ValidUtf8Prefix, EndsBeforeWhatIsNoUtf8)
 {
     // name, text, length of its valid beginning
     const std::tuple<const char*, std::string_view, std::size_t> cases[] = {
-        {"nothing",           ""sv,                         0},
-        {"last character",    "a\xF4\x8F\xBF\xBF"sv,        5},
-        {"above it",          "a\xF4\x90\x80\x80"sv,        1},
-        {"around surrogates", "\xED\x9F\xBF\xEE\x80\x80"sv, 6},
-        {"surrogate",         "\xED\xA0\x80"sv,             0},
-        {"overlong",          "ab\xC0\xAF"sv,               2},
-        {"cut",               "ab\xE2\x82"sv,               2},
-        {"NUL",               "a\0b"sv,                     1},
+        {"nothing",           ""sv,                             0 },
+        {"last character",    "a\xF4\x8F\xBF\xBF"sv,            5 },
+        {"above it",          "a\xF4\x90\x80\x80"sv,            1 },
+        {"around surrogates", "\xED\x9F\xBF\xEE\x80\x80"sv,     6 },
+        {"surrogate",         "\xED\xA0\x80"sv,                 0 },
+        {"overlong",          "ab\xC0\xAF"sv,                   2 },
+        {"cut",               "ab\xE2\x82"sv,                   2 },
+        {"NUL",               "a\0b"sv,                         1 },
+        {"behind much ASCII", "0123456789abcdef\xC3\xA9\xFF"sv, 18},
+        {"NUL in much ASCII", "0123456789\0bcdefgh"sv,          10},
     };
     for (const auto& [name, text, valid] : cases) {
         EXPECT_EQ(ValidUtf8Prefix(text).size(), valid) << name;

@@ -1,5 +1,5 @@
 // Documents that somebody made to hurt, or that were broken on their way: each is refused for a
-// reason or read, soon and in little memory, and never a crash. What each costs is printed.
+// reason or read, in little memory, and never a crash. What each costs is printed.
 
 #include "platform/files/FileContents.h"
 #include "printer/FeatureDatabase.h"
@@ -7,9 +7,10 @@
 #include "tpif/TPIFImport.h"
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
-#include <chrono>
+#include <malloc.h>
+
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -203,7 +204,9 @@ std::vector<HostileDocument> Shapes()
         {"blanks behind the root", "<a/>" + std::string(2 << 20, ' '), Read},
         {"end tags alone", Times(100'000, "</a>"), "startTag"},
         {"exceptions without anything", Pages(50'000, ""), Read},
-        {"more exceptions than a job has", Pages(100'002, ""), "exception pages"},
+        {"exceptions without anything, too many", Pages(100'000, ""), "exception pages"},
+        {"as many that say something",
+         Pages(100'000, "<pages syntax='1setOf'><value><lower-bound syntax='integer'>1</lower-bound></value></pages>"), Read},
         {"as many finishings",
          Job("<finishings>" + Times(100'000, "<value syntax='enum'>20</value>") + "</finishings>"), Read},
         {"as many sets of them", Job(Times(100'000, "<finishings><value/></finishings>")), Read},
@@ -242,8 +245,24 @@ std::size_t PeakMemory()
 
 void ResetPeakMemory()
 {
+    malloc_trim(0); // what was freed would serve once more
     std::ofstream("/proc/self/clear_refs") << "5";
 }
+
+double ProcessorSeconds()
+{
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+// A sanitizer keeps what is freed.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool CountsMemory = false;
+#elif defined(__has_feature)
+constexpr bool CountsMemory = !__has_feature(address_sanitizer);
+#else
+constexpr bool CountsMemory = true;
+#endif
+constexpr std::size_t MostKilobytes = 64 * 1024;
 
 class HostileDocuments : public testing::Test {
 protected:
@@ -253,15 +272,14 @@ protected:
             SCOPED_TRACE(document.name);
             ResetPeakMemory();
             const std::size_t memory = PeakMemory();
-            const auto begin = std::chrono::steady_clock::now();
+            const double begin = ProcessorSeconds();
             import(document);
-            const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
+            const double seconds = ProcessorSeconds() - begin;
             const std::size_t kilobytes = PeakMemory() - memory;
-            std::printf("%-40s %6.0f ms %6zu kB\n", document.name, seconds.count() * 1000,
-                        kilobytes);
-            // A hundred times what any takes; a document that grows out of proportion takes more.
-            EXPECT_LT(seconds.count(), 20);
-            EXPECT_LT(kilobytes, 256U * 1024);
+            std::printf("%-40s %6.0f ms %6zu kB\n", document.name, seconds * 1000, kilobytes);
+            if (CountsMemory) {
+                EXPECT_LT(kilobytes, MostKilobytes);
+            }
         }
     }
 

@@ -10,6 +10,7 @@
 // A single letter stands for the syntax attribute: k keyword, i integer, n name, t text, u uri,
 // e enum, m mimeMediaType, s 1setOf, c collection.
 
+#include "ImportSteps.h"
 #include "TPIFTestSupport.h"
 #include "TicketText.h"
 #include "platform/bundle/CFBundle.h"
@@ -77,6 +78,7 @@ protected:
             << error.line << ": " << error.reason;
         EXPECT_TRUE(result == TicketFromText(expected))
             << WritePropertyList(result, error).value_or("");
+        EXPECT_EQ(FaultOfSteps(features_, Document(document)), "");
     }
 
 private:

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 
 namespace tarvo {
 namespace {
@@ -211,6 +212,31 @@ TEST(ImportFeatures, AreThoseOfTheDatabase)
     EXPECT_TRUE(Imported(TPIFImportFeatures(FeatureDatabase()), rgb("name", "y")).empty());
 }
 
+TEST(ImportFeatures, OfNumbersMayHaveAKeywordForNone)
+{
+    const CFDictionary asked = Dictionary({
+        {"TPIF", true}
+    });
+    const CFDictionary keywords = Dictionary({
+        {"Keyword", Dictionary({{"PrinterDefault", Word("PrinterDefault", "any", false)}})}
+    });
+    const CFDictionary stock = Dictionary({
+        {"Weight", UnsetValue}
+    });
+    // feature, members of the job, result
+    const std::tuple<const char*, const char*, CFDictionary> rows[] = {
+        {"StockWeight",
+         "<media-col><media-weight-metric syntax='keyword'>any</media-weight-metric></media-col>", Dictionary({{JobLevelStockKey, stock}})     },
+        {"LightenDarken",
+         "<adjust-bw-darkness-value syntax='keyword'>any</adjust-bw-darkness-value>",              Dictionary({{LightenDarkenKey, UnsetValue}})},
+    };
+    for (const auto& [feature, members, result] : rows) {
+        SCOPED_TRACE(feature);
+        const FeatureDatabase database(Profile(feature, asked, keywords));
+        EXPECT_EQ(Imported(TPIFImportFeatures(database), Job(members)), result);
+    }
+}
+
 std::string Line(const TPIFImportStep& step)
 {
     static constexpr const char* Outcomes[] = {"taken", "ignored", "refused", "lost"};
@@ -259,12 +285,105 @@ TEST(ImportObserver, HearsOfEveryElementOnce)
             "3 output-bin=top-1 lost (no ticket value stands for it)",
             "4 media-type=Film taken com.tarvo.print.JobLevelStock/CustomType=Film",
             "4 media-type=Film taken com.tarvo.print.JobLevelStock/Type=7",
-            "5 media-recycled=standard ignored (decides nothing beside the others)",
+            "5 media-recycled=standard ignored (another one decides on the type)",
             "5 media-weight-metric=0 refused (below 1)", "5 pages= ignored (it holds nothing)",
             "6 adjust-cyan-red=1 taken com.tarvo.print.SpecialPages.ExceptionList[1]/"
             "FullColorOptionsPage/FCColorCast/FCCyanRed=1",
             "6 trc-name= ignored (empty)", "7 sides= ignored (an earlier one counts)"}));
 }
+
+// Of the members of a job, on one line, in the order of the document.
+std::string LinesOf(const std::string& members)
+{
+    std::map<std::size_t, std::string> lines;
+    const TPIFImportObserver observer = [&lines](const TPIFImportStep& step) {
+        std::string line = Line(step).substr(2);
+        constexpr std::string_view Prefix = "com.tarvo.print.";
+        if (const std::size_t found = line.find(Prefix); found != std::string::npos) {
+            line.erase(found, Prefix.size());
+        }
+        lines[step.element] += line + "\n";
+    };
+    CFDictionary result;
+    ParseError error;
+    TPIFImportDocument(Features(), XmlSourceOf(Job(members)), result, error, &observer);
+    std::string text;
+    for (const auto& [element, line] : lines) {
+        text += line;
+    }
+    return text;
+}
+
+std::string Set(const std::string& name, std::initializer_list<const char*> values)
+{
+    const std::string syntax = name == "finishings" ? "enum" : "keyword";
+    std::string members;
+    for (const char* value : values) {
+        members += "<value syntax='" + syntax + "'>" + value + "</value>";
+    }
+    return "<" + name + ">" + members + "</" + name + ">";
+}
+
+std::string Word(const std::string& name, const std::string& text)
+{
+    return "<" + name + " syntax='keyword'>" + text + "</" + name + ">";
+}
+
+// clang-format off
+TEST(ImportObserver, HearsWhatIsStoredWhenThatIsDecided)
+{
+    const std::string printedOnBack = Word("cover-type", "print-back");
+    const std::string page = "<insert-after-page-number syntax='integer'>x</insert-after-page-number>";
+    // name, members of the job, lines
+    const std::tuple<const char*, std::string, const char*> rows[] = {
+        {"none beside a staple", Set("finishings", {"3", "20"}),
+         "value=3 ignored (the values beside it decide)\n"
+         "value=20 taken FinishingStaple1Value=5\n"},
+        {"two positions of one family", Set("finishings", {"28", "30"}),
+         "value=28 ignored (a later one of its kind counts)\n"
+         "value=30 taken FinishingStaple2Value=13\n"},
+        {"repeated, the driver's punch position", Set("finishings", {"20", "20", "94"}),
+         "value=20 taken FinishingStaple1Value=5\n"
+         "value=20 taken FinishingHolePunchValue=49\n"
+         "value=94 ignored (the values beside it decide)\n"},
+        {"repeated without a staple", Set("finishings", {"50", "50"}),
+         "value=50 taken FinishingBindValue=15\n"
+         "value=50 ignored (it is said before)\n"},
+        {"holes beside a staple", Set("finishings", {"20", "90"}),
+         "value=20 taken FinishingStaple1Value=5\n"
+         "value=90 taken FinishingHolePunchOptions=3\n"
+         "value=90 taken FinishingHolePunchValue=49\n"},
+        {"two offsets", Set("job-offset", {"offset-set", "offset-subset", "offset-set"}),
+         "value=offset-set taken FinishingOffset=5\n"
+         "value=offset-subset taken FinishingOffset=5\n"
+         "value=offset-set ignored (it is said before)\n"},
+        {"none beside an offset", Set("job-offset", {"none", "offset-set"}),
+         "value=none lost (no ticket value stands for all of the set)\n"
+         "value=offset-set lost (no ticket value stands for all of the set)\n"},
+        {"back before front", "<cover-back>" + printedOnBack + "</cover-back><cover-front>" + printedOnBack + "</cover-front>",
+         "cover-type=print-back taken SpecialPages.BackCover/SidesImaged=3\n"
+         "cover-type=print-back taken SpecialPages.FrontCover/SidesImaged=3\n"},
+        {"an insert that is left out", "<insert-sheet><value>" + page + "<insert-count syntax='integer'>2</insert-count></value></insert-sheet>",
+         "insert-after-page-number=x refused (not a whole number of 32 bits)\n"
+         "insert-count=2 ignored (its insert is left out)\n"},
+        {"an empty page", "<page-overrides><value> </value></page-overrides>",
+         "value=  taken SpecialPages.ExceptionList[0]/StartPage=1\n"},
+        {"half a size", "<media-col><media-size><x-dimension syntax='integer'>9</x-dimension></media-size></media-col>",
+         "x-dimension=9 ignored (the other measure is missing or no use)\n"},
+        {"an unknown coating beside a known one",
+         "<media-col>" + Word("media-front-coating", "glossy") + Word("media-back-coating", "?") + "</media-col>",
+         "media-front-coating=glossy taken JobLevelStock/kCoatingType=1\n"
+         "media-back-coating=? refused (an unknown word)\n"},
+        {"a name of a job that is not saved",
+         "<job-save-disposition><save-info><value><save-name syntax='name'>A</save-name></value></save-info></job-save-disposition>",
+         "save-name=A ignored (there is no job type to go with)\n"},
+    };
+    for (const auto& [name, members, lines] : rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(LinesOf(members), lines);
+    }
+}
+// clang-format on
 
 } // namespace
 } // namespace tarvo

@@ -1,5 +1,7 @@
 #include "platform/cf/PropertyListText.h"
 
+#include "platform/text/WhiteSpace.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -29,17 +31,6 @@ constexpr auto Base64Values = MakeBase64Values();
 bool IsWhiteSpace(char letter)
 {
     return letter == ' ' || letter == '\n' || letter == '\t' || letter == '\r';
-}
-
-std::string_view Trimmed(std::string_view text)
-{
-    while (!text.empty() && IsWhiteSpace(text.front())) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && IsWhiteSpace(text.back())) {
-        text.remove_suffix(1);
-    }
-    return text;
 }
 
 template <typename Number>

@@ -56,15 +56,19 @@ std::string_view EscapeOf(char byte)
 
 class PropertyListSerializer {
 public:
+    /// @param put  null: the text is kept whole
+    explicit PropertyListSerializer(const PropertyListPut* put) : put_(put) {}
+
     bool write(const CFPropertyList& root)
     {
         text_ += Prologue;
         value(root);
         text_ += Epilogue;
-        if (text_.size() > PropertyListLimits.bytes) {
-            fail("the property list would be larger than 64 MiB");
+        checkSize();
+        if (put_ != nullptr) {
+            flush();
         }
-        return error_.reason.empty();
+        return !isStopped();
     }
 
     std::string takeText() { return std::move(text_); }
@@ -78,6 +82,22 @@ private:
         }
     }
 
+    bool isStopped() const { return isRefused_ || !error_.reason.empty(); }
+
+    void checkSize()
+    {
+        if (flushed_ + text_.size() > PropertyListLimits.bytes) {
+            fail("the property list would be larger than 64 MiB");
+        }
+    }
+
+    void flush()
+    {
+        isRefused_ = isStopped() || !(*put_)(text_);
+        flushed_ += text_.size();
+        text_.clear();
+    }
+
     // Lines stand as deep as their containers, the root's at the margin.
     void indent() { text_.append(open_, '\t'); }
 
@@ -86,7 +106,12 @@ private:
         if (++count_ > PropertyListMaximumValues) {
             fail("more than " + std::to_string(PropertyListMaximumValues) + " values");
         }
-        if (!error_.reason.empty()) {
+        constexpr std::size_t PieceSize = 64 * std::size_t{1024};
+        if (put_ != nullptr && text_.size() >= PieceSize) {
+            checkSize();
+            flush();
+        }
+        if (isStopped()) {
             return;
         }
         indent();
@@ -230,7 +255,10 @@ private:
         }
     }
 
-    std::string text_;
+    const PropertyListPut* put_;
+    std::string text_; // that has not been put
+    std::size_t flushed_ = 0;
+    bool isRefused_ = false;
     std::size_t open_ = 0;
     std::size_t count_ = 0;
     ParseError error_;
@@ -240,12 +268,20 @@ private:
 
 std::optional<std::string> WritePropertyList(const CFPropertyList& root, ParseError& error)
 {
-    PropertyListSerializer serializer;
+    PropertyListSerializer serializer(nullptr);
     if (!serializer.write(root)) {
         error = serializer.error();
         return std::nullopt;
     }
     return serializer.takeText();
+}
+
+bool WritePropertyList(const CFPropertyList& root, const PropertyListPut& put, ParseError& error)
+{
+    PropertyListSerializer serializer(&put);
+    const bool isDone = serializer.write(root);
+    error = serializer.error();
+    return isDone;
 }
 
 } // namespace tarvo

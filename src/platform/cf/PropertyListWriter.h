@@ -3,8 +3,10 @@
 #include "platform/cf/CFPropertyList.h"
 #include "platform/xml/XmlLimits.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -15,5 +17,14 @@ namespace tarvo {
 /// a value beyond the reader's limits
 [[nodiscard]] std::optional<std::string> WritePropertyList(const CFPropertyList& root,
                                                            ParseError& error);
+
+/// Takes the next piece of a text; false when it cannot.
+using PropertyListPut = std::function<bool(std::string_view piece)>;
+
+/// Writes the same in pieces, so that the whole text is never in memory. Some may have been put
+/// before something turns out to be wrong.
+/// @return false with `error` filled, or left empty when a piece could not be put
+[[nodiscard]] bool WritePropertyList(const CFPropertyList& root, const PropertyListPut& put,
+                                     ParseError& error);
 
 } // namespace tarvo

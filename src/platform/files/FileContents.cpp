@@ -67,36 +67,89 @@ std::optional<int> DescriptorOfPath(std::string_view path)
     return std::nullopt;
 }
 
-// GLib's message also names its temporary file, of which the user knows nothing.
-std::string SystemReason(const GError& error)
+// Writes all bytes.
+// @return errno; 0 when it is done
+int WriteAll(int descriptor, std::string_view contents)
 {
-    const std::string_view message = error.message;
-    const std::size_t last = message.rfind(": ");
-    return std::string(last == std::string_view::npos ? message : message.substr(last + 2));
+    while (!contents.empty()) {
+        const ssize_t written = write(descriptor, contents.data(), contents.size());
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        contents.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return 0;
 }
 
-struct GErrorDeleter {
-    void operator()(GError* error) const { g_error_free(error); }
-};
-
-// Through a file beside it, written, on the disk and renamed; the name's own link is replaced.
-bool SetContents(const std::string& path, std::string_view contents, mode_t mode,
-                 std::string& reason)
+// Lets the writer write to an open file.
+// @return false with errno in `error`; 0 there when it is the writer that gave up
+bool WriteThrough(int descriptor, const FileContentsWriter& writer, int& error)
 {
-    GError* failure = nullptr;
-    const auto flags = static_cast<GFileSetContentsFlags>(G_FILE_SET_CONTENTS_CONSISTENT |
-                                                          G_FILE_SET_CONTENTS_DURABLE);
-    if (g_file_set_contents_full(path.c_str(), contents.data(),
-                                 static_cast<gssize>(contents.size()), flags,
-                                 static_cast<int>(mode), &failure) == TRUE) {
+    error = 0;
+    return writer([&](std::string_view piece) {
+        error = error == 0 ? WriteAll(descriptor, piece) : error;
+        return error == 0;
+    });
+}
+
+FileContentsWriter WriterOf(std::string_view contents)
+{
+    return [contents](const FilePut& put) { return put(contents); };
+}
+
+// A file beside another one, whose place it takes once it is written; else it goes.
+class FileBeside {
+public:
+    FileBeside(const std::string& path, mode_t mode)
+        : path_(path),
+          name_(path + ".XXXXXX"),
+          file_(g_mkstemp_full(name_.data(), O_WRONLY | O_CLOEXEC, static_cast<int>(mode)))
+    {
+    }
+    FileBeside(const FileBeside&) = delete;
+    FileBeside& operator=(const FileBeside&) = delete;
+    ~FileBeside()
+    {
+        if (file_.valid()) {
+            unlink(name_.c_str());
+        }
+    }
+
+    const Descriptor& file() const { return file_; }
+    // On the disk first, so that after a crash there is the one or the other.
+    bool takePlace()
+    {
+        if (fsync(file_.number()) != 0 || rename(name_.c_str(), path_.c_str()) != 0) {
+            return false;
+        }
+        file_ = Descriptor();
         return true;
     }
-    const std::unique_ptr<GError, GErrorDeleter> owner(failure);
-    reason = SystemReason(*owner);
-    return false;
+
+private:
+    std::string path_;
+    std::string name_;
+    Descriptor file_;
+};
+
+// The name's own link is replaced.
+// @return false with `error` as of WriteThrough, the former contents untouched
+bool SetContents(const std::string& path, const FileContentsWriter& writer, mode_t mode, int& error)
+{
+    FileBeside beside(path, mode);
+    if (!beside.file().valid()) {
+        error = errno;
+        return false;
+    }
+    if (!WriteThrough(beside.file().number(), writer, error)) {
+        return false;
+    }
+    const bool isDone = beside.takePlace();
+    error = isDone ? 0 : errno;
+    return isDone;
 }
 
-// GLib keeps the text of an errno but not its number, and its own codes lump many together.
+// The errno that a reason tells of.
 int ErrorWithText(const std::string& text)
 {
     constexpr int HighestError = 133; // on Linux
@@ -128,14 +181,46 @@ int ErrorOfType(mode_t mode)
     }
 }
 
-bool WriteInPlace(const std::string& path, std::string_view contents, std::string& reason)
+bool WriteInPlace(const std::string& path, const FileContentsWriter& writer, int& error)
 {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
     if (!file.valid()) {
-        reason = SystemReason(errno);
+        error = errno;
         return false;
     }
-    return WriteDescriptorContents(file.number(), contents, reason);
+    return WriteThrough(file.number(), writer, error);
+}
+
+bool ReplaceContents(const std::string& path, const FileContentsWriter& writer, int& error)
+{
+    // Opened or replaced by its name, a redirected file would lose what is in it already.
+    if (const auto descriptor = DescriptorOfPath(path)) {
+        return WriteThrough(*descriptor, writer, error);
+    }
+    const auto resolved = BehindLinks(path);
+    if (!resolved) {
+        error = ELOOP;
+        return false;
+    }
+    const std::string& target = resolved->native();
+    struct stat status = {};
+    const bool exists = stat(target.c_str(), &status) == 0;
+    if (exists && !S_ISREG(status.st_mode)) {
+        return WriteInPlace(target, writer, error);
+    }
+    constexpr mode_t NewFileMode = 0666; // less the user's mask
+    constexpr mode_t Permissions = 0777;
+    // From the beginning: what is private must not be readable for a moment either.
+    const mode_t mode = exists ? status.st_mode & Permissions : NewFileMode;
+    if (!SetContents(target, writer, mode, error)) {
+        return false;
+    }
+    if (exists) {
+        // What the mask took away. The contents are in place: a file system without permissions is
+        // no failure.
+        static_cast<void>(chmod(target.c_str(), mode));
+    }
+    return true;
 }
 
 } // namespace
@@ -229,47 +314,27 @@ std::optional<std::size_t> FileReader::read(char* bytes, std::size_t size, std::
 
 bool WriteDescriptorContents(int descriptor, std::string_view contents, std::string& reason)
 {
-    while (!contents.empty()) {
-        const ssize_t written = write(descriptor, contents.data(), contents.size());
-        if (written < 0 && errno != EINTR) {
-            reason = SystemReason(errno);
-            return false;
-        }
-        contents.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    const int error = WriteAll(descriptor, contents);
+    if (error != 0) {
+        reason = SystemReason(error);
     }
-    return true;
+    return error == 0;
+}
+
+bool ReplaceFileContents(const std::string& path, const FileContentsWriter& writer,
+                         std::string& reason)
+{
+    int error = 0;
+    const bool isDone = ReplaceContents(path, writer, error);
+    if (error != 0) {
+        reason = SystemReason(error);
+    }
+    return isDone;
 }
 
 bool ReplaceFileContents(const std::string& path, std::string_view contents, std::string& reason)
 {
-    // Opened or replaced by its name, a redirected file would lose what is in it already.
-    if (const auto descriptor = DescriptorOfPath(path)) {
-        return WriteDescriptorContents(*descriptor, contents, reason);
-    }
-    const auto resolved = BehindLinks(path);
-    if (!resolved) {
-        reason = SystemReason(ELOOP);
-        return false;
-    }
-    const std::string& target = resolved->native();
-    struct stat status = {};
-    const bool exists = stat(target.c_str(), &status) == 0;
-    if (exists && !S_ISREG(status.st_mode)) {
-        return WriteInPlace(target, contents, reason);
-    }
-    constexpr mode_t NewFileMode = 0666; // less the user's mask
-    constexpr mode_t Permissions = 0777;
-    // From the beginning: what is private must not be readable for a moment either.
-    const mode_t mode = exists ? status.st_mode & Permissions : NewFileMode;
-    if (!SetContents(target, contents, mode, reason)) {
-        return false;
-    }
-    if (exists) {
-        // What the mask took away. The contents are in place: a file system without permissions is
-        // no failure.
-        static_cast<void>(chmod(target.c_str(), mode));
-    }
-    return true;
+    return ReplaceFileContents(path, WriterOf(contents), reason);
 }
 
 std::optional<std::string> ReadOwnFile(const std::string& path, std::size_t maximumBytes,
@@ -305,12 +370,10 @@ bool ReplaceOwnFile(const std::string& path, std::string_view contents, FileFail
         }
     }
     constexpr mode_t OwnerOnly = 0600;
-    failure = {};
-    if (!SetContents(path, contents, OwnerOnly, failure.reason)) {
-        failure.error = ErrorWithText(failure.reason);
-        return false;
-    }
-    return true;
+    int error = 0;
+    const bool isDone = SetContents(path, WriterOf(contents), OwnerOnly, error);
+    failure = isDone ? FileFailure() : SystemFailure(error);
+    return isDone;
 }
 
 } // namespace tarvo

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -50,6 +52,16 @@ private:
 /// is written to as it is.
 /// @return false with the system's reason in `reason`, the former contents untouched
 [[nodiscard]] bool ReplaceFileContents(const std::string& path, std::string_view contents,
+                                       std::string& reason);
+
+/// Writes the next piece of a file; false when that fails.
+using FilePut = std::function<bool(std::string_view piece)>;
+/// Hands over a file's contents piece by piece; false when there is no whole of them.
+using FileContentsWriter = std::function<bool(const FilePut& put)>;
+
+/// The same for contents that are never in memory at once.
+/// @return false also when the writer gave up; `reason` is left alone then
+[[nodiscard]] bool ReplaceFileContents(const std::string& path, const FileContentsWriter& writer,
                                        std::string& reason);
 
 /// Why a file could not be read or written.

@@ -3,9 +3,26 @@
 #include <glib.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace tarvo {
 namespace {
+
+// How many bytes at the start are ASCII without NUL, in steps of eight: most texts are no more.
+std::size_t PlainPrefixLength(std::string_view text)
+{
+    constexpr std::uint64_t Ones = 0x0101010101010101;
+    constexpr std::uint64_t Highs = 0x8080808080808080;
+    std::size_t length = 0;
+    for (std::uint64_t bytes = 0; text.size() - length >= sizeof bytes; length += sizeof bytes) {
+        std::memcpy(&bytes, text.data() + length, sizeof bytes);
+        if ((((bytes - Ones) | bytes) & Highs) != 0) { // a byte of 0 borrows
+            break;
+        }
+    }
+    return length;
+}
 
 bool ContinuesCharacter(char byte)
 {
@@ -49,8 +66,9 @@ bool IsUtf8(std::string_view text)
 
 std::string_view ValidUtf8Prefix(std::string_view text)
 {
+    const std::size_t plain = PlainPrefixLength(text);
     const char* end = text.data();
-    g_utf8_validate_len(text.data(), text.size(), &end);
+    g_utf8_validate_len(text.data() + plain, text.size() - plain, &end);
     return text.substr(0, static_cast<std::size_t>(end - text.data()));
 }
 

@@ -32,6 +32,16 @@ std::size_t CutLength(std::string_view text)
     return 0;
 }
 
+// How many line feeds there are. Searching is faster than looking at each character.
+std::size_t LinesIn(std::string_view text)
+{
+    std::size_t lines = 0;
+    for (std::size_t at = text.find('\n'); at != End; at = text.find('\n', at + 1)) {
+        ++lines;
+    }
+    return lines;
+}
+
 bool NamesOtherEncoding(std::string_view declaration)
 {
     const std::size_t name = declaration.find("encoding");
@@ -128,13 +138,12 @@ void XmlLimitsWalk::takeCharacters(std::string_view characters)
     while (!error_ && position_ < piece_.size()) {
         step();
     }
-    lines_ += static_cast<std::size_t>(std::count(piece_.begin(), piece_.end(), '\n'));
+    lines_ += LinesIn(piece_);
 }
 
 std::size_t XmlLimitsWalk::lineAt(std::size_t position) const
 {
-    const auto last = piece_.begin() + static_cast<std::ptrdiff_t>(position);
-    return 1 + lines_ + static_cast<std::size_t>(std::count(piece_.begin(), last, '\n'));
+    return 1 + lines_ + LinesIn(piece_.substr(0, position));
 }
 
 void XmlLimitsWalk::fail(std::string reason)
@@ -187,24 +196,39 @@ void XmlLimitsWalk::text()
         seenMarkup_ = found != End;
     }
     position_ = std::min(found, piece_.size() - 1) + 1;
-    if (found != End) {
+    if (found != End && (position_ == piece_.size() || !beginTag())) {
         construct_ = "<";
         state_ = State::Opened;
     }
 }
 
+// Behind "<": begins what is an element's tag.
+// @return false when it is something else
+bool XmlLimitsWalk::beginTag()
+{
+    const char letter = piece_[position_];
+    if (letter == '!' || letter == '?') {
+        return false;
+    }
+    if (letter != '/') {
+        startTag(); // the character belongs to it
+        return true;
+    }
+    leaveElement();
+    skip(">", State::Text);
+    ++position_;
+    return true;
+}
+
 void XmlLimitsWalk::opened()
 {
+    if (construct_.size() == 1 && beginTag()) {
+        return;
+    }
     construct_ += piece_[position_];
-    if (construct_ == "</") {
-        leaveElement();
-        skip(">", State::Text);
-    } else if (construct_ == "<?") {
+    if (construct_ == "<?") {
         next_ = State::Text;
         beginInstruction();
-    } else if (construct_[1] != '!') {
-        startTag();
-        return; // the character belongs to the tag
     } else if (construct_ == CommentStart) {
         skip("-->", State::Text);
     } else if (construct_ == CharacterDataStart) {

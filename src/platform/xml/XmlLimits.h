@@ -64,6 +64,7 @@ private:
     void step();
     void text();
     void opened();
+    bool beginTag();
     void startTag();
     void tag();
     void quote();
