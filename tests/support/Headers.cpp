@@ -1,0 +1,1 @@
+// Has the headers of the tests compiled that all of them share.
