@@ -10,6 +10,7 @@ from pathlib import Path
 import pyatspi
 
 Never = 60  # seconds, after which it will not come any more
+LongForADialog = 10
 Folder = Path(os.environ.get("CUPSD_FOLDER", "/nonexistent"))
 Tab = "Fake Features"
 Pdf = b"""%PDF-1.4
@@ -20,9 +21,9 @@ trailer<</Root 1 0 R>>
 """
 
 
-def wait_for(what, condition):
+def wait_for(what, condition, patience=Never):
     """The first result of the condition that is something."""
-    end = time.monotonic() + Never
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         try:
             if found := condition():
@@ -65,6 +66,15 @@ def press_key(window, key):
     number = wait_for(f"window {window}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
     subprocess.run(["xdotool", "windowfocus", "--sync", number], check=True)
     subprocess.run(["xdotool", "key", key], check=True)
+
+
+def open_print_dialog(window, program):
+    """Presses the key for it, again if need be: a program that still loads its document does not listen. The
+    dialog may be another program's."""
+    def dialog():
+        press_key(window, "ctrl+p")
+        return wait_for("dialog", lambda: find(program, "dialog", "Print"), LongForADialog)
+    return wait_for("print dialog", dialog)
 
 
 def show_tab(program, name):

@@ -8,7 +8,7 @@ import subprocess
 import unittest
 from pathlib import Path
 
-from Desktop import DesktopTest, Pdf, jobs, options_of_next_job, press, press_key, show_tab
+from Desktop import DesktopTest, Pdf, jobs, open_print_dialog, options_of_next_job, press, show_tab
 
 Source = Path(os.environ["TARVO_SOURCE_DIR"])
 Binaries = Path(os.environ["TARVO_BINARY_DIR"])
@@ -61,7 +61,7 @@ class Installed(DesktopTest):
 
     def test_another_program_finds_the_module_by_its_name(self):
         self.start("evince", self.document, env={**os.environ, "GTK_PATH": str(next(self.usr.rglob("gtk-3.0")))})
-        press_key("page", "ctrl+p")
+        open_print_dialog("page", "evince")
         show_tab("evince", "Tarvo Features")
 
 
