@@ -9,6 +9,7 @@ import sys
 
 STARTS = 41
 DIALOGS = 15
+WAITS = 5
 
 
 def times(program, module, *words):
@@ -30,7 +31,7 @@ def pages_with(program, module, printer):
     """How many pages the dialog has with our tab, if any; it has three or more without."""
     for pages in range(9, 2, -1):
         try:
-            subprocess.run([program, printer, str(pages)], check=True, timeout=5,
+            subprocess.run([program, "open", printer, str(pages)], check=True, timeout=5,
                            env={**os.environ, "GTK_MODULES": module},
                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             return pages
@@ -52,10 +53,22 @@ def main():
     names = ("first paint, cold", "printer, cold", "first paint, warm", "printer, warm")
     for printer in ("Office", "Tarvo_QL900"):
         bare, full = (str(pages_with(program, each, printer)) for each in ("", module))
-        sides = measure(program, module, DIALOGS, min, [printer, bare], [printer, full])
+        sides = measure(program, module, DIALOGS, min, ["open", printer, bare], ["open", printer, full])
         for name, without, with_module in zip(names, *(side[1:] for side in sides)):
             print(f"| {printer} | {name} | {without:.1f} | {with_module:.1f} "
                   f"| {with_module / without:.2f} |")
+
+    printer, other = "Office", "Tarvo_QL900"
+    switches = min(times(program, module, "switch", other, "Tarvo Features")[1] for _ in range(WAITS))
+    print(f"\nA hundred changes from panel to panel, each painted, take {switches:.0f} ms of the processor.\n")
+    choosing, waiting = zip(*(row[1:] for row in measure(
+        program, module, WAITS, min, ["wait", printer, other], ["wait", printer, other])))
+    print("A Tarvo printer is chosen whose print server hangs: the main loop's longest pauses in milliseconds,")
+    print("the least of several runs. While it is chosen, the toolkit makes its own tabs.\n")
+    print("| | without | with | wanted |")
+    print("|---|---|---|---|")
+    print(f"| while it is chosen | {choosing[0]:.1f} | {choosing[1]:.1f} | |")
+    print(f"| while the print server is waited for | {waiting[0]:.1f} | {waiting[1]:.1f} | below 8 |")
 
 
 if __name__ == "__main__":

@@ -8,18 +8,21 @@ PendingTickets& PendingTickets::Shared()
     return tickets;
 }
 
-void PendingTickets::keep(const std::string& printer, JobOptions options)
+void PendingTickets::keep(const std::string& printer, JobOptions options, Clock::time_point now)
 {
-    waiting_.set(printer, std::move(options));
+    waiting_.set(printer, Ticket{std::move(options), now + Lifetime});
 }
 
-std::optional<JobOptions> PendingTickets::take(const std::string& printer)
+std::optional<JobOptions> PendingTickets::take(const std::string& printer, Clock::time_point now)
 {
-    JobOptions* waiting = waiting_.find(printer);
-    if (waiting == nullptr) {
+    Ticket* ticket = waiting_.find(printer);
+    if (ticket == nullptr) {
         return std::nullopt;
     }
-    std::optional<JobOptions> taken(std::move(*waiting));
+    std::optional<JobOptions> taken;
+    if (now < ticket->end) {
+        taken = std::move(ticket->options);
+    }
     waiting_.remove(printer);
     return taken;
 }

@@ -120,6 +120,9 @@ bool PrintDialog::respond(int response)
     const auto self = shared_from_this();
     const auto session = session_;
     const std::int32_t control = ControlOf(response);
+    if (response == GTK_RESPONSE_OK) { // what another dialog has left is not for this one's job
+        static_cast<void>(PendingTickets::Shared().take(printer_));
+    }
     if (!session || control == 0) {
         return true;
     }

@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from Desktop import DesktopTest, Pdf, Tab, jobs
+from Desktop import DesktopTest, Pdf, Tab, jobs, options_of_next_job, open_print_dialog, press, show_tab
 
 Program = os.environ["TARVO_TICKET"]
 
@@ -21,10 +21,10 @@ class Applications(DesktopTest):
             document.flush()
             before = jobs()
             self.start(name, document.name, env={**os.environ, **variables})
-            self.press_key(Path(document.name).stem, "ctrl+p")
-            self.show_tab(dialog or name, Tab)
-            self.press(dialog or name, "Print")
-            options = self.printed(before)
+            open_print_dialog(Path(document.name).stem, dialog or name)
+            show_tab(dialog or name, Tab)
+            press(dialog or name, "Print")
+            options = options_of_next_job(before)
         ticket = subprocess.run([Program, "from-job", options], capture_output=True, check=True).stdout
         self.assertEqual(plistlib.loads(ticket), {})
 

@@ -10,6 +10,7 @@ from pathlib import Path
 import pyatspi
 
 Never = 60  # seconds, after which it will not come any more
+LongForADialog = 10
 Folder = Path(os.environ.get("CUPSD_FOLDER", "/nonexistent"))
 Tab = "Fake Features"
 Pdf = b"""%PDF-1.4
@@ -20,9 +21,9 @@ trailer<</Root 1 0 R>>
 """
 
 
-def wait_for(what, condition):
+def wait_for(what, condition, patience=Never):
     """The first result of the condition that is something."""
-    end = time.monotonic() + Never
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         try:
             if found := condition():
@@ -40,18 +41,75 @@ def widgets(widget):
             yield from widgets(child)
 
 
+def is_shown(widget):
+    return widget.getState().contains(pyatspi.STATE_SHOWING)
+
+
 def find(program, role, name):
     """A widget that is seen, of a program by its name on the bus."""
     for application in pyatspi.Registry.getDesktop(0):
         if application is not None and application.name == program:
+            application.clearCache()  # of what the bus has told before
             for widget in widgets(application):
-                if widget.getRoleName() == role and widget.name == name and widget.getState().contains(pyatspi.STATE_SHOWING):
+                if widget.getRoleName() == role and widget.name == name and is_shown(widget):
                     return widget
     return None
 
 
 def jobs():
     return sorted((Folder / "jobs").glob("*.options"), key=lambda path: int(path.stem))
+
+
+def press_key(window, key):
+    """Sends a key to a window by its title; there is no window manager to give it the focus."""
+    search = ["xdotool", "search", "--onlyvisible", "--name", window]
+    number = wait_for(f"window {window}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
+    subprocess.run(["xdotool", "windowfocus", "--sync", number], check=True)
+    subprocess.run(["xdotool", "key", key], check=True)
+
+
+def open_print_dialog(window, program):
+    """Presses the key for it, again if need be: a program that still loads its document does not listen. The
+    dialog may be another program's."""
+    def dialog():
+        press_key(window, "ctrl+p")
+        return wait_for("dialog", lambda: find(program, "dialog", "Print"), LongForADialog)
+    return wait_for("print dialog", dialog)
+
+
+def show_tab(program, name):
+    tab = wait_for(f"tab {name}", lambda: find(program, "page tab", name))
+    tab.parent.querySelection().selectChild(tab.getIndexInParent())
+    return tab
+
+
+def press(program, name):
+    wait_for(f"button {name}", lambda: find(program, "push button", name)).queryAction().doAction(0)
+
+
+def click(program, name, role="push button"):
+    """Presses with the mouse, as a button that opens a modal dialog has to be: an action over the bus would
+    wait for the dialog's end."""
+    def find_ready():
+        widget = find(program, role, name)
+        return widget if widget.getState().contains(pyatspi.STATE_SENSITIVE) else None
+    area = wait_for(f"{role} {name}", find_ready).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    middle = [str(area.x + area.width // 2), str(area.y + area.height // 2)]
+    subprocess.run(["xdotool", "mousemove", *middle, "click", "1"], check=True)
+
+
+def choose_file(program, title, path, button):
+    """Gives the file chooser of that title a path, and presses its button."""
+    press_key(title, "ctrl+l")
+    chooser = wait_for("chooser", lambda: find(program, "file chooser", title))
+    entry = wait_for("entry", lambda: next(widget for widget in widgets(chooser) if is_shown(widget) and widget.getRoleName() == "text"))
+    entry.queryEditableText().setTextContents(str(path))
+    click(program, button)
+
+
+def options_of_next_job(before):
+    """The options of the job that comes after those, as its driver is given them."""
+    return wait_for("job", lambda: jobs()[len(before):])[0].read_text()
 
 
 class DesktopTest(unittest.TestCase):
@@ -63,22 +121,3 @@ class DesktopTest(unittest.TestCase):
             program.wait()
         self.addCleanup(end)
         return program
-
-    def press_key(self, window, key):
-        """Sends a key to a window by its title; there is no window manager to give it the focus."""
-        search = ["xdotool", "search", "--onlyvisible", "--name", window]
-        number = wait_for(f"window {window}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
-        subprocess.run(["xdotool", "windowfocus", "--sync", number], check=True)
-        subprocess.run(["xdotool", "key", key], check=True)
-
-    def show_tab(self, program, name):
-        tab = wait_for(f"tab {name}", lambda: find(program, "page tab", name))
-        tab.parent.querySelection().selectChild(tab.getIndexInParent())
-        return tab
-
-    def press(self, program, name):
-        wait_for(f"button {name}", lambda: find(program, "push button", name)).queryAction().doAction(0)
-
-    def printed(self, before):
-        """The options of the job that comes after those."""
-        return wait_for("job", lambda: jobs()[len(before):])[0].read_text()

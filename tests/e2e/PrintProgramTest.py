@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from Desktop import DesktopTest, Folder, Pdf, Tab, jobs, wait_for
+from Desktop import DesktopTest, Folder, Pdf, Tab, jobs, options_of_next_job, press, show_tab, wait_for
 
 Program = os.environ["TARVO_PRINT"]
 Ticket = os.environ["TARVO_TICKET"]
@@ -51,11 +51,11 @@ class Printing(DesktopTest):
         before = jobs()
         program = subprocess.Popen([Program, *words], stderr=subprocess.PIPE, text=True, **settings)
         self.addCleanup(program.kill)
-        self.show_tab("tarvo-print", Tab)
-        self.press("tarvo-print", "Print")
+        show_tab("tarvo-print", Tab)
+        press("tarvo-print", "Print")
         self.assertEqual((program.wait(60), messages(program.stderr.read())), (0, []))
         program.stderr.close()
-        return self.printed(before)
+        return options_of_next_job(before)
 
     def document(self):
         return wait_for("document", lambda: max((Folder / "jobs").glob("*.document"), key=lambda path: int(path.stem)).read_bytes())
@@ -79,7 +79,7 @@ class Printing(DesktopTest):
         before = jobs()
         program = subprocess.Popen([Program, str(Picture)], stderr=subprocess.PIPE, text=True)
         self.addCleanup(program.kill)
-        self.press("tarvo-print", "Cancel")
+        press("tarvo-print", "Cancel")
         self.assertEqual((program.wait(60), messages(program.stderr.read())),
                          (1, [f"tarvo-print: {Picture}: not printed: the dialog was cancelled"]))
         program.stderr.close()

@@ -225,6 +225,61 @@ TEST_F(PrintDialogTest, AnothersPrinterGetsNoTicket)
     EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
 }
 
+TEST_F(PrintDialogTest, ATicketThatIsNotUsedIsNotForTheNextDialogsJob)
+{
+    {
+        DialogDriver driver;
+        ASSERT_TRUE(driver.choose(OurPrinter));
+        ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+        ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    }
+    State().refusesPrinter = true;
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    const std::size_t jobs = CountJobs();
+    ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+    ASSERT_TRUE(driver.print());
+    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
+    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+}
+
+// A queue of the print server for as long as this lives.
+class PassingQueue {
+public:
+    explicit PassingQueue(const std::string& name) : name_(name)
+    {
+        const fs::path description = ServerFolder() / (std::string(OurPrinter) + ".ppd");
+        run("-p " + name_ + " -E -v file:/dev/null -P " + description.string());
+    }
+    PassingQueue(const PassingQueue&) = delete;
+    PassingQueue& operator=(const PassingQueue&) = delete;
+    ~PassingQueue() { run("-x " + name_); }
+
+private:
+    static void run(const std::string& words)
+    {
+        const std::string command = "lpadmin " + words + " 2> /dev/null";
+        EXPECT_EQ(std::system(command.c_str()), 0); // NOLINT(cert-env33-c,concurrency-mt-unsafe)
+    }
+
+    std::string name_;
+};
+
+TEST_F(PrintDialogTest, AQueueMayVanishWhileTheDialogIsOpen)
+{
+    constexpr const char* Name = "Tarvo_Passing";
+    DialogDriver driver;
+    {
+        const PassingQueue queue(Name);
+        ASSERT_TRUE(driver.choose(Name));
+        ASSERT_TRUE(driver.showTab(Tab));
+    }
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) == nullptr; }));
+    EXPECT_TRUE(State().calls.ends_with(" Open Close Terminate")) << State().calls;
+    ASSERT_TRUE(driver.choose(OurPrinter)); // the dialog goes on
+    EXPECT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+}
+
 TEST_F(PrintDialogTest, ATicketThatCannotTravelIsToldOfAndNotSent)
 {
     DialogDriver driver;

@@ -6,7 +6,9 @@
 #include "platform/files/FileContents.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
+#include <csignal>
 #include <fstream>
 
 namespace tarvo {
@@ -73,6 +75,43 @@ TEST_F(JobTicketFiles, ExportIsSilentAndLeavesWhatItCannotReplace)
     ThePanelEnvironment().session = &withoutTicket;
     EXPECT_EQ(TPIFExportToFileAtPath(former), StatusOk);
     EXPECT_EQ(contents("job.xml"), "") << "a job without a ticket has no settings";
+}
+
+// Lets no file of this process grow, as on a disk that is full.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        rlimit full = former_;
+        full.rlim_cur = 16;
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, formerHandler_);
+    }
+
+private:
+    rlimit former_{};
+    void (*formerHandler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+TEST_F(JobTicketFiles, ExportToAFullDiskIsSilentAndLeavesTheFileThatWasThere)
+{
+    exportAll();
+    const std::string former = write("job.xml", "former");
+    {
+        const FullDisk disk;
+        EXPECT_EQ(TPIFExportToFileAtPath(former), StatusOk);
+        EXPECT_EQ(TPIFExportToFileAtPath(path("new.xml")), StatusOk);
+    }
+    EXPECT_EQ(contents("job.xml"), "former");
+    const fs::directory_iterator files(folder_);
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "nothing half is left";
 }
 
 TEST_F(JobTicketFiles, ExportTakesPathsOfBoundedLength)
