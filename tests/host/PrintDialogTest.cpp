@@ -289,6 +289,30 @@ int CountTasks()
     return count;
 }
 
+// The answer of the print server finds a dialog that is destroyed but kept.
+TEST_F(PrintDialogTest, ADialogDestroyedMeanwhileStaysEmpty)
+{
+    ASSERT_TRUE(TurnUntil([] { return CountTasks() == 0; }));
+    GtkWidget* dialog = gtk_print_unix_dialog_new(nullptr, nullptr);
+    g_object_ref(dialog);
+    bool isGone = false;
+    g_signal_connect(dialog, "notify::selected-printer",
+                     G_CALLBACK(+[](GtkPrintUnixDialog* selecting, GParamSpec*, gpointer gone) {
+                         if (gtk_print_unix_dialog_get_selected_printer(selecting) != nullptr) {
+                             *static_cast<bool*>(gone) = true;
+                             gtk_widget_destroy(GTK_WIDGET(selecting));
+                         }
+                     }),
+                     &isGone);
+    gtk_widget_show(dialog);
+    ASSERT_TRUE(TurnUntil([&] { return isGone; }));
+    ASSERT_TRUE(TurnUntil([] { return CountTasks() == 0; }));
+    while (g_main_context_iteration(nullptr, FALSE) == TRUE) {
+    }
+    EXPECT_EQ(State().calls, "");
+    g_object_unref(dialog);
+}
+
 TEST_F(PrintDialogTest, AServerThatHangsHoldsNobodyUp)
 {
     constexpr int FewTurns = 10;
