@@ -64,10 +64,14 @@ class DesktopTest(unittest.TestCase):
         self.addCleanup(end)
         return program
 
+    def window(self, title):
+        """The number of a window by its title."""
+        search = ["xdotool", "search", "--onlyvisible", "--name", title]
+        return wait_for(f"window {title}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
+
     def press_key(self, window, key):
         """Sends a key to a window by its title; there is no window manager to give it the focus."""
-        search = ["xdotool", "search", "--onlyvisible", "--name", window]
-        number = wait_for(f"window {window}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
+        number = self.window(window)
         subprocess.run(["xdotool", "windowfocus", "--sync", number], check=True)
         subprocess.run(["xdotool", "key", key], check=True)
 

@@ -75,6 +75,23 @@ class Printing(DesktopTest):
         self.assertIn("com.tarvo.print.Ticket=", options)
         self.assertRegex(self.document(), rb"^%PDF-")
 
+    def test_any_file_name_will_do(self):
+        before = jobs()
+        with tempfile.TemporaryDirectory() as folder:
+            file = os.fsencode(folder) + b"/caf\xe9.pdf"
+            Path(os.fsdecode(file)).write_bytes(Pdf)
+            self.print_file(file)
+        arguments = (Folder / "jobs" / jobs()[len(before)].name).with_suffix(".arguments").read_text(encoding="utf-8")
+        self.assertEqual(arguments.splitlines()[2], "caf\N{REPLACEMENT CHARACTER}.pdf")
+
+    def test_the_dialog_speaks_the_users_language(self):
+        for language, title in (("en", "Print Standard Input"), ("de", "Standardeingabe drucken")):
+            with Picture.open("rb") as picture:
+                program = self.start(Program, "-", stdin=picture, env=os.environ | {"LANGUAGE": language})
+            self.window(title)
+            program.terminate()
+            program.wait()
+
     def test_cancelling_prints_nothing(self):
         before = jobs()
         program = subprocess.Popen([Program, str(Picture)], stderr=subprocess.PIPE, text=True)
