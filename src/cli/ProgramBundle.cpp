@@ -17,14 +17,9 @@ std::string BundleLocation()
     if (error) {
         return "";
     }
-    // From the program's folder: in the build folder, and as installed.
-    for (const char* place : {"../../TarvoFeatures.plugin", TARVO_BUNDLE_FROM_PROGRAM}) {
-        const fs::path bundle = fs::weakly_canonical(program.parent_path() / place, error);
-        if (!error && fs::is_directory(bundle, error)) {
-            return bundle.string();
-        }
-    }
-    return "";
+    // In the build folder, and as installed.
+    return BundleFolderFrom(program.parent_path(),
+                            {"../../TarvoFeatures.plugin", TARVO_BUNDLE_FROM_PROGRAM});
 }
 
 } // namespace

@@ -166,8 +166,9 @@ void DialogSession::takeDialogSettings()
     }
     const std::unique_ptr<GtkPrintSettings, ObjectDeleter<GtkPrintSettings>> settings(
         gtk_print_unix_dialog_get_settings(dialog_));
-    TakeChoices(settings.get(), *description_->ppd,
-                session_.ticket(JobTicketName)->ppdDictionary());
+    CFDictionary choices = ChoicesOf(settings.get(), *description_->ppd);
+    TakeChanges(dialogChoices_, choices, session_.ticket(JobTicketName)->ppdDictionary());
+    dialogChoices_ = std::move(choices);
 }
 
 const PMTicket& DialogSession::fillTicket()

@@ -42,6 +42,7 @@ private:
     GtkPrintUnixDialog* dialog_;
     std::shared_ptr<const PrinterPPD> description_; // its file has to stay for the plug-in
     PMPrintSession session_;
+    CFDictionary dialogChoices_; // in the dialog's own tabs when they were last looked at
     TarvoPDEHost host_ = {};
     TarvoEventHandler handler_ = nullptr;
     void* handlerData_ = nullptr;

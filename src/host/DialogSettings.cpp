@@ -27,12 +27,24 @@ PageFormat PageFormatOf(GtkPageSetup* setup)
     return format;
 }
 
-void TakeChoices(GtkPrintSettings* settings, const PPDFile& ppd, CFDictionary& choices)
+CFDictionary ChoicesOf(GtkPrintSettings* settings, const PPDFile& ppd)
 {
+    CFDictionary choices;
     for (const PPDOption* option : ppd.options()) {
         const char* choice = gtk_print_settings_get(settings, ("cups-" + option->keyword).c_str());
         if (choice != nullptr && HasChoice(*option, choice)) {
             choices.set(option->keyword, choice);
+        }
+    }
+    return choices;
+}
+
+void TakeChanges(const CFDictionary& before, const CFDictionary& now, CFDictionary& choices)
+{
+    for (const auto& [keyword, choice] : now) {
+        const CFPropertyList* former = before.find(keyword);
+        if (former == nullptr || *former != choice) {
+            choices.set(keyword, choice);
         }
     }
 }

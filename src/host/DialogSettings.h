@@ -11,8 +11,11 @@ namespace tarvo {
 /// The page that a dialog prints on; the toolkit's sizes are fractions of a point off.
 PageFormat PageFormatOf(GtkPageSetup* setup);
 
-/// Takes the choices that the user has made in the dialog's own tabs over into a PPD dictionary:
-/// those of the printer's description, and no others.
-void TakeChoices(GtkPrintSettings* settings, const PPDFile& ppd, CFDictionary& choices);
+/// The choices in the dialog's own tabs: those of the printer's description, and no others.
+CFDictionary ChoicesOf(GtkPrintSettings* settings, const PPDFile& ppd);
+
+/// Takes over into a PPD dictionary what the user has changed from one look at the dialog's own
+/// tabs to the next. Of the other choices, those that the plug-in has made meanwhile stay.
+void TakeChanges(const CFDictionary& before, const CFDictionary& now, CFDictionary& choices);
 
 } // namespace tarvo

@@ -1,5 +1,6 @@
 #include "host/PlugIn.h"
 
+#include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListReader.h"
 #include "platform/files/FileContents.h"
 
@@ -74,20 +75,12 @@ TarvoPlugInFactory LoadPlugIn(const std::string& bundle, std::string& reason)
 
 std::string BundleOfThisModule()
 {
-    namespace fs = std::filesystem;
     Dl_info self = {};
     if (dladdr(reinterpret_cast<const void*>(&BundleOfThisModule), &self) == 0) {
         return "";
     }
-    const fs::path folder = fs::path(self.dli_fname).parent_path();
-    for (const char* place : {"TarvoFeatures.plugin", "../../TarvoFeatures.plugin"}) {
-        std::error_code error;
-        const fs::path bundle = fs::weakly_canonical(folder / place, error);
-        if (!error && fs::is_directory(bundle, error)) {
-            return bundle.string();
-        }
-    }
-    return "";
+    return BundleFolderFrom(std::filesystem::path(self.dli_fname).parent_path(),
+                            {"TarvoFeatures.plugin", "../../TarvoFeatures.plugin"});
 }
 
 std::unique_ptr<PlugIn> PlugIn::Make(TarvoPlugInFactory factory)

@@ -81,13 +81,24 @@ void PrintDialog::connectSignals()
                      }),
                      this);
     g_signal_connect(dialog_, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
-                         Guarded([self] { static_cast<PrintDialog*>(self)->end(); });
+                         Guarded([self] { static_cast<PrintDialog*>(self)->dialogDestroyed(); });
                      }),
                      this);
 }
 
+// The dialog itself, and this, may stay for as long as the application keeps a reference.
+void PrintDialog::dialogDestroyed()
+{
+    isGone_ = true;
+    printer_.clear();
+    end();
+}
+
 void PrintDialog::printerSelected()
 {
+    if (isGone_) {
+        return;
+    }
     std::string printer = NameOf(gtk_print_unix_dialog_get_selected_printer(dialog_));
     if (session_ && printer == printer_) {
         return;
@@ -108,8 +119,7 @@ void PrintDialog::printerSelected()
 // The user may have gone on to another printer meanwhile, and back.
 void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
 {
-    const bool isGone = gtk_widget_in_destruction(GTK_WIDGET(dialog_));
-    if (!isGone && printer == printer_ && !session_ && facts.isOurs()) {
+    if (!isGone_ && printer == printer_ && !session_ && facts.isOurs()) {
         session_ = DialogSession::Begin(dialog_, facts);
     }
 }

@@ -18,11 +18,13 @@ private:
     void begin(const std::string& printer, const PrinterFacts& facts);
     bool respond(int response);
     bool keepTicket(DialogSession& session) const;
+    void dialogDestroyed();
     void end() { session_.reset(); }
 
     GtkPrintUnixDialog* dialog_; // owns this
     std::string printer_;        // selected; "" for none that a print server could know
     std::shared_ptr<DialogSession> session_;
+    bool isGone_ = false; // the dialog is destroyed
 };
 
 } // namespace tarvo

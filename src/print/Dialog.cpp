@@ -1,5 +1,7 @@
 #include "print/Dialog.h"
 
+#include "print/Texts.h"
+
 #include <gtk/gtk.h>
 #include <gtk/gtkunixprint.h>
 
@@ -57,7 +59,7 @@ Dialog::~Dialog()
 
 PrintOutcome Dialog::print(Document& document, std::string& reason)
 {
-    GtkWidget* widget = gtk_print_unix_dialog_new(("Print " + document.title()).c_str(), nullptr);
+    GtkWidget* widget = gtk_print_unix_dialog_new(DialogTitle(document.title()).c_str(), nullptr);
     auto* dialog = GTK_PRINT_UNIX_DIALOG(widget);
     gtk_print_unix_dialog_set_manual_capabilities(dialog, GTK_PRINT_CAPABILITY_GENERATE_PDF);
     gtk_print_unix_dialog_set_embed_page_setup(dialog, TRUE);

@@ -2,6 +2,7 @@
 
 #include "platform/files/Descriptor.h"
 #include "platform/files/FileContents.h"
+#include "print/Texts.h"
 
 #include <gtk/gtk.h>
 
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <numbers>
 
 namespace tarvo {
@@ -29,6 +29,14 @@ bool IsPdf(const std::string& path, std::string& reason)
     const auto size =
         reader ? reader->read(beginning.data(), beginning.size(), reason) : std::nullopt;
     return size && beginning.substr(0, *size).find(PdfMark) != std::string::npos;
+}
+
+// A file's name may be any bytes, a text of the toolkit's only UTF-8.
+std::string DisplayName(const std::string& file)
+{
+    const std::unique_ptr<char, decltype(&g_free)> name(g_filename_display_basename(file.c_str()),
+                                                        g_free);
+    return name.get();
 }
 
 std::optional<TemporaryFile> CopyInput(std::string& reason)
@@ -140,10 +148,10 @@ void PixbufDeleter::operator()(GdkPixbuf* picture) const
 std::optional<Document> Document::Open(const std::string& file, std::string& reason)
 {
     Document document;
-    document.title_ = std::filesystem::path(file).filename().string();
+    document.title_ = DisplayName(file);
     document.path_ = file;
     if (file == "-") {
-        document.title_ = "Standard input";
+        document.title_ = InputTitle();
         document.copy_ = CopyInput(reason);
         if (!document.copy_) {
             return std::nullopt;

@@ -45,11 +45,13 @@ struct Context {
     std::vector<const char*> summaries;
 };
 
-// Those that live, so that one which has ended is known as such.
+// Those that live, so that one which has ended is known as such. The list never ends: an
+// application may exit with a dialog open, and what a shell uses in its end is gone by then.
 std::vector<std::unique_ptr<Context>>& Contexts()
 {
-    static std::vector<std::unique_ptr<Context>> contexts;
-    return contexts;
+    using List = std::vector<std::unique_ptr<Context>>;
+    static List* const contexts = std::make_unique<List>().release();
+    return *contexts;
 }
 
 // Calls the function with the context; null and contexts that have ended are refused.

@@ -60,10 +60,14 @@ def jobs():
     return sorted((Folder / "jobs").glob("*.options"), key=lambda path: int(path.stem))
 
 
+def window_number(title):
+    search = ["xdotool", "search", "--onlyvisible", "--name", title]
+    return wait_for(f"window {title}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
+
+
 def press_key(window, key):
     """Sends a key to a window by its title; there is no window manager to give it the focus."""
-    search = ["xdotool", "search", "--onlyvisible", "--name", window]
-    number = wait_for(f"window {window}", lambda: subprocess.run(search, capture_output=True, check=False).stdout.split()[0])
+    number = window_number(window)
     subprocess.run(["xdotool", "windowfocus", "--sync", number], check=True)
     subprocess.run(["xdotool", "key", key], check=True)
 

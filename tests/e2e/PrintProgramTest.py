@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from Desktop import DesktopTest, Folder, Pdf, Tab, jobs, options_of_next_job, press, show_tab, wait_for
+from Desktop import DesktopTest, Folder, Pdf, Tab, jobs, options_of_next_job, press, show_tab, wait_for, window_number
 
 Program = os.environ["TARVO_PRINT"]
 Ticket = os.environ["TARVO_TICKET"]
@@ -74,6 +74,23 @@ class Printing(DesktopTest):
             options = self.print_file("-", stdin=picture)
         self.assertIn("com.tarvo.print.Ticket=", options)
         self.assertRegex(self.document(), rb"^%PDF-")
+
+    def test_any_file_name_will_do(self):
+        before = jobs()
+        with tempfile.TemporaryDirectory() as folder:
+            file = os.fsencode(folder) + b"/caf\xe9.pdf"
+            Path(os.fsdecode(file)).write_bytes(Pdf)
+            self.print_file(file)
+        arguments = (Folder / "jobs" / jobs()[len(before)].name).with_suffix(".arguments").read_text(encoding="utf-8")
+        self.assertEqual(arguments.splitlines()[2], "caf\N{REPLACEMENT CHARACTER}.pdf")
+
+    def test_the_dialog_speaks_the_users_language(self):
+        for language, title in (("en", "Print Standard Input"), ("de", "Standardeingabe drucken")):
+            with Picture.open("rb") as picture:
+                program = self.start(Program, "-", stdin=picture, env=os.environ | {"LANGUAGE": language})
+            window_number(title)
+            program.terminate()
+            program.wait()
 
     def test_cancelling_prints_nothing(self):
         before = jobs()

@@ -52,6 +52,31 @@ bool IsPrinter(GtkTreeModel* model, GtkTreeIter* row, const std::string& name)
     return isIt;
 }
 
+// The toolkit's menus of a printer's choices have the keywords in a column of their own.
+bool ChooseKeyword(GtkComboBox* menu, const std::string& keyword)
+{
+    constexpr int KeywordColumn = 1;
+    GtkTreeModel* model = gtk_combo_box_get_model(menu);
+    GtkTreeIter row;
+    if (model == nullptr || gtk_tree_model_get_n_columns(model) <= KeywordColumn ||
+        gtk_tree_model_get_column_type(model, KeywordColumn) != G_TYPE_STRING) {
+        return false;
+    }
+    bool isFound = false;
+    gboolean more = gtk_tree_model_get_iter_first(model, &row);
+    while (more == TRUE && !isFound) {
+        char* text = nullptr;
+        gtk_tree_model_get(model, &row, KeywordColumn, &text, -1);
+        isFound = text != nullptr && text == keyword;
+        g_free(text);
+        if (isFound) {
+            gtk_combo_box_set_active_iter(menu, &row);
+        }
+        more = gtk_tree_model_iter_next(model, &row);
+    }
+    return isFound;
+}
+
 std::string WriteDocument()
 {
     const std::string path =
@@ -147,6 +172,13 @@ bool DialogDriver::showTab(const std::string& label) const
     auto* notebook = GTK_NOTEBOOK(gtk_widget_get_parent(page));
     gtk_notebook_set_current_page(notebook, gtk_notebook_page_num(notebook, page));
     return TurnUntil([page] { return gtk_widget_get_mapped(page) == TRUE; });
+}
+
+bool DialogDriver::chooseOption(const std::string& keyword) const
+{
+    return FindWidget(dialog_, [&keyword](GtkWidget* widget) {
+               return GTK_IS_COMBO_BOX(widget) && ChooseKeyword(GTK_COMBO_BOX(widget), keyword);
+           }) != nullptr;
 }
 
 bool DialogDriver::press(int response)

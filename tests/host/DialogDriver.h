@@ -34,6 +34,10 @@ public:
     /// Waits for the tab and brings it to the front.
     bool showTab(const std::string& label) const;
 
+    /// Makes a choice of the printer's in one of the dialog's own tabs.
+    /// @return false when there is no such choice
+    bool chooseOption(const std::string& keyword) const;
+
     /// Presses a button. @return whether the application has heard of it
     bool press(int response);
 

@@ -30,6 +30,7 @@ PMPrintSession& SessionOf(TarvoPrintSession* session)
 
 struct Context {
     const TarvoPDEHost* host = nullptr;
+    PMPrintSession* session = nullptr;
     std::string title = "Fake Features";
 };
 
@@ -73,9 +74,17 @@ TarvoStatus Initialize(void* context, std::uint32_t /*flags*/, const TarvoPDEHos
         return -9530;
     }
     static_cast<Context*>(context)->host = host;
+    static_cast<Context*>(context)->session = &SessionOf(session);
     host->SetEventHandler(host->self, RefuseToPrint, context);
     gtk_container_add(pane, gtk_label_new("Fake"));
     return 0;
+}
+
+void Choose(PMTicket& ticket, const CFDictionary& choices)
+{
+    for (const auto& entry : choices) {
+        ticket.ppdDictionary().set(entry.key, entry.value);
+    }
 }
 
 TarvoStatus Sync(void* /*context*/, TarvoPrintSession* session, bool direction)
@@ -86,9 +95,7 @@ TarvoStatus Sync(void* /*context*/, TarvoPrintSession* session, bool direction)
     for (const auto& entry : State().ticket) {
         ticket.setItem(PanelClient, entry.key, entry.value);
     }
-    for (const auto& entry : State().ppdChoices) {
-        ticket.ppdDictionary().set(entry.key, entry.value);
-    }
+    Choose(ticket, State().ppdChoices);
     return 0;
 }
 
@@ -98,9 +105,10 @@ TarvoStatus GetSummaryText(void* /*context*/, const char* const** /*titles*/,
     return 0;
 }
 
-TarvoStatus Open(void* /*context*/)
+TarvoStatus Open(void* context)
 {
     Called("Open");
+    Choose(*static_cast<Context*>(context)->session->ticket(JobTicketName), State().panelChoices);
     return 0;
 }
 

@@ -24,6 +24,7 @@ struct FakePlugInState {
     bool refusesToPrint = false;
     CFDictionary ticket; // written by Sync
     CFDictionary ppdChoices;
+    CFDictionary panelChoices; // made by Open
 };
 
 /// Of the module that exports it under this name.

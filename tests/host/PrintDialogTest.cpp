@@ -211,6 +211,46 @@ TEST_F(PrintDialogTest, TheTicketReachesTheDriverWithoutItsPasscode)
     EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
 }
 
+struct DuplexCase {
+    const char* name;
+    const char* inPanel; // "": nowhere
+    const char* inDialog;
+    const char* atSync;
+    const char* ofJob;
+};
+
+// In the order in which they are made; the dialog begins with None.
+constexpr DuplexCase DuplexCases[] = {
+    {"of the plug-in, as by an import", "DuplexTumble", "",               "",             "DuplexTumble"  },
+    {"of the user, later",              "DuplexTumble", "DuplexNoTumble", "",             "DuplexNoTumble"},
+    {"of the plug-in, at last",         "",             "DuplexNoTumble", "DuplexTumble", "DuplexTumble"  },
+};
+
+TEST_F(PrintDialogTest, TheLastChoiceIsTheJobs)
+{
+    const auto choice = [](CFDictionary& choices, const std::string& keyword) {
+        if (!keyword.empty()) {
+            choices.set("Duplex", keyword);
+        }
+    };
+    for (const DuplexCase& row : DuplexCases) {
+        SCOPED_TRACE(row.name);
+        State().panelChoices = CFDictionary();
+        State().ppdChoices = CFDictionary();
+        choice(State().panelChoices, row.inPanel);
+        choice(State().ppdChoices, row.atSync);
+        DialogDriver driver;
+        ASSERT_TRUE(driver.choose(OurPrinter));
+        ASSERT_TRUE(driver.showTab(Tab));
+        ASSERT_TRUE(*row.inDialog == '\0' || driver.chooseOption(row.inDialog));
+        const std::size_t jobs = CountJobs();
+        ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
+        ASSERT_TRUE(driver.print());
+        ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
+        EXPECT_EQ(*OptionsOfLastJob().find("Duplex"), row.ofJob);
+    }
+}
+
 TEST_F(PrintDialogTest, AnothersPrinterGetsNoTicket)
 {
     DialogDriver driver;
@@ -342,6 +382,30 @@ int CountTasks()
         count += Contents(entry.path() / "comm") == own ? 1 : 0;
     }
     return count;
+}
+
+// The answer of the print server finds a dialog that is destroyed but kept.
+TEST_F(PrintDialogTest, ADialogDestroyedMeanwhileStaysEmpty)
+{
+    ASSERT_TRUE(TurnUntil([] { return CountTasks() == 0; }));
+    GtkWidget* dialog = gtk_print_unix_dialog_new(nullptr, nullptr);
+    g_object_ref(dialog);
+    bool isGone = false;
+    g_signal_connect(dialog, "notify::selected-printer",
+                     G_CALLBACK(+[](GtkPrintUnixDialog* selecting, GParamSpec*, gpointer gone) {
+                         if (gtk_print_unix_dialog_get_selected_printer(selecting) != nullptr) {
+                             *static_cast<bool*>(gone) = true;
+                             gtk_widget_destroy(GTK_WIDGET(selecting));
+                         }
+                     }),
+                     &isGone);
+    gtk_widget_show(dialog);
+    ASSERT_TRUE(TurnUntil([&] { return isGone; }));
+    ASSERT_TRUE(TurnUntil([] { return CountTasks() == 0; }));
+    while (g_main_context_iteration(nullptr, FALSE) == TRUE) {
+    }
+    EXPECT_EQ(State().calls, "");
+    g_object_unref(dialog);
 }
 
 TEST_F(PrintDialogTest, AServerThatHangsHoldsNobodyUp)

@@ -47,6 +47,21 @@ TEST(CFBundle, FindsEachTextInTheMostWantedLanguage)
     fs::remove_all(root);
 }
 
+TEST(CFBundle, IsFoundAtTheFirstPlaceThatIsAFolder)
+{
+    std::string root = ::testing::TempDir() + "tarvo-bundle-XXXXXX";
+    ASSERT_NE(mkdtemp(root.data()), nullptr);
+    fs::create_directories(root + "/bin");
+    fs::create_directories(root + "/Second.plugin");
+    fs::create_directories(root + "/Third.plugin");
+    std::ofstream(root + "/First.plugin") << "a file";
+    EXPECT_EQ(
+        BundleFolderFrom(root + "/bin", {"../First.plugin", "../Second.plugin", "../Third.plugin"}),
+        fs::canonical(root).string() + "/Second.plugin");
+    EXPECT_EQ(BundleFolderFrom(root + "/bin", {"../First.plugin"}), "");
+    fs::remove_all(root);
+}
+
 TEST(CFBundle, FindsEachResourceInTheMostWantedLanguage)
 {
     std::string root = ::testing::TempDir() + "tarvo-bundle-XXXXXX";

@@ -26,7 +26,10 @@ public:
     }
     DialogSession(const DialogSession&) = delete;
     DialogSession& operator=(const DialogSession&) = delete;
-    ~DialogSession() { std::filesystem::remove_all(folder_); }
+    ~DialogSession() { removeFolder(); }
+
+    /// The description's, which is open already once a plug-in has been initialized.
+    void removeFolder() const { std::filesystem::remove_all(folder_); }
 
     PMTicket& ticket() const { return *session.ticket(JobTicketName); }
 

@@ -329,5 +329,16 @@ TEST(PlugIn, HidesArrowsWithoutPictures)
     EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
 }
 
+// The last test: how the program ends is what it tries.
+TEST(PlugIn, MayBeOpenWhenTheApplicationExits)
+{
+    static Host* const host = std::make_unique<Host>().release();
+    ASSERT_EQ(host->prologue(), 0);
+    ASSERT_EQ(host->initialize(), 0);
+    EXPECT_EQ(host->table->Open(host->context), 0);
+    gtk_widget_show_all(host->window);
+    host->dialog.removeFolder();
+}
+
 } // namespace
 } // namespace tarvo

@@ -106,6 +106,19 @@ std::optional<std::string> CFBundle::resourcePath(const std::string& name) const
     return std::filesystem::exists(path, error) ? std::optional(path) : std::nullopt;
 }
 
+std::string BundleFolderFrom(const std::string& folder, std::initializer_list<const char*> places)
+{
+    namespace fs = std::filesystem;
+    for (const char* place : places) {
+        std::error_code error;
+        const fs::path bundle = fs::weakly_canonical(fs::path(folder) / place, error);
+        if (!error && fs::is_directory(bundle, error)) {
+            return bundle.string();
+        }
+    }
+    return "";
+}
+
 std::vector<std::string> UserLanguages()
 {
     std::vector<std::string> languages;

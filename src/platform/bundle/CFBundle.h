@@ -3,6 +3,7 @@
 #include "platform/cf/CFPropertyList.h"
 #include "platform/xml/XmlLimits.h"
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -51,6 +52,11 @@ private:
     std::vector<std::string> languages_;
     std::vector<CFDictionary> tables_; // one for each language that has texts, most wanted first
 };
+
+/// Finds the folder of a bundle from that of the program or module which it belongs to.
+/// @param places  from there; the first that is a folder counts
+/// @return "" when none is
+std::string BundleFolderFrom(const std::string& folder, std::initializer_list<const char*> places);
 
 /// The languages of the process's user, most wanted first, each followed by its general form
 /// ("de_AT", "de"); the names of <language>.lproj folders are looked for among them.
