@@ -12,6 +12,7 @@ import pyatspi
 
 Never = 150  # seconds, after which it will not come any more
 LongForADialog = 10
+pyatspi.Atspi.set_timeout(Never * 1000, Never * 1000)  # a program that is busy answers late
 Folder = Path(os.environ.get("CUPSD_FOLDER", "/nonexistent"))
 Tab = "Fake Features"
 Pdf = b"""%PDF-1.4
