@@ -1,6 +1,7 @@
 """Drives a program as its user does, over the accessibility bus: unmodified programs, by what their
 widgets are called."""
 
+import collections
 import os
 import subprocess
 import time
@@ -9,8 +10,9 @@ from pathlib import Path
 
 import pyatspi
 
-Never = 60  # seconds, after which it will not come any more
+Never = 150  # seconds, after which it will not come any more
 LongForADialog = 10
+pyatspi.Atspi.set_timeout(Never * 1000, Never * 1000)  # a program that is busy answers late
 Folder = Path(os.environ.get("CUPSD_FOLDER", "/nonexistent"))
 Tab = "Fake Features"
 Pdf = b"""%PDF-1.4
@@ -31,18 +33,25 @@ def wait_for(what, condition, patience=Never):
         except Exception:  # a widget may go while it is looked at
             pass
         time.sleep(0.05)
-    raise AssertionError(f"there is no {what}")
+    raise AssertionError(f"there is no {what}; there are {windows()}")
 
 
-def widgets(widget):
-    yield widget
-    for child in widget:
-        if child is not None:
-            yield from widgets(child)
+def windows():
+    """What is on the screen, for who has to find out why something is not."""
+    programs = [program for program in pyatspi.Registry.getDesktop(0) if program is not None]
+    for program in programs:
+        program.clearCache()
+    return [f"{program.name}: {window.getRoleName()} {window.name}" for program in programs for window in program if window is not None]
 
 
-def is_shown(widget):
-    return widget.getState().contains(pyatspi.STATE_SHOWING)
+def shown(widget):
+    """What is seen in a widget, from the outside inwards: what is in something unseen is not seen either."""
+    waiting = collections.deque([widget])
+    while waiting:
+        for child in waiting.popleft():
+            if child is not None and child.getState().contains(pyatspi.STATE_SHOWING):
+                yield child
+                waiting.append(child)
 
 
 def find(program, role, name):
@@ -50,8 +59,8 @@ def find(program, role, name):
     for application in pyatspi.Registry.getDesktop(0):
         if application is not None and application.name == program:
             application.clearCache()  # of what the bus has told before
-            for widget in widgets(application):
-                if widget.getRoleName() == role and widget.name == name and is_shown(widget):
+            for widget in shown(application):
+                if widget.name == name and widget.getRoleName() == role:
                     return widget
     return None
 
@@ -106,7 +115,7 @@ def choose_file(program, title, path, button):
     """Gives the file chooser of that title a path, and presses its button."""
     press_key(title, "ctrl+l")
     chooser = wait_for("chooser", lambda: find(program, "file chooser", title))
-    entry = wait_for("entry", lambda: next(widget for widget in widgets(chooser) if is_shown(widget) and widget.getRoleName() == "text"))
+    entry = wait_for("entry", lambda: next(widget for widget in shown(chooser) if widget.getRoleName() == "text"))
     entry.queryEditableText().setTextContents(str(path))
     click(program, button)
 
