@@ -1,5 +1,6 @@
 // The plug-in as a print dialog loads it: the factory and the tables of functions that it leads to.
 #include "panels/toolkit/Guarded.h"
+#include "platform/printing/BuildText.h"
 #include "settings/SettingMap.h"
 #include "shell/BundleLookup.h"
 #include "shell/PanelTable.h"
@@ -17,9 +18,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::uint32_t PaneCreator = FourCharCode("pde ");
-constexpr std::int32_t MaximumWidth = 540;
-constexpr std::int32_t MaximumHeight = 491;
-constexpr std::uint32_t Version1 = 0x00010000;
 
 bool IsEqual(const TarvoUUID& first, const TarvoUUID& second)
 {
@@ -95,8 +93,8 @@ TarvoStatus Prologue(void** context, std::uint32_t* creator, const char** kind, 
         if (shell.title() != nullptr) {
             Give(title, shell.title()->c_str());
         }
-        Give(maxWidth, MaximumWidth);
-        Give(maxHeight, MaximumHeight);
+        Give(maxWidth, std::int32_t{TARVO_PANE_WIDTH});
+        Give(maxHeight, std::int32_t{TARVO_PANE_HEIGHT});
         *context = Contexts().back().get();
         return StatusOk;
     });
@@ -204,7 +202,7 @@ TarvoStatus GetAPIVersion(TarvoPDE* /*object*/, TarvoVersion* version)
     if (version == nullptr) {
         return StatusBadArgument;
     }
-    *version = {Version1, Version1};
+    *version = {TARVO_PDE_VERSION, TARVO_PDE_VERSION};
     return StatusOk;
 }
 
@@ -264,6 +262,11 @@ constexpr TarvoUnknownTable UnknownTable = {nullptr, QueryInterface, IUnknownAdd
 
 } // namespace
 } // namespace tarvo
+
+extern "C" __attribute__((visibility("default"))) const char* TarvoPDEBuild()
+{
+    return tarvo::BuildText();
+}
 
 extern "C" __attribute__((visibility("default"))) TarvoUnknown*
 TarvoPDEPluginFactory(void* /*allocator*/, TarvoUUID typeId)
