@@ -7,6 +7,7 @@
 #include "platform/printing/PPDFile.h"
 #include "platform/printing/PrinterAddress.h"
 #include "printer/FeatureMap.h"
+#include "printer/Maker.h"
 #include "settings/TicketAccess.h"
 #include "settings/TicketKeys.h"
 #include "shell/BundleLookup.h"
@@ -21,8 +22,6 @@
 
 namespace tarvo {
 namespace {
-
-constexpr std::string_view Maker = "Tarvo";
 
 // Of the process. The first one outlives a dialog: the next begins by leaving that panel.
 std::int32_t lastTabIndex = 0;
@@ -171,7 +170,7 @@ OSStatus Shell::describePrinter(const PMTicket* information)
     if (!ppd) {
         return FailInitialize("::ppdOpenCompiledPPDFromTicket() failed.");
     }
-    if (ppd->manufacturer() != Maker) {
+    if (ppd->manufacturer() != FamilyMaker) {
         return FailInitialize(" not a Tarvo PDE.");
     }
     if (bundle_ != nullptr) {
