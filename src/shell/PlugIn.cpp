@@ -25,13 +25,13 @@ bool IsEqual(const TarvoUUID& first, const TarvoUUID& second)
 }
 
 template <typename Function>
-TarvoStatus GuardedStatus(Function function)
+TarvoStatus GuardedStatus(Function function, TarvoStatus failure = StatusNoMemory)
 {
     try {
         return function();
     } catch (...) {
         ReportCaughtException();
-        return StatusNoMemory;
+        return failure;
     }
 }
 
@@ -84,7 +84,7 @@ TarvoStatus Prologue(void** context, std::uint32_t* creator, const char** kind, 
         return StatusBadArgument;
     }
     *context = nullptr;
-    return GuardedStatus([&] {
+    const auto make = [&] {
         Gtk::Main::init_gtkmm_internals();
         Contexts().push_back(std::make_unique<Context>());
         const Shell& shell = Contexts().back()->shell;
@@ -97,7 +97,8 @@ TarvoStatus Prologue(void** context, std::uint32_t* creator, const char** kind, 
         Give(maxHeight, std::int32_t{TARVO_PANE_HEIGHT});
         *context = Contexts().back().get();
         return StatusOk;
-    });
+    };
+    return GuardedStatus(make, StatusNullContext);
 }
 
 TarvoStatus Initialize(void* context, std::uint32_t /*flags*/, const TarvoPDEHost* reference,
@@ -275,6 +276,10 @@ TarvoPDEPluginFactory(void* /*allocator*/, TarvoUUID typeId)
     if (!IsEqual(typeId, TARVO_PDE_TYPE_ID)) {
         return nullptr;
     }
-    auto* instance = new (std::nothrow) Instance{{&UnknownTable}, 1};
-    return instance == nullptr ? nullptr : &instance->head;
+    TarvoUnknown* made = nullptr;
+    GuardedStatus([&] {
+        made = &std::make_unique<Instance>(Instance{{&UnknownTable}, 1}).release()->head;
+        return StatusOk;
+    });
+    return made;
 }
