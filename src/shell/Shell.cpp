@@ -64,10 +64,27 @@ TarvoStatus ShellEventHandler(const TarvoEvent* event, void* shell)
 
 } // namespace
 
+Shell::Listed::Listed(Shell& shell) : shell_(shell)
+{
+    LivingShells().push_back(&shell);
+}
+
+// The panels find the dialog before, if there is one, or none.
+Shell::Listed::~Listed()
+{
+    std::erase(LivingShells(), &shell_);
+    if (!LivingShells().empty()) {
+        LivingShells().back()->publish();
+        return;
+    }
+    const CFBundle* bundle = ThePanelEnvironment().bundle;
+    ThePanelEnvironment() = PanelEnvironment();
+    ThePanelEnvironment().bundle = bundle;
+}
+
 Shell::Shell(const CFBundle* bundle, const PanelGetter* getters) : bundle_(bundle)
 {
     currentPanelNumber = 0;
-    LivingShells().push_back(this);
     publish();
     if (bundle_ != nullptr) {
         title_ = bundle_->localizedString("PDE Shell");
@@ -78,7 +95,7 @@ Shell::Shell(const CFBundle* bundle, const PanelGetter* getters) : bundle_(bundl
 Shell::~Shell()
 {
     for (const Record& record : records_) {
-        record.panel->terminate(terminateStatus_);
+        Guarded([&] { record.panel->terminate(terminateStatus_); })();
     }
     if (host_ != nullptr) {
         host_->SetEventHandler(host_->self, nullptr, nullptr);
@@ -86,13 +103,6 @@ Shell::~Shell()
     view_.reset();
     records_.clear();
     g_clear_object(&parentPane_);
-    std::erase(LivingShells(), this);
-    if (!LivingShells().empty()) {
-        LivingShells().back()->publish();
-    } else {
-        ThePanelEnvironment() = PanelEnvironment();
-        ThePanelEnvironment().bundle = bundle_;
-    }
 }
 
 // What the panels find is this dialog.
@@ -152,7 +162,11 @@ OSStatus Shell::initialize(const TarvoPDEHost* host, GtkContainer* parentPane,
     }
     view_ = std::move(view);
     session_ = session;
-    parentPane_ = parentPane == nullptr ? nullptr : GTK_CONTAINER(g_object_ref_sink(parentPane));
+    if (parentPane != nullptr) {
+        g_object_ref_sink(parentPane);
+    }
+    g_clear_object(&parentPane_); // of an Initialize before
+    parentPane_ = parentPane;
     publish();
     RegisterMyHelpBook(bundle_); // help that is missing is told of when it is asked for
     if (host != nullptr && host->SetEventHandler != nullptr) {

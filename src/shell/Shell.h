@@ -52,11 +52,11 @@ public:
 
 private:
     struct Record {
+        std::unique_ptr<Gtk::Box> pane; // outlives the panel
         std::unique_ptr<Panel> panel;
         std::string title;
         std::string kind;
         std::int32_t tabIndex = 0; // from 1
-        std::unique_ptr<Gtk::Box> pane;
         bool isOpen = false;
     };
 
@@ -75,6 +75,19 @@ private:
     Gtk::Window* window() const;
     void publish();
 
+    /// A place in the list of those that live: the last to go, also when the constructor fails.
+    class Listed {
+    public:
+        explicit Listed(Shell& shell);
+        Listed(const Listed&) = delete;
+        Listed& operator=(const Listed&) = delete;
+        ~Listed();
+
+    private:
+        Shell& shell_;
+    };
+
+    const Listed listed_{*this};
     const CFBundle* bundle_;
     std::optional<std::string> title_;
     PMPrintSession* session_ = nullptr;

@@ -27,6 +27,9 @@ public:
     OSStatus prologue(PanelDescription& description) override
     {
         description.title = "Panel " + name_;
+        if (name_ == "T") {
+            throw std::runtime_error("no prologue");
+        }
         return name_ == "X" ? -1 : StatusOk;
     }
     OSStatus initialize(Gtk::Container& pane, PMPrintSession* /*session*/) override
@@ -63,6 +66,9 @@ public:
     OSStatus terminate(OSStatus status) override
     {
         note("t" + std::to_string(status));
+        if (name_ == "A") {
+            throw std::runtime_error("no end");
+        }
         return StatusOk;
     }
     const CFDictionary* jobType() const override { return name_ == "B" ? &jobTypeOfB : nullptr; }
@@ -266,6 +272,14 @@ TEST_F(ShellOperations, AnotherDialogTakesThePlaceUntilItEnds)
     second.reset();
     EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
     EXPECT_NE(PrinterDescription::Current(), nullptr);
+}
+
+TEST_F(ShellOperations, ADialogThatCannotBeMadeLeavesTheOneBefore)
+{
+    constexpr PanelGetter Throwing[] = {Get<'A'>, Get<'T'>, nullptr};
+    EXPECT_THROW(Shell(&bundle_, Throwing), std::runtime_error);
+    EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
+    EXPECT_EQ(PDESync(nullptr, SyncDirection::ToTicket), StatusOk);
 }
 
 TEST_F(ShellOperations, TheLastPanelsSummaryIsTheWhole)
