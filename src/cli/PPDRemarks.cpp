@@ -1,6 +1,7 @@
 #include "cli/PPDRemarks.h"
 
 #include "cli/PPDOutline.h"
+#include "printer/Maker.h"
 #include "printer/PPDKeywordMaps.h"
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 
 namespace tarvo {
 namespace {
-
-constexpr std::string_view MakerOfFamily = "Tarvo";
 
 constexpr std::string_view CustomChoice = "Custom";
 
@@ -41,7 +40,7 @@ void AddMaker(std::vector<PPDRemark>& remarks, const std::string& maker)
     const std::string unseen = "; print dialogs won't show these features";
     if (maker.empty()) {
         remarks.push_back({0, true, "no manufacturer" + unseen});
-    } else if (maker != MakerOfFamily) {
+    } else if (maker != FamilyMaker) {
         remarks.push_back({0, false, "the manufacturer is " + QuotedName(maker) + unseen});
     }
 }

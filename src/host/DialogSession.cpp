@@ -97,8 +97,8 @@ bool DialogSession::start()
     std::uint32_t creator = 0;
     const char* kind = nullptr;
     const char* title = nullptr;
-    std::int32_t maximumWidth = 540;
-    std::int32_t maximumHeight = 491;
+    std::int32_t maximumWidth = TARVO_PANE_WIDTH;
+    std::int32_t maximumHeight = TARVO_PANE_HEIGHT;
     const TarvoPDETable& operations = plugIn_->operations();
     const TarvoStatus prologue =
         operations.Prologue(&context_, &creator, &kind, &title, &maximumWidth, &maximumHeight);

@@ -14,6 +14,8 @@ void Guarded(Body body) noexcept
         body();
     } catch (const std::exception& error) {
         static_cast<void>(std::fprintf(stderr, "tarvo-printhost: %s\n", error.what()));
+    } catch (...) {
+        static_cast<void>(std::fputs("tarvo-printhost: unknown exception\n", stderr));
     }
 }
 

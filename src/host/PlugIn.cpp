@@ -3,11 +3,13 @@
 #include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListReader.h"
 #include "platform/files/FileContents.h"
+#include "platform/printing/BuildText.h"
 
 #include <dlfcn.h>
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 #include <system_error>
 
 namespace tarvo {
@@ -54,6 +56,12 @@ std::string ModuleOf(const std::string& bundle, const std::string& executable)
     return std::filesystem::exists(path, error) ? path : path + ".so";
 }
 
+bool IsOfThisBuild(void* module)
+{
+    const auto build = reinterpret_cast<TarvoBuildFunction>(dlsym(module, TARVO_BUILD_NAME));
+    return build != nullptr && std::string_view(build()) == BuildText();
+}
+
 } // namespace
 
 TarvoPlugInFactory LoadPlugIn(const std::string& bundle, std::string& reason)
@@ -69,6 +77,9 @@ TarvoPlugInFactory LoadPlugIn(const std::string& bundle, std::string& reason)
     if (factory == nullptr) {
         const char* why = dlerror(); // names the file
         reason = why == nullptr ? path + ": the factory is null" : why;
+    } else if (!IsOfThisBuild(module)) {
+        reason = path + " is of another build";
+        factory = nullptr;
     }
     return reinterpret_cast<TarvoPlugInFactory>(factory);
 }
@@ -95,7 +106,11 @@ std::unique_ptr<PlugIn> PlugIn::Make(TarvoPlugInFactory factory)
         instance->table->Release(instance);
         return nullptr;
     }
-    return std::unique_ptr<PlugIn>(new PlugIn(instance, static_cast<TarvoPDE*>(dialog)));
+    std::unique_ptr<PlugIn> plugIn(new PlugIn(instance, static_cast<TarvoPDE*>(dialog)));
+    TarvoVersion version = {};
+    const TarvoStatus status =
+        plugIn->operations().GetAPIVersion(static_cast<TarvoPDE*>(dialog), &version);
+    return status == 0 && version.base == TARVO_PDE_VERSION ? std::move(plugIn) : nullptr;
 }
 
 PlugIn::~PlugIn()

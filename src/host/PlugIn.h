@@ -9,7 +9,7 @@ namespace tarvo {
 
 /// Loads the plug-in of a bundle and finds its factory: the function that Contents/Info.plist names
 /// for TARVO_FACTORY_ID, in the module that it names as the executable, of Contents/Linux. The
-/// module stays loaded.
+/// module stays loaded. One of another build is refused.
 /// @return null with `reason` filled
 [[nodiscard]] TarvoPlugInFactory LoadPlugIn(const std::string& bundle, std::string& reason);
 
@@ -21,7 +21,7 @@ std::string BundleOfThisModule();
 class PlugIn {
 public:
     /// @param factory  may be null
-    /// @return null when the factory makes none or it lacks the interface
+    /// @return null when the factory makes none, or it lacks the interface in this host's version
     static std::unique_ptr<PlugIn> Make(TarvoPlugInFactory factory);
     PlugIn(const PlugIn&) = delete;
     PlugIn& operator=(const PlugIn&) = delete;

@@ -39,13 +39,16 @@ std::int32_t ControlOf(int response)
 void Alert(GtkPrintUnixDialog* dialog, const char* header, const char* message)
 {
     const CFBundle bundle(BundleOfThisModule(), UserLanguages());
+    constexpr auto Flags = GtkDialogFlags(GTK_DIALOG_MODAL | GTK_DIALOG_DESTROY_WITH_PARENT);
     GtkWidget* alert =
-        gtk_message_dialog_new(GTK_WINDOW(dialog), GTK_DIALOG_MODAL, GTK_MESSAGE_ERROR,
-                               GTK_BUTTONS_OK, "%s", bundle.localizedString(header).c_str());
+        gtk_message_dialog_new(GTK_WINDOW(dialog), Flags, GTK_MESSAGE_ERROR, GTK_BUTTONS_OK, "%s",
+                               bundle.localizedString(header).c_str());
+    g_object_ref(alert); // it may go with the dialog
     gtk_message_dialog_format_secondary_text(GTK_MESSAGE_DIALOG(alert), "%s",
                                              bundle.localizedString(message).c_str());
     gtk_dialog_run(GTK_DIALOG(alert));
     gtk_widget_destroy(alert);
+    g_object_unref(alert);
 }
 
 using Owner = std::shared_ptr<PrintDialog>;

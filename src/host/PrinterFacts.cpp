@@ -1,6 +1,7 @@
 #include "host/PrinterFacts.h"
 
 #include "platform/printing/CupsLibrary.h"
+#include "printer/Maker.h"
 
 #include <cups/cups.h>
 
@@ -12,7 +13,6 @@
 namespace tarvo {
 namespace {
 
-constexpr const char* Maker = "Tarvo";
 constexpr int ConnectMilliseconds = 3'000;
 constexpr double AnswerSeconds = 3.0;
 
@@ -117,7 +117,7 @@ std::shared_ptr<const PrinterPPD> GetPPD(const Library& library, const Http& htt
     description->file = TakeFile(path.data());
     ParseError error; // whoever sees a print dialog can do nothing about a broken description
     auto ppd = PPDFile::Open(description->path(), error);
-    if (ppd && ppd->manufacturer() == Maker) {
+    if (ppd && ppd->manufacturer() == FamilyMaker) {
         description->ppd = std::move(ppd);
     } else {
         description->file = Descriptor();

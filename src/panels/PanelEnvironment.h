@@ -11,14 +11,15 @@
 
 namespace tarvo {
 
-/// What the panels find of the print dialog that they are in. The shell fills it; there is one
-/// dialog at a time, and after its end everything is null again but the bundle.
+/// What the panels find of the print dialog that they are in. The shell fills it; of several
+/// dialogs at a time it is the one at which the user is. After the end of the last one everything
+/// is null again but the bundle.
 struct PanelEnvironment {
     const CFBundle* bundle = nullptr;  // null when it was not found
     PMPrintSession* session = nullptr; // from the dialog's initialization
     std::function<OSStatus(SyncDirection)> sync;
     std::function<Gtk::Window*()> window;               // of the dialog; may give null
-    std::unique_ptr<StockLibraryList> printerStockList; // what the printer has reported last
+    std::shared_ptr<StockLibraryList> printerStockList; // what the printer has reported last
 };
 PanelEnvironment& ThePanelEnvironment();
 

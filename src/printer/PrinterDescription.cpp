@@ -2,6 +2,7 @@
 
 #include "platform/bundle/CFBundle.h"
 
+#include <atomic>
 #include <vector>
 
 namespace tarvo {
@@ -12,6 +13,12 @@ std::vector<const PrinterDescription*>& Living()
 {
     static std::vector<const PrinterDescription*> living;
     return living;
+}
+
+std::atomic<const PrinterDescription*>& CurrentOne()
+{
+    static std::atomic<const PrinterDescription*> current = nullptr;
+    return current;
 }
 
 } // namespace
@@ -29,16 +36,25 @@ PrinterDescription::PrinterDescription(std::optional<PPDFile> ppd, const PMTicke
         ui_.emplace(*ppd_);
     }
     Living().push_back(this);
+    CurrentOne() = this;
 }
 
 PrinterDescription::~PrinterDescription()
 {
     std::erase(Living(), this);
+    CurrentOne() = Living().empty() ? nullptr : Living().back();
+}
+
+void PrinterDescription::makeCurrent() const
+{
+    std::erase(Living(), this);
+    Living().push_back(this);
+    CurrentOne() = this;
 }
 
 const PrinterDescription* PrinterDescription::Current()
 {
-    return Living().empty() ? nullptr : Living().back();
+    return CurrentOne();
 }
 
 } // namespace tarvo

@@ -13,7 +13,7 @@ namespace tarvo {
 /// print dialog to its end; it answers the process-wide functions of the feature database, the
 /// installable options and the main keywords (TDPGetFeature, getInstalledFeature,
 /// PPDGetGlobalUIDictionary and so on) for as long as it lives. A further one takes its place until
-/// that one ends. Without any, those functions find nothing.
+/// that one ends or this is made current again. Without any, those functions find nothing.
 ///
 /// Making and dropping it is for start and end, when no other thread asks. In between it doesn't
 /// change, so threads may ask at once; what they are given is borrowed from it.
@@ -30,6 +30,9 @@ public:
     PrinterDescription(const PrinterDescription&) = delete;
     PrinterDescription& operator=(const PrinterDescription&) = delete;
     ~PrinterDescription();
+
+    /// Takes the place of the one that answers; threads that ask may get either.
+    void makeCurrent() const;
 
     /// @return the one that answers the process-wide functions; null when there is none
     static const PrinterDescription* Current();

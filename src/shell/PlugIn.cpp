@@ -1,5 +1,6 @@
 // The plug-in as a print dialog loads it: the factory and the tables of functions that it leads to.
 #include "panels/toolkit/Guarded.h"
+#include "platform/printing/BuildText.h"
 #include "settings/SettingMap.h"
 #include "shell/BundleLookup.h"
 #include "shell/PanelTable.h"
@@ -17,9 +18,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::uint32_t PaneCreator = FourCharCode("pde ");
-constexpr std::int32_t MaximumWidth = 540;
-constexpr std::int32_t MaximumHeight = 491;
-constexpr std::uint32_t Version1 = 0x00010000;
 
 bool IsEqual(const TarvoUUID& first, const TarvoUUID& second)
 {
@@ -27,13 +25,13 @@ bool IsEqual(const TarvoUUID& first, const TarvoUUID& second)
 }
 
 template <typename Function>
-TarvoStatus GuardedStatus(Function function)
+TarvoStatus GuardedStatus(Function function, TarvoStatus failure = StatusNoMemory)
 {
     try {
         return function();
     } catch (...) {
         ReportCaughtException();
-        return StatusNoMemory;
+        return failure;
     }
 }
 
@@ -86,7 +84,7 @@ TarvoStatus Prologue(void** context, std::uint32_t* creator, const char** kind, 
         return StatusBadArgument;
     }
     *context = nullptr;
-    return GuardedStatus([&] {
+    const auto make = [&] {
         Gtk::Main::init_gtkmm_internals();
         Contexts().push_back(std::make_unique<Context>());
         const Shell& shell = Contexts().back()->shell;
@@ -95,11 +93,12 @@ TarvoStatus Prologue(void** context, std::uint32_t* creator, const char** kind, 
         if (shell.title() != nullptr) {
             Give(title, shell.title()->c_str());
         }
-        Give(maxWidth, MaximumWidth);
-        Give(maxHeight, MaximumHeight);
+        Give(maxWidth, std::int32_t{TARVO_PANE_WIDTH});
+        Give(maxHeight, std::int32_t{TARVO_PANE_HEIGHT});
         *context = Contexts().back().get();
         return StatusOk;
-    });
+    };
+    return GuardedStatus(make, StatusNullContext);
 }
 
 TarvoStatus Initialize(void* context, std::uint32_t /*flags*/, const TarvoPDEHost* reference,
@@ -204,7 +203,7 @@ TarvoStatus GetAPIVersion(TarvoPDE* /*object*/, TarvoVersion* version)
     if (version == nullptr) {
         return StatusBadArgument;
     }
-    *version = {Version1, Version1};
+    *version = {TARVO_PDE_VERSION, TARVO_PDE_VERSION};
     return StatusOk;
 }
 
@@ -265,6 +264,11 @@ constexpr TarvoUnknownTable UnknownTable = {nullptr, QueryInterface, IUnknownAdd
 } // namespace
 } // namespace tarvo
 
+extern "C" __attribute__((visibility("default"))) const char* TarvoPDEBuild()
+{
+    return tarvo::BuildText();
+}
+
 extern "C" __attribute__((visibility("default"))) TarvoUnknown*
 TarvoPDEPluginFactory(void* /*allocator*/, TarvoUUID typeId)
 {
@@ -272,6 +276,10 @@ TarvoPDEPluginFactory(void* /*allocator*/, TarvoUUID typeId)
     if (!IsEqual(typeId, TARVO_PDE_TYPE_ID)) {
         return nullptr;
     }
-    auto* instance = new (std::nothrow) Instance{{&UnknownTable}, 1};
-    return instance == nullptr ? nullptr : &instance->head;
+    TarvoUnknown* made = nullptr;
+    GuardedStatus([&] {
+        made = &std::make_unique<Instance>(Instance{{&UnknownTable}, 1}).release()->head;
+        return StatusOk;
+    });
+    return made;
 }

@@ -54,6 +54,11 @@ typedef int32_t TarvoStatus;
 #define TARVO_FACTORY_ID "875CF6AF-A4B0-419E-8325-9809A507D90A"
 #define TARVO_FACTORY_NAME "TarvoPDEPluginFactory"
 
+/// The function of that name, beside the factory, names the plug-in's build. A host of another
+/// build must not go on: a print session crosses as it lies in memory.
+#define TARVO_BUILD_NAME "TarvoPDEBuild"
+typedef const char* (*TarvoBuildFunction)(void);
+
 /// An instance of the plug-in; it begins with its table.
 typedef struct TarvoUnknown TarvoUnknown;
 typedef struct TarvoUnknownTable {
@@ -102,10 +107,16 @@ typedef struct TarvoPDEHost {
     void (*SetEventHandler)(void* self, TarvoEventHandler handler, void* userData);
 } TarvoPDEHost;
 
+// This interface; a host goes on with a plug-in of the same base only.
+#define TARVO_PDE_VERSION 0x00010000u
 typedef struct TarvoVersion {
     uint32_t build; // major in the upper 16 bits, minor in the lower
     uint32_t base;
 } TarvoVersion;
+
+// The largest pane of a plug-in that does not say it, in pixels.
+#define TARVO_PANE_WIDTH 540
+#define TARVO_PANE_HEIGHT 491
 
 /// A tarvo::PMPrintSession (platform/printing/PMPrintSession.h) of the same build. It outlives the
 /// context.

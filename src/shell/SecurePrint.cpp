@@ -3,15 +3,10 @@
 #include "records/JobTypeKeys.h"
 
 namespace tarvo {
-namespace {
-
-constexpr std::int32_t SecurePrintJobType = 6;
-
-} // namespace
-
 bool LacksPasscode(const CFDictionary* jobType)
 {
-    if (jobType == nullptr || jobType->int32(JobTypeNumberKey) != SecurePrintJobType) {
+    constexpr auto SecurePrint = static_cast<std::int32_t>(JobType::SecurePrint);
+    if (jobType == nullptr || jobType->int32(JobTypeNumberKey) != SecurePrint) {
         return false;
     }
     const auto* passcode = jobType->get<std::string>(SecurePrintPasswordKey);

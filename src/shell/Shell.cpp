@@ -7,6 +7,7 @@
 #include "platform/printing/PPDFile.h"
 #include "platform/printing/PrinterAddress.h"
 #include "printer/FeatureMap.h"
+#include "printer/Maker.h"
 #include "settings/TicketAccess.h"
 #include "settings/TicketKeys.h"
 #include "shell/BundleLookup.h"
@@ -22,16 +23,56 @@
 namespace tarvo {
 namespace {
 
-constexpr std::string_view Maker = "Tarvo";
+// The panel that was shown last in any dialog: the next one begins by leaving it.
+std::int32_t lastTabIndexOfAll = 0;
 
-// Of the process. The first one outlives a dialog: the next begins by leaving that panel.
-std::int32_t lastTabIndex = 0;
-std::int32_t currentPanelNumber = 0; // 0: none has been shown in this dialog
-
-std::vector<Shell*>& LivingShells() // the current one last
+// The current one last. The list never ends: the toolkit may ask for it until the process has
+// ended.
+std::vector<Shell*>& LivingShells()
 {
-    static std::vector<Shell*> living;
-    return living;
+    static std::vector<Shell*>* const living = std::make_unique<std::vector<Shell*>>().release();
+    return *living;
+}
+
+// With what the user, or a program in the user's place, reaches a panel's handlers. Null ends the
+// table.
+struct SignalRow {
+    GType (*type)();
+    const char* name;
+};
+
+constexpr SignalRow UsersSignals[] = {
+    {gtk_widget_get_type,        "event"  },
+    {gtk_button_get_type,        "clicked"},
+    {gtk_toggle_button_get_type, "toggled"},
+    {gtk_combo_box_get_type,     "changed"},
+    {nullptr,                    nullptr  },
+};
+
+// Comes before the handlers, so that those of a panel find their own dialog among several.
+gboolean BeforeHandlers(GSignalInvocationHint* /*hint*/, guint /*count*/, const GValue* values,
+                        gpointer /*data*/)
+{
+    if (LivingShells().size() > 1) {
+        auto* widget = GTK_WIDGET(g_value_get_object(values));
+        const auto& living = LivingShells();
+        const auto found = std::find_if(living.begin(), living.end(), [widget](const Shell* shell) {
+            return shell->contains(widget);
+        });
+        if (found != living.end()) {
+            Guarded([shell = *found] { shell->makeCurrent(); })();
+        }
+    }
+    return TRUE;
+}
+
+void WatchUsersSignals()
+{
+    for (const SignalRow* row = UsersSignals; row->name != nullptr; ++row) {
+        g_type_class_ref(row->type()); // the signals are there with the class, which stays
+        g_signal_add_emission_hook(g_signal_lookup(row->name, row->type()), 0, BeforeHandlers,
+                                   nullptr, nullptr);
+    }
 }
 
 OSStatus FailInitialize(const std::string& step)
@@ -65,10 +106,29 @@ TarvoStatus ShellEventHandler(const TarvoEvent* event, void* shell)
 
 } // namespace
 
-Shell::Shell(const CFBundle* bundle, const PanelGetter* getters) : bundle_(bundle)
+Shell::Listed::Listed(Shell& shell) : shell_(shell)
 {
-    currentPanelNumber = 0;
-    LivingShells().push_back(this);
+    LivingShells().push_back(&shell);
+}
+
+// The panels find the dialog before, if there is one, or none.
+Shell::Listed::~Listed()
+{
+    std::erase(LivingShells(), &shell_);
+    if (!LivingShells().empty()) {
+        LivingShells().back()->publish();
+        return;
+    }
+    const CFBundle* bundle = ThePanelEnvironment().bundle;
+    ThePanelEnvironment() = PanelEnvironment();
+    ThePanelEnvironment().bundle = bundle;
+}
+
+Shell::Shell(const CFBundle* bundle, const PanelGetter* getters)
+    : bundle_(bundle), lastTabIndex_(lastTabIndexOfAll)
+{
+    static const bool isWatching = (WatchUsersSignals(), true);
+    static_cast<void>(isWatching);
     publish();
     if (bundle_ != nullptr) {
         title_ = bundle_->localizedString("PDE Shell");
@@ -79,7 +139,7 @@ Shell::Shell(const CFBundle* bundle, const PanelGetter* getters) : bundle_(bundl
 Shell::~Shell()
 {
     for (const Record& record : records_) {
-        record.panel->terminate(terminateStatus_);
+        Guarded([&] { record.panel->terminate(terminateStatus_); })();
     }
     if (host_ != nullptr) {
         host_->SetEventHandler(host_->self, nullptr, nullptr);
@@ -87,13 +147,6 @@ Shell::~Shell()
     view_.reset();
     records_.clear();
     g_clear_object(&parentPane_);
-    std::erase(LivingShells(), this);
-    if (!LivingShells().empty()) {
-        LivingShells().back()->publish();
-    } else {
-        ThePanelEnvironment() = PanelEnvironment();
-        ThePanelEnvironment().bundle = bundle_;
-    }
 }
 
 // What the panels find is this dialog.
@@ -104,7 +157,25 @@ void Shell::publish()
     environment.session = session_;
     environment.sync = [this](SyncDirection direction) { return sync(session_, direction); };
     environment.window = [this] { return window(); };
-    environment.printerStockList.reset();
+    environment.printerStockList = printerStockList_;
+    if (printer_) {
+        printer_->makeCurrent();
+    }
+}
+
+bool Shell::contains(GtkWidget* widget) const
+{
+    return parentPane_ != nullptr &&
+           gtk_widget_is_ancestor(widget, GTK_WIDGET(parentPane_)) != FALSE;
+}
+
+void Shell::makeCurrent()
+{
+    if (LivingShells().back() != this) {
+        std::erase(LivingShells(), this);
+        LivingShells().push_back(this);
+        publish();
+    }
 }
 
 Gtk::Window* Shell::window() const
@@ -138,6 +209,7 @@ OSStatus Shell::initialize(const TarvoPDEHost* host, GtkContainer* parentPane,
     if (session == nullptr) {
         return StatusNullContext;
     }
+    makeCurrent();
     PMTicket* information = nullptr;
     if (GetTicketFromSession(session, PrinterInfoTicketName, &information) != StatusOk) {
         return FailInitialize("::GetTicketFromSession() failed.");
@@ -153,7 +225,11 @@ OSStatus Shell::initialize(const TarvoPDEHost* host, GtkContainer* parentPane,
     }
     view_ = std::move(view);
     session_ = session;
-    parentPane_ = parentPane == nullptr ? nullptr : GTK_CONTAINER(g_object_ref_sink(parentPane));
+    if (parentPane != nullptr) {
+        g_object_ref_sink(parentPane);
+    }
+    g_clear_object(&parentPane_); // of an Initialize before
+    parentPane_ = parentPane;
     publish();
     RegisterMyHelpBook(bundle_); // help that is missing is told of when it is asked for
     if (host != nullptr && host->SetEventHandler != nullptr) {
@@ -171,7 +247,7 @@ OSStatus Shell::describePrinter(const PMTicket* information)
     if (!ppd) {
         return FailInitialize("::ppdOpenCompiledPPDFromTicket() failed.");
     }
-    if (ppd->manufacturer() != Maker) {
+    if (ppd->manufacturer() != FamilyMaker) {
         return FailInitialize(" not a Tarvo PDE.");
     }
     if (bundle_ != nullptr) {
@@ -196,9 +272,10 @@ OSStatus Shell::sync(PMPrintSession* session, SyncDirection direction)
     if (session == nullptr) {
         return StatusNoSession;
     }
+    makeCurrent();
     Panel* last = nullptr;
     for (const Record& record : records_) {
-        if (record.tabIndex == lastTabIndex) {
+        if (record.tabIndex == lastTabIndex_) {
             last = record.panel.get();
         } else {
             record.panel->sync(session, direction);
@@ -230,17 +307,18 @@ OSStatus Shell::open()
     if (!view_) {
         return StatusNullContext; // it was never initialized
     }
-    windowEvents_.emplace(HandleWindowEvent);
+    makeCurrent();
+    windowEvents_.emplace([this](const Event& event) { return handleWindowEvent(event); });
     if (!isOpened_) {
         isOpened_ = true;
         startWorker();
         buildView();
     }
-    if (currentPanelNumber == 0) {
-        currentPanelNumber = 1;
+    if (currentPanelNumber_ == 0) {
+        currentPanelNumber_ = 1;
     }
-    selectPanel(currentPanelNumber);
-    view_->setPopupValue(currentPanelNumber);
+    selectPanel(currentPanelNumber_);
+    view_->setPopupValue(currentPanelNumber_);
     return StatusOk;
 }
 
@@ -286,24 +364,25 @@ void Shell::openPanel(Record& record) const
 void Shell::selectPanel(std::int32_t index)
 {
     for (const Record& record : records_) {
-        if (record.tabIndex == lastTabIndex) { // the one that is left
+        if (record.tabIndex == lastTabIndex_) { // the one that is left
             record.panel->sync(session_, SyncDirection::ToTicket);
         }
     }
     view_->setSwitchGroupVisible(false);
     for (Record& record : records_) {
-        if (record.tabIndex != lastTabIndex) { // what the others changed shows
+        if (record.tabIndex != lastTabIndex_) { // what the others changed shows
             record.panel->sync(session_, SyncDirection::FromTicket);
         }
         const bool isSelected = record.tabIndex == index;
         if (isSelected) {
             openPanel(record);
-            currentPanelNumber = index;
+            currentPanelNumber_ = index;
         }
         record.pane->set_sensitive(isSelected);
         record.pane->set_visible(isSelected);
     }
-    lastTabIndex = index;
+    lastTabIndex_ = index;
+    lastTabIndexOfAll = index;
     view_->setSwitchGroupVisible(true);
 }
 
@@ -318,12 +397,13 @@ void Shell::step(std::int32_t difference)
 {
     const auto count = static_cast<std::int32_t>(records_.size());
     if (count > 0 && view_ && isOpened_) {
-        showPanel((lastTabIndex - 1 + difference + count) % count + 1);
+        showPanel((lastTabIndex_ - 1 + difference + count) % count + 1);
     }
 }
 
 OSStatus Shell::close()
 {
+    makeCurrent();
     for (Record& record : records_) {
         if (record.isOpen) {
             record.isOpen = false;
@@ -337,6 +417,7 @@ OSStatus Shell::close()
 
 OSStatus Shell::handleControlHit(std::uint32_t signature, std::int32_t control)
 {
+    makeCurrent();
     if (signature == 0 && control == TARVO_DEFAULT_BUTTON) {
         return blockJobWithoutPasscode();
     }
@@ -345,8 +426,8 @@ OSStatus Shell::handleControlHit(std::uint32_t signature, std::int32_t control)
     }
     switch (control) {
     case PanelPopupControl: {
-        const std::int32_t chosen = view_->popupValue(lastTabIndex);
-        if (chosen == lastTabIndex) {
+        const std::int32_t chosen = view_->popupValue(lastTabIndex_);
+        if (chosen == lastTabIndex_) {
             return EventNotHandled;
         }
         selectPanel(chosen);
@@ -367,6 +448,7 @@ OSStatus Shell::handleControlHit(std::uint32_t signature, std::int32_t control)
 
 OSStatus Shell::handleCommand(std::uint32_t command)
 {
+    makeCurrent();
     switch (command) {
     case HelpCommand:
         DisplayHelp(bundle_, window(), nullptr, nullptr);
@@ -397,14 +479,15 @@ OSStatus Shell::blockJobWithoutPasscode() const
 }
 
 // The worker has an answer of the printer.
-OSStatus Shell::HandleWindowEvent(const Event& event)
+OSStatus Shell::handleWindowEvent(const Event& event)
 {
     if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
         return EventNotHandled;
     }
     const auto stocks = PrinterStocks();
     if (CurrentPrinterStockStatus() == PrinterStockStatus::Complete && stocks) {
-        ThePanelEnvironment().printerStockList = MakePrinterStockLibraryList(*stocks);
+        printerStockList_ = MakePrinterStockLibraryList(*stocks);
+        LivingShells().back()->publish();
     }
     return StatusOk;
 }

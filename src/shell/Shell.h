@@ -15,6 +15,8 @@
 
 namespace tarvo {
 
+class StockLibraryList;
+
 /// The print features in one print dialog: a pane that shows one panel at a time. Operations of the
 /// dialog are passed to every panel in turn; what the panels return counts for nothing.
 class Shell {
@@ -50,13 +52,18 @@ public:
     /// @return EventNotHandled: a command goes on, too
     OSStatus handleCommand(std::uint32_t command);
 
+    /// Whether a widget is in the dialog's pane.
+    bool contains(GtkWidget* widget) const;
+    /// Lets the panels find this dialog, be there newer ones or not.
+    void makeCurrent();
+
 private:
     struct Record {
+        std::unique_ptr<Gtk::Box> pane; // outlives the panel
         std::unique_ptr<Panel> panel;
         std::string title;
         std::string kind;
         std::int32_t tabIndex = 0; // from 1
-        std::unique_ptr<Gtk::Box> pane;
         bool isOpen = false;
     };
 
@@ -71,16 +78,32 @@ private:
     void showPanel(std::int32_t index);
     void step(std::int32_t difference);
     OSStatus blockJobWithoutPasscode() const;
-    static OSStatus HandleWindowEvent(const Event& event);
+    OSStatus handleWindowEvent(const Event& event);
     Gtk::Window* window() const;
     void publish();
 
+    /// A place in the list of those that live: the last to go, also when the constructor fails.
+    class Listed {
+    public:
+        explicit Listed(Shell& shell);
+        Listed(const Listed&) = delete;
+        Listed& operator=(const Listed&) = delete;
+        ~Listed();
+
+    private:
+        Shell& shell_;
+    };
+
+    const Listed listed_{*this};
     const CFBundle* bundle_;
     std::optional<std::string> title_;
     PMPrintSession* session_ = nullptr;
     const TarvoPDEHost* host_ = nullptr;
-    GtkContainer* parentPane_ = nullptr; // owned
+    std::int32_t lastTabIndex_;           // of the panel that is left next
+    std::int32_t currentPanelNumber_ = 0; // 0: none has been shown
+    GtkContainer* parentPane_ = nullptr;  // owned
     std::unique_ptr<PrinterDescription> printer_;
+    std::shared_ptr<StockLibraryList> printerStockList_; // what the printer has reported last
     std::vector<Record> records_;
     std::unique_ptr<ShellView> view_;
     std::optional<WindowEventHandler> windowEvents_; // while it is open

@@ -76,7 +76,7 @@ std::unique_ptr<ShellView> ShellView::Load(const CFBundle& bundle, std::string& 
         failedStep = "CreateNibReferenceWithCFBundle";
         return nullptr;
     }
-    std::unique_ptr<ShellView> view(new ShellView);
+    auto view = std::make_unique<ShellView>();
     const auto window = nib->window<Gtk::Widget>("Window");
     view->content_ = nib->widget<Gtk::Widget>("Tshl10");
     view->switchGroup_ = nib->widget<Gtk::Widget>("Tshl15");

@@ -27,6 +27,8 @@ class ShellView {
 public:
     /// @param failedStep  filled with the step that could not be done when there is no view
     static std::unique_ptr<ShellView> Load(const CFBundle& bundle, std::string& failedStep);
+    /// For Load: what has not been loaded is of no use.
+    ShellView() = default;
     ShellView(const ShellView&) = delete;
     ShellView& operator=(const ShellView&) = delete;
     /// Takes the view out of the print dialog.
@@ -47,8 +49,6 @@ public:
     Gtk::Container& panelContainer() const { return *container_.get(); }
 
 private:
-    ShellView() = default;
-
     Glib::RefPtr<Gtk::Widget> content_;
     Glib::RefPtr<Gtk::Widget> switchGroup_;
     Glib::RefPtr<Gtk::Container> container_;

@@ -1,6 +1,7 @@
 // A plug-in that keeps a record of what the print dialog's side does with it, and vetoes on order.
 #include "FakePlugIn.h"
 
+#include "platform/printing/BuildText.h"
 #include "platform/printing/PPDFile.h"
 #include "shell/PlugInInterface.h"
 
@@ -138,9 +139,10 @@ TarvoStatus Release(TarvoPDE** object)
     return 0;
 }
 
-TarvoStatus GetAPIVersion(TarvoPDE* /*object*/, TarvoVersion* /*version*/)
+TarvoStatus GetAPIVersion(TarvoPDE* /*object*/, TarvoVersion* version)
 {
-    return 0;
+    *version = {State().version, State().version};
+    return State().versionStatus;
 }
 
 constexpr TarvoPDETable Operations = {Retain, Release,        GetAPIVersion, Prologue, Initialize,
@@ -190,6 +192,11 @@ extern "C" {
     }
     ++State().instances;
     return std::make_unique<TarvoUnknown>(TarvoUnknown{&Instance}).release();
+}
+
+[[gnu::visibility("default")]] const char* TarvoPDEBuild()
+{
+    return tarvo::BuildText();
 }
 
 [[gnu::visibility("default")]] tarvo::FakePlugInState* FakePlugInGetState()

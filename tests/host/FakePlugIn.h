@@ -20,6 +20,8 @@ struct FakePlugInState {
     PageFormat pageFormat;
     CFDictionary choices;
     // What to do.
+    std::uint32_t version = 0x00010000;
+    std::int32_t versionStatus = 0;
     bool refusesPrinter = false;
     bool refusesToPrint = false;
     CFDictionary ticket; // written by Sync

@@ -320,28 +320,43 @@ TEST_F(PrintDialogTest, AQueueMayVanishWhileTheDialogIsOpen)
     EXPECT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
 }
 
+// What becomes of the alert that is shown.
+struct AlertEnd {
+    DialogDriver& driver;
+    bool isAnswered; // else the application closes the print dialog
+    bool isTold = false;
+};
+
+gboolean EndAlert(gpointer data)
+{
+    auto& end = *static_cast<AlertEnd*>(data);
+    GtkWidget* front = gtk_grab_get_current();
+    GtkWidget* alert = front == nullptr ? nullptr : gtk_widget_get_toplevel(front);
+    if (GTK_IS_MESSAGE_DIALOG(alert)) {
+        end.isTold = true;
+        if (end.isAnswered) {
+            gtk_dialog_response(GTK_DIALOG(alert), GTK_RESPONSE_OK);
+        } else {
+            end.driver.close();
+        }
+    }
+    return G_SOURCE_CONTINUE;
+}
+
 TEST_F(PrintDialogTest, ATicketThatCannotTravelIsToldOfAndNotSent)
 {
-    DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
     State().ticket.set("com.tarvo.print.JobNotesMessage", std::string(80'000, 'x'));
-    bool isTold = false;
-    const guint source = g_timeout_add(
-        5,
-        [](gpointer told) -> gboolean {
-            GtkWidget* front = gtk_grab_get_current();
-            GtkWidget* alert = front == nullptr ? nullptr : gtk_widget_get_toplevel(front);
-            if (GTK_IS_MESSAGE_DIALOG(alert)) {
-                *static_cast<bool*>(told) = true;
-                gtk_dialog_response(GTK_DIALOG(alert), GTK_RESPONSE_OK);
-            }
-            return G_SOURCE_CONTINUE;
-        },
-        &isTold);
-    EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
-    EXPECT_TRUE(isTold);
-    g_source_remove(source);
+    for (const bool isAnswered : {true, false}) {
+        SCOPED_TRACE(isAnswered ? "answered" : "the dialog goes");
+        DialogDriver driver;
+        ASSERT_TRUE(driver.choose(OurPrinter));
+        ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+        AlertEnd end{driver, isAnswered};
+        const guint source = g_timeout_add(5, EndAlert, &end);
+        EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
+        EXPECT_TRUE(end.isTold);
+        g_source_remove(source);
+    }
 }
 
 TEST_F(PrintDialogTest, ManyDialogsLeaveNothingBehind)

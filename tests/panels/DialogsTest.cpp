@@ -1,6 +1,7 @@
 #include "panels/toolkit/Dialogs.h"
 
 #include "panels/toolkit/BackgroundWork.h"
+#include "panels/toolkit/DesktopServices.h"
 #include "support/BuiltBundle.h"
 #include "support/Widgets.h"
 
@@ -65,6 +66,29 @@ TEST(CustomValueDialog, IsCancelledWhenItCannotBeShown)
         EXPECT_NE(RunModalCustomValueDialog(copy.bundle(), nullptr, 8, text, result), StatusOk);
         EXPECT_EQ(result, DialogCancel);
         EXPECT_EQ(text, std::nullopt);
+    }
+}
+
+TEST(FileChoosers, GoWithTheirWindow)
+{
+    const CFBundle bundle = BuiltBundle();
+    const auto save = [&](Gtk::Window* parent) {
+        return TheDesktopServices().chooseFileToSave(bundle, parent, "ExportTitle").has_value();
+    };
+    const auto open = [&](Gtk::Window* parent) {
+        return !TheDesktopServices().chooseFilesToOpen(bundle, parent, "ImportTitle", {}).empty();
+    };
+    for (const std::function<bool(Gtk::Window*)>& choose :
+         {std::function(save), std::function(open)}) {
+        GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+        gtk_widget_show(window);
+        Gtk::Dialog* chooser = nullptr;
+        const DialogAnswer answer([&](Gtk::Dialog& dialog) {
+            chooser = &dialog;
+            gtk_widget_destroy(window);
+        });
+        EXPECT_FALSE(choose(Glib::wrap(GTK_WINDOW(window))));
+        EXPECT_THAT(Gtk::Window::list_toplevels(), testing::Not(testing::Contains(chooser)));
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 #include <gtk/gtk.h>
+#include <gtkmm/button.h>
 #include <gtkmm/label.h>
 
 namespace tarvo {
@@ -18,6 +19,7 @@ namespace {
 // Of all panels; "A<" is panel A reading the ticket, "A>" writing it.
 std::string calls;
 CFDictionary jobTypeOfB;
+PMPrintSession* sessionOfClick = nullptr; // what a panel's handler has found
 
 class FakePanel : public Panel {
 public:
@@ -27,6 +29,9 @@ public:
     OSStatus prologue(PanelDescription& description) override
     {
         description.title = "Panel " + name_;
+        if (name_ == "T") {
+            throw std::runtime_error("no prologue");
+        }
         return name_ == "X" ? -1 : StatusOk;
     }
     OSStatus initialize(Gtk::Container& pane, PMPrintSession* /*session*/) override
@@ -53,6 +58,10 @@ public:
         auto* label = Gtk::manage(new Gtk::Label(name_));
         label->show();
         pane_->add(*label);
+        auto* button = Gtk::make_managed<Gtk::Button>();
+        button->signal_clicked().connect([] { sessionOfClick = GetCurrentPrintSession(); });
+        button->show();
+        pane_->add(*button);
         return StatusOk;
     }
     OSStatus close() override
@@ -63,6 +72,9 @@ public:
     OSStatus terminate(OSStatus status) override
     {
         note("t" + std::to_string(status));
+        if (name_ == "A") {
+            throw std::runtime_error("no end");
+        }
         return StatusOk;
     }
     const CFDictionary* jobType() const override { return name_ == "B" ? &jobTypeOfB : nullptr; }
@@ -268,9 +280,56 @@ TEST_F(ShellOperations, AnotherDialogTakesThePlaceUntilItEnds)
     EXPECT_NE(PrinterDescription::Current(), nullptr);
 }
 
+TEST_F(ShellOperations, ADialogThatCannotBeMadeLeavesTheOneBefore)
+{
+    constexpr PanelGetter Throwing[] = {Get<'A'>, Get<'T'>, nullptr};
+    EXPECT_THROW(Shell(&bundle_, Throwing), std::runtime_error);
+    EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
+    EXPECT_EQ(PDESync(nullptr, SyncDirection::ToTicket), StatusOk);
+}
+
 TEST_F(ShellOperations, TheLastPanelsSummaryIsTheWhole)
 {
     EXPECT_EQ(shell_->getSummaryText().titles, std::nullopt) << "C clears what A has filled";
+}
+
+// Presses the button of the panel that is shown.
+void ClickIn(Gtk::Widget& pane)
+{
+    ForEachWidget(pane, [](Gtk::Widget& widget) {
+        auto* button = dynamic_cast<Gtk::Button*>(&widget);
+        if (button != nullptr && NameInDescription(widget).empty() &&
+            button->get_parent()->get_visible()) {
+            button->clicked();
+        }
+    });
+}
+
+TEST_F(ShellOperations, WhatHappensInADialogIsAboutThatDialog)
+{
+    shell_->open();
+    DialogSession other;
+    Gtk::Window window;
+    Gtk::Box pane;
+    window.add(pane);
+    Shell second(&bundle_, ThreePanels);
+    EXPECT_EQ(second.initialize(nullptr, GTK_CONTAINER(pane.gobj()), &other.session), StatusOk);
+    second.open();
+    const auto* printer = PrinterDescription::Current();
+    second.handleControlHit(ShellSignature, NextPanelControl);
+    CallsSince();
+    ClickIn(pane_);
+    EXPECT_EQ(sessionOfClick, &dialog_.session);
+    EXPECT_NE(PrinterDescription::Current(), printer);
+    hit(NextPanelControl);
+    EXPECT_EQ(CallsSince(), "A> B< Bo C< ") << "the panel of its own is left";
+    ClickIn(pane);
+    EXPECT_EQ(sessionOfClick, &other.session);
+    EXPECT_EQ(PrinterDescription::Current(), printer);
+    second.handleControlHit(ShellSignature, PreviousPanelControl);
+    EXPECT_EQ(CallsSince(), "B> A< C< ");
+    shell_->sync(&dialog_.session, SyncDirection::ToTicket);
+    EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
 }
 
 struct LoadCase {

@@ -20,6 +20,9 @@ Glib::RefPtr<Gtk::FileChooserNative> MakeChooser(const CFBundle& bundle, Gtk::Wi
     auto chooser = Gtk::FileChooserNative::create(title, action, "", "");
     if (parent != nullptr) {
         chooser->set_transient_for(*parent);
+        // It goes with the parent, as when the user cancels.
+        g_signal_connect_object(parent->gobj(), "destroy", G_CALLBACK(gtk_native_dialog_hide),
+                                chooser->gobj(), G_CONNECT_SWAPPED);
     }
     chooser->set_modal(true);
     return chooser;

@@ -3,10 +3,11 @@
 #include "platform/bundle/CFBundle.h"
 
 #include <gdk/gdk.h>
-#include <gdkmm/general.h>
 #include <gdkmm/pixbuf.h>
 #include <glibmm/error.h>
 #include <gtk/gtk.h>
+
+#include <memory>
 
 namespace tarvo {
 namespace {
@@ -24,9 +25,10 @@ bool ShowPicture(const CFBundle& bundle, Gtk::Image& image, const std::string& f
     }
     try {
         const auto picture = Gdk::Pixbuf::create_from_file(*path);
-        const Cairo::RefPtr<Cairo::Surface> surface(new Cairo::Surface(
-            gdk_cairo_surface_create_from_pixbuf(picture->gobj(), PixelsPerPoint, nullptr), true));
-        image.set(surface);
+        const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+            gdk_cairo_surface_create_from_pixbuf(picture->gobj(), PixelsPerPoint, nullptr),
+            cairo_surface_destroy);
+        gtk_image_set_from_surface(image.gobj(), surface.get());
         return true;
     } catch (const Glib::Error&) { // as if it were missing
         return false;

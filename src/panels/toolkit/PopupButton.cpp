@@ -1,5 +1,7 @@
 #include "panels/toolkit/PopupButton.h"
 
+#include "panels/toolkit/Guarded.h"
+
 #include <gtkmm/cellrenderertext.h>
 #include <gtkmm/liststore.h>
 
@@ -30,21 +32,20 @@ const Columns& TheColumns()
 
 void PrepareButton(Gtk::ComboBox& button)
 {
-    auto* renderer = Gtk::manage(new Gtk::CellRendererText);
+    auto* renderer = Gtk::make_managed<Gtk::CellRendererText>();
     button.pack_start(*renderer);
     button.add_attribute(renderer->property_text(), TheColumns().text);
     button.add_attribute(renderer->property_sensitive(), TheColumns().isEnabled);
     button.set_row_separator_func(
-        [](const Glib::RefPtr<Gtk::TreeModel>&, const Gtk::TreeModel::iterator& row) {
-            return (*row)[TheColumns().isSeparator];
-        });
+        Guarded([](const Glib::RefPtr<Gtk::TreeModel>&, const Gtk::TreeModel::iterator& row) {
+            return row->get_value(TheColumns().isSeparator);
+        }));
     GtkComboBox* const combo = button.gobj();
-    button.signal_scroll_event().connect(
-        [combo](GdkEventScroll*) {
-            g_signal_stop_emission_by_name(combo, "scroll-event");
-            return false; // on to what scrolls
-        },
-        false);
+    button.signal_scroll_event().connect(Guarded([combo](GdkEventScroll*) {
+                                             g_signal_stop_emission_by_name(combo, "scroll-event");
+                                             return false; // on to what scrolls
+                                         }),
+                                         false);
 }
 
 } // namespace

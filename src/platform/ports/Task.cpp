@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <exception>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -15,8 +14,8 @@ OSStatus StartTask(std::function<void()> body)
         std::thread([body = std::move(body)] {
             try {
                 body();
-            } catch (const std::exception&) {
-                return; // its state tells what it did not finish
+            } catch (...) { // the toolkit's exceptions are none of the standard's
+                return;     // its state tells what it did not finish
             }
         }).detach();
         return StatusOk;

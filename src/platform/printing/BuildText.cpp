@@ -1,0 +1,10 @@
+#include "platform/printing/BuildText.h"
+
+namespace tarvo {
+
+const char* BuildText()
+{
+    return TARVO_BUILD_TEXT;
+}
+
+} // namespace tarvo
