@@ -484,9 +484,9 @@ OSStatus Shell::handleWindowEvent(const Event& event)
     if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
         return EventNotHandled;
     }
-    const auto stocks = PrinterStocks();
+    const auto stocks = PrinterStockList();
     if (CurrentPrinterStockStatus() == PrinterStockStatus::Complete && stocks) {
-        printerStockList_ = MakePrinterStockLibraryList(*stocks);
+        printerStockList_ = stocks;
         LivingShells().back()->publish();
     }
     return StatusOk;

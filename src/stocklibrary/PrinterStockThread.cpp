@@ -5,6 +5,7 @@
 #include "platform/ports/Task.h"
 #include "platform/text/Utf8.h"
 #include "stocklibrary/PrinterStocks.h"
+#include "stocklibrary/StockLibraryList.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -34,7 +35,12 @@ constexpr milliseconds WakeUpDelay{1'000};
 constexpr milliseconds EndOfProcessTimeout{1'000};
 constexpr std::size_t LongestHost = 1023; // bytes
 
-using StockList = std::shared_ptr<const std::vector<Stock>>;
+// What a retrieval brings.
+struct Papers {
+    std::vector<Stock> stocks;
+    std::unique_ptr<StockLibraryList> library; // of the same
+};
+using StockList = std::shared_ptr<const Papers>;
 
 template <typename Value>
 std::string BytesOf(const Value& value)
@@ -55,12 +61,22 @@ std::optional<Value> ValueOf(std::string_view bytes)
     return value;
 }
 
-// Leaves a list's end to a task: of 50,000 stocks it would be felt in the main thread.
-void Forget(StockList list)
+// Leaves the end of the list to a task, whoever has it last: of 50,000 stocks it would be felt in
+// the main thread.
+void EndInTask(const Papers* papers)
 {
-    if (list && StartTask([list = std::move(list)] {}) != StatusOk) {
+    std::shared_ptr<const Papers> last(papers);
+    if (StartTask([last = std::move(last)] {}) != StatusOk) {
         return; // then it has ended here
     }
+}
+
+// For the worker: making a library of so many takes its time, too.
+StockList MakeStockList(std::vector<Stock> stocks)
+{
+    auto library = MakePrinterStockLibraryList(stocks);
+    auto papers = std::make_unique<Papers>(Papers{std::move(stocks), std::move(library)});
+    return {papers.release(), EndInTask};
 }
 
 // What the worker and the main thread share; the worker keeps it alive for itself.
@@ -188,7 +204,7 @@ private:
             RetrievePrinterStockLibrary(*host, limits_, state_->stop.get_token());
         StockList list;
         if (retrieval.stocks) {
-            list = std::make_shared<const std::vector<Stock>>(std::move(*retrieval.stocks));
+            list = MakeStockList(std::move(*retrieval.stocks));
         }
         state_->setList(std::move(list), std::move(retrieval.cause));
         answer(retrieval.status == StatusOk ? RetrievalCompleteMessage : RetrievalFailedMessage,
@@ -256,7 +272,7 @@ public:
         remove();
         workerPort_.reset();
         if (host != host_) {
-            Forget(std::exchange(list_, nullptr));
+            list_.reset();
             cause_.clear();
             status_ = PrinterStockStatus::NoThread;
         }
@@ -340,8 +356,8 @@ private:
     {
         status_ = status;
         auto [list, cause] = state_->list();
-        if (list && list != list_) {
-            Forget(std::exchange(list_, std::move(list)));
+        if (list) {
+            list_ = std::move(list);
         }
         cause_ = std::move(cause);
         sendEvent(RetrievalFinishedEvent, data);
@@ -400,9 +416,16 @@ PrinterStockStatus CurrentPrinterStockStatus()
     return TheMainSide().status();
 }
 
-StockList PrinterStocks()
+std::shared_ptr<const std::vector<Stock>> PrinterStocks()
 {
-    return TheMainSide().list();
+    const StockList& list = TheMainSide().list();
+    return list ? std::shared_ptr<const std::vector<Stock>>(list, &list->stocks) : nullptr;
+}
+
+std::shared_ptr<StockLibraryList> PrinterStockList()
+{
+    const StockList& list = TheMainSide().list();
+    return {list, list ? list->library.get() : nullptr};
 }
 
 const std::string& PrinterStocksCause()

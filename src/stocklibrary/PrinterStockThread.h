@@ -14,6 +14,8 @@
 
 namespace tarvo {
 
+class StockLibraryList;
+
 // The worker that asks a network printer for its stocks, and the main thread's side of it. They
 // talk through two message ports, and the worker's results come to a window as events, inside modal
 // dialogs too. Everything here is called in the main thread, and none of it waits.
@@ -64,6 +66,9 @@ PrinterStockStatus CurrentPrinterStockStatus();
 /// The stocks that a printer reported last; null as long as none has answered. A retrieval without
 /// an answer leaves them as they are.
 std::shared_ptr<const std::vector<Stock>> PrinterStocks();
+
+/// The same as MakePrinterStockLibraryList gives them, made by the worker.
+std::shared_ptr<StockLibraryList> PrinterStockList();
 
 /// Why the last retrieval brought no list, for people; "" when it did.
 const std::string& PrinterStocksCause();

@@ -5,6 +5,7 @@
 #include "platform/ports/RunLoop.h"
 #include "platform/ports/Task.h"
 #include "stocklibrary/PrinterStocks.h"
+#include "stocklibrary/StockLibraryList.h"
 
 #include <gmock/gmock.h>
 
@@ -151,6 +152,10 @@ TEST_F(StockThread, BringsThePrintersStocksAndKeepsThemForTheSamePrinter)
     EXPECT_EQ(letterhead.customColor(), "custom cream");
     EXPECT_EQ(letterhead.comment(), "second drawer, face down");
 
+    const auto library = PrinterStockList();
+    EXPECT_EQ(library->entry(library->stockList().begin()->key)->stock(), PrinterStocks()->front());
+    EXPECT_EQ(library->stockList().size(), PrinterStocks()->size());
+
     const auto former = PrinterStocks();
     MyRemoveThread();
     spawn("user@" + printer.authority(), Hang);
@@ -161,6 +166,7 @@ TEST_F(StockThread, BringsThePrintersStocksAndKeepsThemForTheSamePrinter)
 
     spawn("127.0.0.1:1", Hang); // another printer, in place of a worker that still runs
     EXPECT_EQ(PrinterStocks(), nullptr);
+    EXPECT_EQ(PrinterStockList(), nullptr);
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);
     testing::internal::CaptureStderr();
     EXPECT_EQ(nextEvent(), FourCharCode("TbdC"));
