@@ -1,0 +1,185 @@
+#include "panels/paper/PaperOutputSettings.h"
+
+#include "printer/PPDKeywordInfo.h"
+#include "printer/PPDKeywordMaps.h"
+#include "records/BackgroundFormsOptions.h"
+#include "records/JobTypeKeys.h"
+#include "settings/TicketKeys.h"
+
+#include <utility>
+
+namespace tarvo {
+namespace {
+
+constexpr std::int64_t SecondsOfADay = 86'400;
+constexpr std::int32_t NormalJob = 1; // JobTypeMap
+
+struct NumberRow {
+    std::string_view key;
+    std::int32_t FinishingChoice::*value;
+};
+
+// In the order in which they are written: these first, the choices within the families last.
+constexpr NumberRow FamilyRows[] = {
+    {FinishingOptionsKey,     &FinishingChoice::option        },
+    {OffsetKey,               &FinishingChoice::offset        },
+    {OffsetEnableSubsetKey,   &FinishingChoice::offsetSubset  },
+    {OffsetPagesPerSubsetKey, &FinishingChoice::pagesPerSubset},
+    {SlipSheetKey,            &FinishingChoice::slipSheet     },
+};
+constexpr NumberRow ChoiceRows[] = {
+    {Staple1ValueKey,      &FinishingChoice::oneStaple   },
+    {Staple2ValueKey,      &FinishingChoice::twoStaples  },
+    {StapleCenterValueKey, &FinishingChoice::centerStaple},
+    {FoldValueKey,         &FinishingChoice::fold        },
+    {BindValueKey,         &FinishingChoice::bind        },
+    {HolePunchValueKey,    &FinishingChoice::punch       },
+    {HolePunchOptionsKey,  &FinishingChoice::holes       },
+    {ZFoldValueKey,        &FinishingChoice::zFold       },
+};
+
+void ReadDictionary(const PMTicket& ticket, std::string_view key, CFDictionary& dictionary)
+{
+    const CFDictionary* found = nullptr;
+    if (ticket.getDictionary(key, &found) == StatusOk) {
+        dictionary = *found;
+    }
+}
+
+// Anything but true is off; only a missing entry says nothing.
+void ReadSwitch(const PMTicket& ticket, std::string_view key, bool& isOn)
+{
+    if (const auto* item = ticket.item(key)) {
+        const auto* value = item->value.get<bool>();
+        isOn = value != nullptr && *value;
+    }
+}
+
+void ReadFinishing(const PMTicket& ticket, FinishingChoice& finishing)
+{
+    for (const NumberRow& row : FamilyRows) {
+        ticket.getNumber(row.key, &(finishing.*row.value));
+    }
+    for (const NumberRow& row : ChoiceRows) {
+        ticket.getNumber(row.key, &(finishing.*row.value));
+    }
+    ticket.getString(CustomFinishingKey, &finishing.customText);
+    ticket.getNumber(BookletFoldStapleKey, &finishing.bookletFold);
+    ReadSwitch(ticket, BookletLayoutKey, finishing.bookletLayout);
+}
+
+std::string DialogSides(const PMTicket& ticket)
+{
+    std::string keyword;
+    PPDGetMainKeywordValue(&ticket, DuplexMainKeyword, &keyword);
+    return keyword;
+}
+
+// A choice without a number, of a printer's own, says nothing.
+void TakeSides(const std::string& keyword, std::int32_t& sides)
+{
+    constexpr std::int32_t NoSuchKeyword = -1;
+    const std::int32_t value = GetTicketValueForPPDOptionKeyword(PPDDuplexMap, keyword);
+    if (value != NoSuchKeyword) {
+        sides = value;
+    }
+}
+
+void ReadSides(const PMTicket& ticket, PaperOutputSettings& settings)
+{
+    settings.dialogSides = DialogSides(ticket);
+    if (ticket.getNumber(DuplexKey, &settings.sides) != StatusOk &&
+        ticket.getNumber(SystemDuplexKey, &settings.sides) != StatusOk) {
+        TakeSides(settings.dialogSides, settings.sides);
+    }
+}
+
+void WriteSides(PaperOutputSettings& settings, PMTicket& ticket)
+{
+    if (const std::string now = DialogSides(ticket); now != settings.dialogSides) {
+        TakeSides(now, settings.sides);
+    }
+    if (const char* keyword = GetPPDOptionKeywordForTicketValue(PPDDuplexMap, settings.sides)) {
+        PPDSetMainKeyword(&ticket, DuplexMainKeyword, keyword);
+    }
+    settings.dialogSides = DialogSides(ticket);
+    ticket.setItem(PanelClient, DuplexKey, settings.sides);
+    ticket.setItem(PanelClient, SystemDuplexKey, settings.sides);
+}
+
+// The entries that follow from others.
+void CompleteJobType(PaperOutputSettings& settings, const PMTicket& ticket)
+{
+    std::string jobName;
+    if (settings.jobType.isTrue(UseJobNameKey) &&
+        ticket.getString(SystemJobNameKey, &jobName) == StatusOk && !jobName.empty()) {
+        settings.jobType.set(SavedJobNameKey, jobName);
+    }
+    if (JobTypeOf(settings) == static_cast<std::int32_t>(JobType::DelayedPrint)) {
+        settings.jobType.set(DelayedPrintTimeKey, settings.delayedPrintTime);
+    }
+}
+
+} // namespace
+
+PaperOutputSettings FreshPaperOutputSettings(CFDate now)
+{
+    PaperOutputSettings settings;
+    DefaultStock(settings.stock, JobContext::Job);
+    settings.backgroundForms = BackgroundFormsOptions().asTicket();
+    settings.delayedPrintTime = {now.secondsSinceEpoch + SecondsOfADay};
+    return settings;
+}
+
+void ReadPaperOutputSettings(const PMTicket& ticket, PaperOutputSettings& settings)
+{
+    ReadDictionary(ticket, JobTypeKey, settings.jobType);
+    if (const auto* time = settings.jobType.get<CFDate>(DelayedPrintTimeKey)) {
+        settings.delayedPrintTime = *time;
+    }
+    const CFDictionary* stock = nullptr;
+    if (ticket.getDictionary(JobLevelStockKey, &stock) == StatusOk) {
+        settings.stock.takeAsItIs(Stock(*stock));
+    }
+    ReadFinishing(ticket, settings.finishing);
+    ReadSides(ticket, settings);
+    ticket.getNumber(OutputDestinationKey, &settings.outputDestination);
+    ticket.getNumber(OutputColorKey, &settings.outputColor);
+    ReadDictionary(ticket, BackgroundFormsOptionsKey, settings.backgroundForms);
+    ticket.getNumber(BookletDrawOutlinesKey, &settings.bookletOutlines);
+    ReadSwitch(ticket, BookletForceNewSizeKey, settings.bookletForcesNewSize);
+}
+
+void WritePaperOutputSettings(PaperOutputSettings& settings, PMTicket& ticket)
+{
+    const FinishingChoice& finishing = settings.finishing;
+    const auto write = [&ticket](std::string_view key, CFPropertyList value) {
+        ticket.setItem(PanelClient, key, std::move(value));
+    };
+    write(JobLevelStockKey, settings.stock.asTicket());
+    for (const NumberRow& row : FamilyRows) {
+        write(row.key, finishing.*row.value);
+    }
+    write(CustomFinishingKey, finishing.customText);
+    WriteSides(settings, ticket);
+    ticket.removeItem(PanelClient, OutputDestinationKey);
+    write(OutputDestinationKey, settings.outputDestination);
+    write(OutputColorKey, settings.outputColor);
+    CompleteJobType(settings, ticket);
+    write(JobTypeKey, settings.jobType);
+    write(BackgroundFormsOptionsKey, settings.backgroundForms);
+    write(BookletLayoutKey, finishing.bookletLayout);
+    write(BookletFoldStapleKey, finishing.bookletFold);
+    write(BookletDrawOutlinesKey, settings.bookletOutlines);
+    write(BookletForceNewSizeKey, settings.bookletForcesNewSize);
+    for (const NumberRow& row : ChoiceRows) {
+        write(row.key, finishing.*row.value);
+    }
+}
+
+std::int32_t JobTypeOf(const PaperOutputSettings& settings)
+{
+    return settings.jobType.int32(JobTypeNumberKey).value_or(NormalJob);
+}
+
+} // namespace tarvo
