@@ -59,6 +59,9 @@ constexpr OfferRow OfferMap[] = {
     {Family::AdvancedFold,     "Advanced Fold...",   47, nullptr,        "ZTriFoldOpt"         },
     {Family::AdvancedFold,     "Advanced Fold...",   48, nullptr,        "ZTriFoldOpt"         },
     {Family::CenterStaple,     "Center Staple...",   26, "CenterStaple", nullptr               },
+    {Family::CenterStaple,     "Center Staple...",   27, "CenterStaple", nullptr               },
+    {Family::CenterStaple,     "Center Staple...",   28, "CenterStaple", nullptr               },
+    {Family::CenterStaple,     "Center Staple...",   29, "CenterStaple", nullptr               },
 };
 
 // Families that can be combined, and the combinations.
@@ -120,6 +123,13 @@ void AddMultiple(std::vector<FinishingOffer>& offers)
     }
 }
 
+// Where the menu has the family of an option.
+const OfferRow* RowOf(std::int32_t option)
+{
+    return std::find_if(std::begin(OfferMap), std::end(OfferMap),
+                        [option](const OfferRow& row) { return row.option == option; });
+}
+
 } // namespace
 
 std::vector<FinishingOffer> FinishingOffers(const InstallableOptions& installed,
@@ -132,6 +142,22 @@ std::vector<FinishingOffer> FinishingOffers(const InstallableOptions& installed,
         }
     }
     AddMultiple(offers);
+    return offers;
+}
+
+std::vector<FinishingOffer> WithFinishingFamily(std::vector<FinishingOffer> offers,
+                                                std::int32_t option)
+{
+    const bool isCombined = option >= MultipleOption && option <= Family::HolesAndZFold;
+    const std::int32_t family = isCombined ? MultipleOption : option;
+    const auto* row = RowOf(family);
+    const bool isFamily = isCombined || row != std::end(OfferMap);
+    if (isFamily && !Offers(offers, family)) {
+        const auto behind =
+            std::find_if(offers.begin(), offers.end(),
+                         [row](const FinishingOffer& offer) { return RowOf(offer.option) > row; });
+        offers.insert(behind, {family, isCombined ? MultipleKey : row->key, {}});
+    }
     return offers;
 }
 

@@ -20,4 +20,10 @@ struct FinishingOffer {
 std::vector<FinishingOffer> FinishingOffers(const InstallableOptions& installed,
                                             const PPDKeywordInfos& foldOptions);
 
+/// The offers with the family of an option among them in its place: without choices when the
+/// printer does not offer it. Nothing is added for an option of no family. The combined families
+/// are one offer, of the option of the first of them.
+std::vector<FinishingOffer> WithFinishingFamily(std::vector<FinishingOffer> offers,
+                                                std::int32_t option);
+
 } // namespace tarvo

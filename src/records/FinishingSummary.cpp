@@ -59,16 +59,14 @@ constexpr FamilyRow Families[] = {
 // The parts of the combined families, each a line.
 struct CombinationRow {
     std::int32_t option;
-    bool staples;
-    bool holes;
-    bool zFold;
+    FinishingParts parts;
 };
 
 constexpr CombinationRow Combinations[] = {
-    {Family::StaplesAndHoles,      true,  true,  false},
-    {Family::StaplesHolesAndZFold, true,  true,  true },
-    {Family::StaplesAndZFold,      true,  false, true },
-    {Family::HolesAndZFold,        false, true,  true },
+    {Family::StaplesAndHoles,      {true, true, false}},
+    {Family::StaplesHolesAndZFold, {true, true, true} },
+    {Family::StaplesAndZFold,      {true, false, true}},
+    {Family::HolesAndZFold,        {false, true, true}},
 };
 
 // The staples of a combination: the first of these that the ticket sets. On the side that has the
@@ -125,7 +123,7 @@ std::string StapleText(const FinishingChoice& choice, bool besideHoles, const CF
     return TextOrNothing(family->map, position, bundle);
 }
 
-std::string CombinedLines(const CombinationRow& parts, const FinishingChoice& choice,
+std::string CombinedLines(const FinishingParts& parts, const FinishingChoice& choice,
                           const CFBundle& bundle)
 {
     std::string lines;
@@ -155,20 +153,10 @@ std::string FamilyText(const FinishingChoice& choice, const CFBundle& bundle)
     return bundle.localizedString("PrinterDefault");
 }
 
-// Null for a family of its own.
-const CombinationRow* CombinationOf(const FinishingChoice& choice)
-{
-    const auto* combination =
-        std::find_if(std::begin(Combinations), std::end(Combinations),
-                     [&choice](const CombinationRow& row) { return row.option == choice.option; });
-    return combination == std::end(Combinations) ? nullptr : combination;
-}
-
 std::string FamilyLines(const FinishingChoice& choice, const CFBundle& bundle)
 {
-    const auto* combination = CombinationOf(choice);
-    return combination == nullptr ? FamilyText(choice, bundle) + "\n"
-                                  : CombinedLines(*combination, choice, bundle);
+    const auto parts = PartsOfFinishing(choice.option);
+    return parts ? CombinedLines(*parts, choice, bundle) : FamilyText(choice, bundle) + "\n";
 }
 
 using Position = std::int32_t FinishingChoice::*;
@@ -186,7 +174,7 @@ bool HasWord(const SettingMap* map, std::int32_t position)
 }
 
 // The positions that the parts of a combination need and lack; of staples any family's will do.
-std::vector<Position> MissingParts(const CombinationRow& parts, const FinishingChoice& choice)
+std::vector<Position> MissingParts(const FinishingParts& parts, const FinishingChoice& choice)
 {
     std::vector<Position> missing;
     const auto* staples = StaplesOf(choice);
@@ -203,11 +191,18 @@ std::vector<Position> MissingParts(const CombinationRow& parts, const FinishingC
     return missing;
 }
 
+constexpr Position Positions[] = {&FinishingChoice::oneStaple,    &FinishingChoice::twoStaples,
+                                  &FinishingChoice::centerStaple, &FinishingChoice::fold,
+                                  &FinishingChoice::bind,         &FinishingChoice::punch,
+                                  &FinishingChoice::zFold,        &FinishingChoice::bookletFold};
+
+constexpr std::int32_t NoPosition = 1; // of holes, of a booklet's folding
+
 // Those that decide on the chosen family.
 std::vector<Position> UsedPositions(const FinishingChoice& choice)
 {
     std::vector<Position> used;
-    if (const auto* parts = CombinationOf(choice)) {
+    if (const auto parts = PartsOfFinishing(choice.option)) {
         const auto* staples = parts->staples ? StaplesOf(choice) : nullptr;
         used.push_back(staples == nullptr ? nullptr : staples->position);
         used.push_back(parts->holes ? &FinishingChoice::punch : nullptr);
@@ -243,11 +238,8 @@ FinishingChoice::FinishingChoice(const CFDictionary& ticket)
 
 bool IsPunched(const FinishingChoice& choice)
 {
-    return choice.option == Family::HolePunch ||
-           std::any_of(std::begin(Combinations), std::end(Combinations),
-                       [&choice](const CombinationRow& row) {
-                           return row.option == choice.option && row.holes;
-                       });
+    const auto parts = PartsOfFinishing(choice.option);
+    return choice.option == Family::HolePunch || (parts && parts->holes);
 }
 
 std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice)
@@ -256,7 +248,7 @@ std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice
         return {CustomFinishingKey};
     }
     std::vector<std::string_view> keys;
-    if (const auto* parts = CombinationOf(choice)) {
+    if (const auto parts = PartsOfFinishing(choice.option)) {
         for (const Position position : MissingParts(*parts, choice)) {
             keys.push_back(KeyOf(position));
         }
@@ -278,17 +270,68 @@ std::vector<std::string_view> UnusedFinishingKeys(const FinishingChoice& choice)
 {
     const auto used = UsedPositions(choice);
     std::vector<std::string_view> keys;
-    for (const Position position :
-         {&FinishingChoice::oneStaple, &FinishingChoice::twoStaples, &FinishingChoice::centerStaple,
-          &FinishingChoice::fold, &FinishingChoice::bind, &FinishingChoice::punch,
-          &FinishingChoice::zFold, &FinishingChoice::bookletFold}) {
-        constexpr std::int32_t None = 1; // of holes, of a booklet's folding
-        const bool isChosen = IsSet(choice.*position) && choice.*position != None;
+    for (const Position position : Positions) {
+        const bool isChosen = IsSet(choice.*position) && choice.*position != NoPosition;
         if (isChosen && std::find(used.begin(), used.end(), position) == used.end()) {
             keys.push_back(KeyOf(position));
         }
     }
     return keys;
+}
+
+std::int32_t FinishingChoice::*FinishingPosition(std::int32_t option)
+{
+    const auto* family =
+        std::find_if(std::begin(Families), std::end(Families),
+                     [option](const FamilyRow& row) { return row.option == option; });
+    const bool hasPosition =
+        family != std::end(Families) && family->position != &FinishingChoice::option;
+    return hasPosition ? family->position : nullptr;
+}
+
+std::vector<const SettingMap*> FinishingPositionMaps(std::int32_t option)
+{
+    std::vector<const SettingMap*> maps;
+    for (const FamilyRow& row : Families) {
+        if (row.option == option && row.position != &FinishingChoice::option) {
+            maps.push_back(row.map);
+        }
+    }
+    return maps;
+}
+
+FinishingChoice WithoutUnusedPositions(FinishingChoice choice)
+{
+    const auto used = UsedPositions(choice);
+    for (const Position position : Positions) {
+        if (std::find(used.begin(), used.end(), position) == used.end() &&
+            position != &FinishingChoice::bookletFold) {
+            choice.*position = 0;
+        }
+    }
+    if (!IsPunched(choice)) {
+        choice.holes = DefaultHoles;
+    }
+    if (choice.option != Family::Booklet && !choice.bookletLayout) {
+        choice.bookletFold = NoPosition;
+    }
+    return choice;
+}
+
+std::optional<FinishingParts> PartsOfFinishing(std::int32_t option)
+{
+    const auto* row =
+        std::find_if(std::begin(Combinations), std::end(Combinations),
+                     [option](const CombinationRow& each) { return each.option == option; });
+    return row == std::end(Combinations) ? std::nullopt : std::optional(row->parts);
+}
+
+std::optional<std::int32_t> FinishingOfParts(const FinishingParts& parts)
+{
+    const auto* row =
+        std::find_if(std::begin(Combinations), std::end(Combinations),
+                     [&parts](const CombinationRow& each) { return each.parts == parts; });
+    return row == std::end(Combinations) ? std::nullopt : std::optional(row->option);
 }
 
 std::string CreateFinishingString(const FinishingChoice& choice, const CFBundle& bundle)

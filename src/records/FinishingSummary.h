@@ -1,6 +1,9 @@
 #pragma once
 
+#include "settings/SettingMap.h"
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,6 +48,32 @@ std::vector<std::string_view> MissingFinishingKeys(const FinishingChoice& choice
 /// Ticket keys of the positions that are set and do not count: those of other families, and staples
 /// beside those of the first family that is set.
 std::vector<std::string_view> UnusedFinishingKeys(const FinishingChoice& choice);
+
+/// Where a choice has the position of a family; null for a family without one, a combined one and
+/// a number of none.
+std::int32_t FinishingChoice::*FinishingPosition(std::int32_t option);
+
+/// The tables of a family's positions, in their order; none where there is no position.
+std::vector<const SettingMap*> FinishingPositionMaps(std::int32_t option);
+
+/// The choice with every position at 0 that does not count for its family, so that none of them is
+/// printed instead. A family without holes has the usual number of them, and only a booklet or a
+/// booklet layout keeps its folding.
+FinishingChoice WithoutUnusedPositions(FinishingChoice choice);
+
+/// Which families a combined one has.
+struct FinishingParts {
+    bool operator==(const FinishingParts&) const = default;
+    bool staples = false;
+    bool holes = false;
+    bool zFold = false;
+};
+
+/// @return nullopt for a family that combines none
+std::optional<FinishingParts> PartsOfFinishing(std::int32_t option);
+
+/// @return the option that combines them; nullopt for fewer than two
+std::optional<std::int32_t> FinishingOfParts(const FinishingParts& parts);
 
 /// The finishing in words, a line for each part: the family with its position, booklet layout, slip
 /// sheets, offset. Every line ends with a line feed, the last one as well. Of a combined family a

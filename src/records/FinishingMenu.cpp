@@ -1,0 +1,181 @@
+#include "records/FinishingMenu.h"
+
+#include "platform/bundle/CFBundle.h"
+#include "settings/FinishingMaps.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tarvo {
+namespace {
+
+namespace Family = FinishingFamily;
+
+constexpr std::int32_t StapleFamilies[] = {Family::OneStaple, Family::TwoStaples,
+                                           Family::CenterStaple};
+constexpr std::int32_t PlainFamilies[] = {Family::PrinterDefault, Family::None,
+                                          Family::SignatureBooklet};
+
+template <typename Values>
+bool Contains(const Values& values, std::int32_t value)
+{
+    return std::find(std::begin(values), std::end(values), value) != std::end(values);
+}
+
+std::vector<std::int32_t> ChoicesOf(const std::vector<FinishingOffer>& offers, std::int32_t option)
+{
+    const auto offer = std::find_if(offers.begin(), offers.end(),
+                                    [option](const auto& each) { return each.option == option; });
+    return offer == offers.end() ? std::vector<std::int32_t>() : offer->choices;
+}
+
+// Adds the rows of a table that are among the choices or are the job's own.
+void AddRows(const CFBundle& bundle, Menu& menu, const SettingMap* map,
+             const std::vector<std::int32_t>& choices, std::int32_t own)
+{
+    for (; map->key != nullptr; ++map) {
+        if (map->value == own || Contains(choices, map->value)) {
+            menu.push_back({bundle.localizedString(map->key), map->value, 0, true, {}});
+        }
+    }
+}
+
+// Checks the item of the first of the values that has one, else the first item.
+void CheckFirstOf(Menu& menu, std::initializer_list<std::int32_t> values)
+{
+    auto checked = menu.begin();
+    for (const std::int32_t value : values) {
+        const auto item = std::find_if(menu.begin(), menu.end(), [value](const MenuItem& each) {
+            return each.value == value;
+        });
+        if (item != menu.end()) {
+            checked = item;
+            break;
+        }
+    }
+    if (checked != menu.end()) {
+        checked->isChecked = true;
+    }
+}
+
+std::vector<std::int32_t> ValuesOf(const SettingMap* map)
+{
+    std::vector<std::int32_t> values;
+    for (; map->key != nullptr; ++map) {
+        values.push_back(map->value);
+    }
+    return values;
+}
+
+// Staples of one family only: of a choice with several the first one counts.
+void FindStaples(const FinishingChoice& choice, CombinedFinishing& parts)
+{
+    for (const std::int32_t family : StapleFamilies) {
+        const std::int32_t position = choice.*FinishingPosition(family);
+        if (position != 0 && position != UnsetValue && parts.stapleFamily == 0) {
+            parts.stapleFamily = family;
+            parts.staple = position;
+        }
+    }
+}
+
+} // namespace
+
+Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                   const FinishingChoice& current)
+{
+    const std::int32_t chosen = FinishingMenuValue(current);
+    Menu menu;
+    for (const FinishingOffer& offer : WithFinishingFamily(offers, chosen)) {
+        menu.push_back({bundle.localizedString(offer.key), offer.option, 0, true, {}});
+        menu.back().isChecked = offer.option == chosen;
+    }
+    return menu;
+}
+
+std::int32_t FinishingMenuValue(const FinishingChoice& choice)
+{
+    if (choice.option == UnsetValue) {
+        return Family::PrinterDefault;
+    }
+    return PartsOfFinishing(choice.option) ? Family::StaplesAndHoles : choice.option;
+}
+
+bool HasFinishingDialog(std::int32_t option)
+{
+    return !Contains(PlainFamilies, option);
+}
+
+Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                        std::int32_t option, const FinishingChoice& current)
+{
+    Menu menu;
+    const auto position = FinishingPosition(option);
+    if (position == nullptr) {
+        return menu;
+    }
+    const std::int32_t own = WithoutUnusedPositions(current).*position;
+    const auto choices =
+        option == Family::HolePunch ? ValuesOf(PunchMap) : ChoicesOf(offers, option);
+    for (const SettingMap* map : FinishingPositionMaps(option)) {
+        AddRows(bundle, menu, map, choices, own);
+    }
+    CheckFirstOf(menu, {own});
+    return menu;
+}
+
+Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                const FinishingChoice& current)
+{
+    const std::int32_t own = IsPunched(current) ? current.holes : 0;
+    Menu menu;
+    AddRows(bundle, menu, HolePunchOptionsMap, ChoicesOf(offers, Family::HolePunch), own);
+    CheckFirstOf(menu, {own, DefaultHoles});
+    return menu;
+}
+
+FinishingChoice ChooseFinishing(FinishingChoice current, std::int32_t option, std::int32_t position)
+{
+    current.option = option;
+    if (const auto place = FinishingPosition(option)) {
+        current.*place = position;
+    }
+    return WithoutUnusedPositions(std::move(current));
+}
+
+CombinedFinishing PartsOf(const FinishingChoice& choice)
+{
+    CombinedFinishing parts;
+    const auto has = PartsOfFinishing(choice.option);
+    if (!has) {
+        return parts;
+    }
+    if (has->staples) {
+        FindStaples(choice, parts);
+    }
+    if (has->holes) {
+        parts.punch = choice.punch;
+        parts.holes = choice.holes;
+    }
+    parts.zFold = has->zFold ? choice.zFold : 0;
+    return parts;
+}
+
+std::optional<FinishingChoice> ChooseCombinedFinishing(FinishingChoice current,
+                                                       const CombinedFinishing& parts)
+{
+    const bool hasStaples = parts.stapleFamily != 0;
+    const auto option = FinishingOfParts({hasStaples, parts.punch != 0, parts.zFold != 0});
+    if (!option) {
+        return std::nullopt;
+    }
+    for (const std::int32_t family : StapleFamilies) {
+        current.*FinishingPosition(family) = family == parts.stapleFamily ? parts.staple : 0;
+    }
+    current.punch = parts.punch;
+    current.holes = parts.punch == 0 ? current.holes : parts.holes;
+    current.zFold = parts.zFold;
+    return ChooseFinishing(std::move(current), *option);
+}
+
+} // namespace tarvo

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "printer/FinishingOffers.h"
+#include "records/FinishingSummary.h"
+#include "settings/Menu.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace tarvo {
+
+class CFBundle;
+
+// What a user may choose as finishing is what the printer offers and what the job has chosen
+// already, so that opening a menu changes nothing of a job made for another printer.
+
+/// The families, each item with its option as value; the chosen one is checked. The combined
+/// families are one item.
+Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                   const FinishingChoice& current);
+
+/// The value of the item that stands for a choice: 0 while nothing is chosen.
+std::int32_t FinishingMenuValue(const FinishingChoice& choice);
+
+/// Whether the family of a menu item is chosen in a dialog, as its text promises; the others are
+/// chosen with ChooseFinishing at once.
+bool HasFinishingDialog(std::int32_t option);
+
+/// The positions of a family, with the job's own checked, else the first; none for a family without
+/// positions. Holes can be on every side.
+Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                        std::int32_t option, const FinishingChoice& current);
+
+/// The numbers of holes, with the job's own checked, else the usual one, else the first.
+Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                const FinishingChoice& current);
+
+/// A job's finishing with another family in place of its own, of which nothing stays behind.
+/// @param position  of the family; without meaning for a family that has none
+FinishingChoice ChooseFinishing(FinishingChoice current, std::int32_t option,
+                                std::int32_t position = 0);
+
+/// The parts of a combined finishing: their positions, 0 for a part that there is not.
+struct CombinedFinishing {
+    bool operator==(const CombinedFinishing&) const = default;
+
+    std::int32_t stapleFamily = 0; // OneStaple, TwoStaples or CenterStaple; 0 without staples
+    std::int32_t staple = 0;
+    std::int32_t punch = 0;
+    std::int32_t holes = 0; // only with punch
+    std::int32_t zFold = 0;
+};
+
+/// The parts that a choice has; none but for a combined one.
+CombinedFinishing PartsOf(const FinishingChoice& choice);
+
+/// The same as ChooseFinishing for parts together.
+/// @return nullopt for fewer than two parts
+std::optional<FinishingChoice> ChooseCombinedFinishing(FinishingChoice current,
+                                                       const CombinedFinishing& parts);
+
+} // namespace tarvo

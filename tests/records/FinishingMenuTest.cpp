@@ -1,0 +1,198 @@
+#include "records/FinishingMenu.h"
+
+#include "platform/bundle/CFBundle.h"
+#include "support/BuiltBundle.h"
+
+#include <gtest/gtest.h>
+
+namespace tarvo {
+namespace {
+
+using Finishing = FinishingChoice;
+
+const std::vector<FinishingOffer> Offers = {
+    {0,  "PrinterDefault",        {}          },
+    {1,  "None",                  {}          },
+    {4,  "1 Staple...",           {5, 7}      },
+    {9,  "2 Staples...",          {10, 13}    },
+    {30, "Hole Punch...",         {3, 5}      },
+    {36, "Z-Fold...",             {38, 39}    },
+    {40, "Advanced Fold...",      {42, 44, 47}},
+    {49, "Multiple Finishing...", {49, 50, 51}},
+};
+
+Finishing WithPosition(std::int32_t option, std::int32_t Finishing::*position, std::int32_t value)
+{
+    Finishing choice;
+    choice.option = option;
+    choice.*position = value;
+    return choice;
+}
+
+// Values with the checked one in brackets.
+std::string ValuesOf(const Menu& menu)
+{
+    std::string values;
+    for (const MenuItem& item : menu) {
+        const std::string value = std::to_string(item.value);
+        values += (values.empty() ? "" : " ") + (item.isChecked ? "[" + value + "]" : value);
+    }
+    return values;
+}
+
+struct MenuCase {
+    const char* name;
+    std::int32_t option;
+    const char* values;
+};
+
+constexpr MenuCase MenuCases[] = {
+    {"unset is the default",        UnsetValue, "[0] 1 4 9 30 36 40 49"   },
+    {"offered",                     9,          "0 1 4 [9] 30 36 40 49"   },
+    {"any combination",             52,         "0 1 4 9 30 36 40 [49]"   },
+    {"not offered, in its place",   18,         "0 1 4 9 [18] 30 36 40 49"},
+    {"not offered, before the end", 25,         "0 1 4 9 30 36 40 [25] 49"},
+    {"no family",                   2,          "0 1 4 9 30 36 40 49"     },
+    {"another number of no family", 53,         "0 1 4 9 30 36 40 49"     },
+};
+
+TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
+{
+    const CFBundle bundle = BuiltBundle();
+    for (const auto& row : MenuCases) {
+        Finishing choice;
+        choice.option = row.option;
+        EXPECT_EQ(ValuesOf(FinishingMenu(bundle, Offers, choice)), row.values) << row.name;
+    }
+    Finishing combined;
+    combined.option = 51;
+    EXPECT_EQ(ValuesOf(FinishingMenu(bundle, {}, combined)), "[49]");
+    EXPECT_EQ(FinishingMenu(bundle, Offers, combined)[3].text, "2 Staples…");
+    EXPECT_TRUE(HasFinishingDialog(22));
+    EXPECT_FALSE(HasFinishingDialog(3));
+}
+
+struct PositionsCase {
+    const char* name;
+    std::int32_t option; // of the dialog
+    std::int32_t current;
+    std::int32_t Finishing::*position;
+    std::int32_t value;
+    const char* values;
+};
+
+constexpr PositionsCase PositionsCases[] = {
+    {"the first",                     9,  0,  &Finishing::twoStaples, 0,  "[10] 13"      },
+    {"the job's",                     9,  9,  &Finishing::twoStaples, 13, "10 [13]"      },
+    {"the job's, which isn't there",  9,  9,  &Finishing::twoStaples, 11, "10 [11] 13"   },
+    {"another family's leftover",     9,  4,  &Finishing::twoStaples, 11, "[10] 13"      },
+    {"part of a combination",         9,  49, &Finishing::twoStaples, 13, "10 [13]"      },
+    {"both tables of a family",       40, 40, &Finishing::fold,       48, "42 44 47 [48]"},
+    {"a simple fold is no other one", 40, 18, &Finishing::fold,       19, "[42] 44 47"   },
+    {"holes on any side",             30, 0,  &Finishing::punch,      0,  "[32] 33 34 35"},
+    {"not offered",                   14, 14, &Finishing::bind,       16, "[16]"         },
+    {"without positions",             22, 22, &Finishing::bind,       16, ""             },
+};
+
+TEST(FinishingPositions, AreTheInstalledOnesAndTheJobsOwn)
+{
+    const CFBundle bundle = BuiltBundle();
+    for (const auto& row : PositionsCases) {
+        EXPECT_EQ(ValuesOf(FinishingPositions(bundle, Offers, row.option,
+                                              WithPosition(row.current, row.position, row.value))),
+                  row.values)
+            << row.name;
+    }
+    Finishing punched;
+    EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "[3] 5");
+    punched.option = 50;
+    EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [4] 5");
+    punched.holes = 5;
+    EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [5]");
+}
+
+// A job with something of everything, as no dialog leaves it.
+Finishing Everything()
+{
+    Finishing all;
+    all.option = 50;
+    all.oneStaple = 5;
+    all.twoStaples = 10;
+    all.centerStaple = 26;
+    all.fold = 19;
+    all.bind = 15;
+    all.punch = 32;
+    all.holes = 5;
+    all.zFold = 38;
+    all.bookletFold = 8;
+    all.offset = 3;
+    return all;
+}
+
+TEST(ChooseFinishing, LeavesNothingOfOtherFamilies)
+{
+    struct ChoiceCase {
+        std::int32_t option;
+        std::int32_t Finishing::*position;
+        std::int32_t value;
+    };
+    constexpr ChoiceCase cases[] = {
+        {0,  &Finishing::bookletFold,  1 },
+        {3,  &Finishing::bookletFold,  1 },
+        {4,  &Finishing::oneStaple,    7 },
+        {9,  &Finishing::twoStaples,   11},
+        {14, &Finishing::bind,         16},
+        {18, &Finishing::fold,         20},
+        {24, &Finishing::bookletFold,  7 },
+        {25, &Finishing::centerStaple, 27},
+        {36, &Finishing::zFold,        39},
+        {40, &Finishing::fold,         48},
+    };
+    for (const auto& row : cases) {
+        Finishing expected = WithPosition(row.option, row.position, row.value);
+        expected.offset = 3;
+        EXPECT_EQ(ChooseFinishing(Everything(), row.option, row.value), expected) << row.option;
+    }
+    Finishing punched = WithPosition(30, &Finishing::punch, 33);
+    punched.holes = 5;
+    punched.offset = 3;
+    EXPECT_EQ(ChooseFinishing(Everything(), 30, 33), punched);
+    Finishing layout = Everything();
+    layout.bookletLayout = true;
+    EXPECT_EQ(ChooseFinishing(layout, 0).bookletFold, 8) << "the layout's own";
+}
+
+TEST(CombinedFinishing, GoesByItsParts)
+{
+    struct CombinedCase {
+        const char* name;
+        CombinedFinishing parts;
+        std::int32_t option; // 0: fewer than two parts
+    };
+    constexpr CombinedCase cases[] = {
+        {"nothing",           {0, 0, 0, 0, 0},    0 },
+        {"staples alone",     {9, 12, 0, 0, 0},   0 },
+        {"holes alone",       {0, 0, 34, 3, 0},   0 },
+        {"staples and holes", {9, 12, 34, 3, 0},  49},
+        {"all",               {4, 6, 34, 5, 39},  50},
+        {"staples and fold",  {25, 29, 0, 0, 38}, 51},
+        {"holes and fold",    {0, 0, 35, 3, 38},  52},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        const auto chosen = ChooseCombinedFinishing(Everything(), row.parts);
+        ASSERT_EQ(chosen.has_value(), row.option != 0);
+        if (chosen) {
+            EXPECT_EQ(chosen->option, row.option);
+            EXPECT_EQ(PartsOf(*chosen), row.parts);
+            EXPECT_TRUE(UnusedFinishingKeys(*chosen).empty());
+            EXPECT_TRUE(MissingFinishingKeys(*chosen).empty());
+            EXPECT_EQ(chosen->holes, row.parts.punch == 0 ? 4 : row.parts.holes);
+        }
+    }
+    EXPECT_EQ(PartsOf(Everything()), (CombinedFinishing{4, 5, 32, 5, 38})) << "first staples";
+    EXPECT_EQ(PartsOf(WithPosition(9, &Finishing::twoStaples, 10)), CombinedFinishing());
+}
+
+} // namespace
+} // namespace tarvo
