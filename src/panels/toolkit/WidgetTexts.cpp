@@ -112,6 +112,13 @@ std::string WithoutMark(const Gtk::Button& button)
     return label == nullptr ? "" : label->get_text().raw();
 }
 
+// A dialog's own buttons may take marks and have none.
+bool HasMark(const Gtk::Button& button)
+{
+    return button.get_use_underline() &&
+           button.get_label().find(MnemonicMark) != Glib::ustring::npos;
+}
+
 gunichar MnemonicOf(const Gtk::Label& label)
 {
     const guint key = gtk_label_get_mnemonic_keyval(const_cast<GtkLabel*>(label.gobj()));
@@ -153,7 +160,7 @@ void AssignMnemonics(Gtk::Widget& root, std::set<gunichar>& taken)
 {
     ForEachWidget(root, [&taken](Gtk::Widget& widget) {
         if (auto* button = dynamic_cast<Gtk::Button*>(&widget)) {
-            if (!button->get_label().empty() && !button->get_use_underline()) {
+            if (!button->get_label().empty() && !HasMark(*button)) {
                 button->set_label(WithMnemonic(button->get_label(), taken));
                 button->set_use_underline(true);
             }
