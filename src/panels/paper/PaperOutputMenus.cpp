@@ -1,0 +1,194 @@
+#include "panels/paper/PaperOutputMenus.h"
+
+#include "panels/paper/PaperOutputSettings.h"
+#include "platform/bundle/CFBundle.h"
+#include "printer/JobTypeOffers.h"
+#include "printer/PrinterDescription.h"
+#include "settings/ColorMaps.h"
+#include "settings/OutputMaps.h"
+#include "settings/SettingMenu.h"
+
+#include <algorithm>
+
+namespace tarvo {
+namespace {
+
+struct TypeRow {
+    std::int32_t type;
+    const char* picture;
+    JobTypeSetup setup;
+};
+
+constexpr TypeRow TypeRows[] = {
+    {1, "Normal-Print.gif",   {"Setup...", false}     },
+    {2, "HoldJob.gif",        {"Setup...", false}     },
+    {3, "SaveJob.gif",        {"Save Job As...", true}},
+    {4, "Print&SaveJob.gif",  {"Save Job As...", true}},
+    {5, "Fax.gif",            {"Setup...", true}      },
+    {6, "Secure-Print.gif",   {"Setup...", true}      },
+    {7, "Delayed-Print.gif",  {"Setup...", true}      },
+    {8, "Sample-Set.gif",     {"Setup...", false}     },
+    {9, "BackgroundForm.gif", {"Setup...", true}      },
+};
+
+// What a tray needs: an installed feature, or a choice of the PPD's output trays.
+struct TrayRow {
+    std::int32_t destination;
+    const char* feature;
+    const char* bin;
+};
+
+constexpr const char* OutputBinMainKeyword = "OutputBin";
+constexpr TrayRow TrayRows[] = {
+    {3, "SimpleCatchTrayKey", nullptr  },
+    {4, "StackerTray1Key",    nullptr  },
+    {5, nullptr,              "Upper"  },
+    {6, nullptr,              "Lower"  },
+    {7, nullptr,              "Booklet"},
+};
+
+const TypeRow* RowOfType(std::int32_t type)
+{
+    const auto* row = std::find_if(std::begin(TypeRows), std::end(TypeRows),
+                                   [type](const TypeRow& entry) { return entry.type == type; });
+    return row == std::end(TypeRows) ? nullptr : row;
+}
+
+MenuItem Item(const CFBundle& bundle, const char* key, std::int32_t value)
+{
+    MenuItem item;
+    item.text = bundle.localizedString(key);
+    item.value = value;
+    return item;
+}
+
+// With an item of its own for a value that the menu lacks.
+Menu Checked(const CFBundle& bundle, Menu menu, const char* key, std::int32_t current)
+{
+    const bool isThere = std::any_of(menu.begin(), menu.end(), [current](const MenuItem& item) {
+        return item.value == current;
+    });
+    if (!isThere) {
+        menu.push_back(Item(bundle, key == nullptr ? "Unknown" : key, current));
+    }
+    CheckMenuItemWithValue(menu, current);
+    return menu;
+}
+
+Menu MenuOf(const CFBundle& bundle, const SettingMap* map, std::int32_t current)
+{
+    Menu menu;
+    PopulateMenuFromMap(bundle, menu, map, JobContext::Job);
+    return Checked(bundle, std::move(menu), nullptr, current);
+}
+
+std::vector<JobTypeOffer> TypesOf(const PrinterDescription* printer)
+{
+    return JobTypeOffers(printer == nullptr ? FeatureDatabase() : printer->features());
+}
+
+const char* KeyOfType(std::int32_t type)
+{
+    const char* key = LocalizedKeyForTicketValue(JobTypeMap, type);
+    return key == nullptr ? LocalizedKeyForTicketValue(OptionalJobTypeMap, type) : key;
+}
+
+bool HasBin(const PrinterDescription& printer, const char* bin)
+{
+    const auto* ui = printer.uiDictionary();
+    const auto bins = ui == nullptr ? std::nullopt : ui->copyOptions(OutputBinMainKeyword);
+    return bins && FindPPDKeyPairsMatch(*bins, OutputBinMainKeyword, bin) >= 0;
+}
+
+bool HasFeature(const PrinterDescription& printer, const char* feature)
+{
+    return printer.installable() != nullptr &&
+           printer.installable()->qualifyingRow(feature) != nullptr;
+}
+
+} // namespace
+
+Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current)
+{
+    Menu menu;
+    for (const JobTypeOffer& offer : TypesOf(printer)) {
+        menu.push_back(Item(bundle, offer.key, offer.type));
+    }
+    return Checked(bundle, std::move(menu), KeyOfType(current), current);
+}
+
+Menu SidesMenu(const CFBundle& bundle, std::int32_t current)
+{
+    return MenuOf(bundle, DuplexMap, current);
+}
+
+Menu OutputDestinationMenu(const CFBundle& bundle, const PrinterDescription* printer,
+                           std::int32_t current)
+{
+    Menu menu;
+    PopulateMenuFromMap(bundle, menu, OutputDestHCSS_BKMap, JobContext::Job);
+    std::erase_if(menu, [printer, current](const MenuItem& item) {
+        return item.value != current && !OffersOutputDestination(printer, item.value);
+    });
+    return Checked(bundle, std::move(menu), nullptr, current);
+}
+
+Menu OutputColorMenu(const CFBundle& bundle, std::int32_t current)
+{
+    return MenuOf(bundle, OutputColorMap, current);
+}
+
+bool OffersJobType(const PrinterDescription* printer, std::int32_t type)
+{
+    const auto offers = TypesOf(printer);
+    return printer == nullptr ||
+           std::any_of(offers.begin(), offers.end(),
+                       [type](const JobTypeOffer& offer) { return offer.type == type; });
+}
+
+bool OffersOutputDestination(const PrinterDescription* printer, std::int32_t destination)
+{
+    const auto* row =
+        std::find_if(std::begin(TrayRows), std::end(TrayRows), [destination](const TrayRow& tray) {
+            return tray.destination == destination;
+        });
+    if (row == std::end(TrayRows)) {
+        return LocalizedKeyForTicketValue(OutputDestHCSS_BKMap, destination) != nullptr;
+    }
+    if (printer == nullptr) {
+        return true;
+    }
+    return row->feature == nullptr ? HasBin(*printer, row->bin)
+                                   : HasFeature(*printer, row->feature);
+}
+
+const char* JobTypePicture(std::int32_t type)
+{
+    const auto* row = RowOfType(type);
+    return row == nullptr ? "" : row->picture;
+}
+
+const char* SidesPicture(const PaperOutputSettings& settings)
+{
+    if (settings.finishing.bookletLayout) {
+        return "2 Sided Booklet.gif";
+    }
+    switch (settings.sides) {
+    case OneSided:
+        return "1 Sided.gif";
+    case TwoSidedLongEdge:
+        return "2 Sided Flip on Long Edge.gif";
+    case TwoSidedShortEdge:
+        return "2 Sided Flip on Short Edge.gif";
+    default:
+        return "";
+    }
+}
+
+JobTypeSetup SetupOfJobType(std::int32_t type)
+{
+    const auto* row = RowOfType(type);
+    return row == nullptr ? JobTypeSetup{"Setup...", false} : row->setup;
+}
+
+} // namespace tarvo
