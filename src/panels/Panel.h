@@ -71,6 +71,8 @@ public:
 
     /// The job type's dictionary as the user has it, for the panel that sets it; null for others.
     virtual const CFDictionary* jobType() const { return nullptr; }
+    /// What the printer cannot do as it is chosen, a sentence each; it may be printed all the same.
+    virtual std::vector<std::string> conflicts() const { return {}; }
 };
 
 /// Makes a panel. A null one ends the loading of panels.

@@ -1,6 +1,7 @@
 #include "shell/Shell.h"
 
 #include "panels/PanelEnvironment.h"
+#include "panels/toolkit/DialogChecks.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Help.h"
@@ -419,7 +420,8 @@ OSStatus Shell::handleControlHit(std::uint32_t signature, std::int32_t control)
 {
     makeCurrent();
     if (signature == 0 && control == TARVO_DEFAULT_BUTTON) {
-        return blockJobWithoutPasscode();
+        return blockJobWithoutPasscode() == StatusOk || !confirmConflicts() ? StatusOk
+                                                                            : EventNotHandled;
     }
     if (signature != ShellSignature || !view_ || !isOpened_) {
         return EventNotHandled;
@@ -476,6 +478,21 @@ OSStatus Shell::blockJobWithoutPasscode() const
     DisplayNotice(*bundle_, window(), "Invalid Secure Print Passcode Header",
                   "Invalid Secure Print Passcode Message");
     return StatusOk;
+}
+
+// Asks whether to print all the same.
+bool Shell::confirmConflicts() const
+{
+    std::string conflicts;
+    for (const Record& record : records_) {
+        for (const std::string& conflict : record.panel->conflicts()) {
+            conflicts += "\n\n" + conflict;
+        }
+    }
+    return conflicts.empty() || bundle_ == nullptr ||
+           AskUser(*bundle_, window(),
+                   bundle_->localizedString("Print With Conflicts Header") + conflicts,
+                   "Print Anyway", "Cancel Command");
 }
 
 // The worker has an answer of the printer.

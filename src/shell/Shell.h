@@ -78,6 +78,7 @@ private:
     void showPanel(std::int32_t index);
     void step(std::int32_t difference);
     OSStatus blockJobWithoutPasscode() const;
+    bool confirmConflicts() const;
     OSStatus handleWindowEvent(const Event& event);
     Gtk::Window* window() const;
     void publish();

@@ -2,6 +2,7 @@
 #include "PanelFixture.h"
 #include "panels/about/AboutPanel.h"
 #include "panels/advanced/AdvancedPanel.h"
+#include "panels/paper/PaperOutputPanel.h"
 #include "panels/toolkit/DesktopServices.h"
 #include "panels/toolkit/WidgetTexts.h"
 #include "support/Widgets.h"
@@ -14,6 +15,9 @@
 
 namespace tarvo {
 namespace {
+
+constexpr PanelGetter AllPanels[] = {GetPaperOutputPanelInterface, GetAdvancedPanelInterface,
+                                     GetAboutPanelInterface};
 
 class PanelWidgets : public PanelFixture {
 protected:
@@ -84,7 +88,7 @@ TEST_F(PanelWidgets, AdvancedMakesItsControlsOnce)
 // The application may destroy the dialog before the panel is told.
 TEST_F(PanelWidgets, OutliveTheirDialog)
 {
-    for (const PanelGetter getter : {GetAdvancedPanelInterface, GetAboutPanelInterface}) {
+    for (const PanelGetter getter : AllPanels) {
         const auto panel = start(getter);
         panel->open();
         for (Gtk::Widget* child : pane_.get_children()) {
@@ -148,10 +152,10 @@ TEST_F(PanelWidgets, AreEmptyWithoutTheirDescriptionsAndPictures)
     EXPECT_EQ(about->open(), StatusOk);
     EXPECT_EQ(control<Gtk::Image>("Tshl805").get_storage_type(), Gtk::IMAGE_EMPTY);
     about->close();
-    for (const char* name : {"About.ui", "AdvancedPanelProductionHLC.ui"}) {
+    for (const char* name : {"About.ui", "AdvancedPanelProductionHLC.ui", "PaperOutputPanel.ui"}) {
         std::filesystem::resize_file(copy.resource(name), 300); // broken off
     }
-    for (const PanelGetter getter : {GetAdvancedPanelInterface, GetAboutPanelInterface}) {
+    for (const PanelGetter getter : AllPanels) {
         const auto panel = start(getter);
         EXPECT_EQ(panel->open(), StatusOk);
         EXPECT_TRUE(pane_.get_children().empty());
@@ -164,7 +168,7 @@ TEST_F(PanelWidgets, CanBeUsedByKeyboardAndHeard)
 {
     for (const char* language : {"en", "de"}) {
         use(std::make_unique<CFBundle>(BuiltBundle(language)));
-        for (const PanelGetter getter : {GetAdvancedPanelInterface, GetAboutPanelInterface}) {
+        for (const PanelGetter getter : AllPanels) {
             SCOPED_TRACE(language);
             const auto panel = start(getter);
             panel->open();

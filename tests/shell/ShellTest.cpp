@@ -12,6 +12,7 @@
 #include <gtk/gtk.h>
 #include <gtkmm/button.h>
 #include <gtkmm/label.h>
+#include <gtkmm/messagedialog.h>
 
 namespace tarvo {
 namespace {
@@ -19,6 +20,7 @@ namespace {
 // Of all panels; "A<" is panel A reading the ticket, "A>" writing it.
 std::string calls;
 CFDictionary jobTypeOfB;
+std::vector<std::string> conflictsOfB;
 PMPrintSession* sessionOfClick = nullptr; // what a panel's handler has found
 
 class FakePanel : public Panel {
@@ -78,6 +80,10 @@ public:
         return StatusOk;
     }
     const CFDictionary* jobType() const override { return name_ == "B" ? &jobTypeOfB : nullptr; }
+    std::vector<std::string> conflicts() const override
+    {
+        return name_ == "B" ? conflictsOfB : std::vector<std::string>();
+    }
 
 private:
     void note(const std::string& call) const { calls += name_ + call + " "; }
@@ -244,6 +250,24 @@ TEST_F(ShellOperations, ASecureJobWithoutPasscodeIsNotPrinted)
     jobTypeOfB.set("SecurePrintPassword", "1234");
     EXPECT_EQ(press(TARVO_DEFAULT_BUTTON), EventNotHandled);
     jobTypeOfB = CFDictionary();
+}
+
+TEST_F(ShellOperations, AJobWithConflictsIsPrintedOnlyIfTheUserWantsIt)
+{
+    conflictsOfB = {"No staples.", "No holes."};
+    for (const auto& [response, status] : {
+             std::pair(Gtk::RESPONSE_OK, EventNotHandled), {Gtk::RESPONSE_CANCEL, StatusOk}
+    }) {
+        const DialogAnswer answer([response = response](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+            const auto text = dynamic_cast<Gtk::MessageDialog&>(dialog).property_text().get_value();
+            EXPECT_THAT(text.raw(), testing::HasSubstr("No staples.\n\nNo holes."));
+            dialog.response(response);
+        });
+        EXPECT_EQ(press(TARVO_DEFAULT_BUTTON), status);
+    }
+    EXPECT_EQ(press(TARVO_CANCEL_BUTTON), EventNotHandled);
+    conflictsOfB.clear();
 }
 
 TEST_F(ShellOperations, EndWithTheDialogInEitherOrder)

@@ -1,0 +1,289 @@
+#include "panels/paper/PaperOutputPanel.h"
+
+#include "panels/PanelEnvironment.h"
+#include "panels/paper/BackgroundFormsDialog.h"
+#include "panels/paper/ConflictNotice.h"
+#include "panels/paper/PaperConflicts.h"
+#include "panels/paper/PaperOutputMenus.h"
+#include "panels/paper/PaperOutputSettings.h"
+#include "panels/paper/SaveJobAsDialog.h"
+#include "panels/toolkit/ControlBindings.h"
+#include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/Nib.h"
+#include "panels/toolkit/Pictures.h"
+#include "panels/toolkit/WidgetTexts.h"
+#include "prefs/PreferenceFiles.h"
+#include "printer/PrinterDescription.h"
+#include "records/BackgroundFormsOptions.h"
+#include "records/JobTypeKeys.h"
+#include "records/StockSummary.h"
+#include "settings/TicketAccess.h"
+
+#include <gtkmm/button.h>
+#include <gtkmm/image.h>
+#include <gtkmm/label.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+namespace tarvo {
+namespace {
+
+CFDate CurrentTime()
+{
+    return {static_cast<std::int64_t>(std::time(nullptr))};
+}
+
+struct NoticeRow {
+    PaperControl control;
+    const char* name;
+};
+constexpr NoticeRow NoticeRows[] = {
+    {PaperControl::JobType,     "Tshl2201"},
+    {PaperControl::Sides,       "Tshl2203"},
+    {PaperControl::Destination, "Tshl2206"},
+};
+
+class PaperOutputPanel : public Panel {
+public:
+    OSStatus prologue(PanelDescription& description) override
+    {
+        const CFBundle* bundle = GetPDEBundle();
+        if (bundle == nullptr) {
+            return StatusNullContext;
+        }
+        description = {bundle->localizedString("PaperOutput"), UserOptionKind};
+        return StatusOk;
+    }
+
+    OSStatus initialize(Gtk::Container& pane, PMPrintSession* session) override
+    {
+        if (session == nullptr) {
+            return StatusNullContext;
+        }
+        pane_ = &pane;
+        return sync(session, SyncDirection::FromTicket);
+    }
+
+    OSStatus sync(PMPrintSession* session, SyncDirection direction) override
+    {
+        if (session == nullptr) {
+            return StatusNoSession;
+        }
+        PMTicket* ticket = nullptr;
+        const OSStatus status = GetTicketFromSession(session, JobTicketName, &ticket);
+        if (ticket == nullptr) {
+            return status == StatusOk ? StatusItemNotFound : status;
+        }
+        if (direction == SyncDirection::ToTicket) {
+            WritePaperOutputSettings(settings_, *ticket);
+        } else {
+            ReadPaperOutputSettings(*ticket, settings_);
+        }
+        controls_.show();
+        return StatusOk;
+    }
+
+    OSStatus getSummaryText(PanelSummary& summary) override
+    {
+        const CFBundle* bundle = GetPDEBundle();
+        if (bundle == nullptr) {
+            summary = {};
+            return StatusNullContext;
+        }
+        summary.titles = {bundle->localizedString("ShowPaper"),
+                          bundle->localizedString("ShowFinishing")};
+        summary.summaries = {StockSummaryText(*bundle, JobContext::Job, &settings_.stock),
+                             CreateFinishingString(settings_.finishing, *bundle)};
+        return StatusOk;
+    }
+
+    // The controls are made once; closing leaves them in the pane.
+    OSStatus open() override
+    {
+        if (isOpened_) {
+            return StatusNullContext;
+        }
+        isOpened_ = true;
+        if (auto nib = Nib::Open(*GetPDEBundle(), "PaperOutputPanel")) {
+            takeControls(*nib);
+        }
+        return StatusOk; // a panel without a description is empty
+    }
+
+    const CFDictionary* jobType() const override { return &settings_.jobType; }
+
+    std::vector<std::string> conflicts() const override
+    {
+        std::vector<std::string> texts;
+        for (const PaperConflict& conflict : findConflicts()) {
+            texts.push_back(conflict.text);
+        }
+        return texts;
+    }
+
+private:
+    void takeControls(Nib& nib)
+    {
+        const auto window = nib.window<Gtk::Widget>("PaperOutputPanel");
+        const auto content = nib.widget<Gtk::Widget>("Tshl200");
+        const auto type = nib.widget<Gtk::ComboBox>("Tshl201");
+        const auto typePicture = nib.widget<Gtk::Image>("Tshl202");
+        const auto setup = nib.widget<Gtk::Button>("Tshl203");
+        const auto sides = nib.widget<Gtk::ComboBox>("Tshl220");
+        const auto sidesPicture = nib.widget<Gtk::Image>("Tshl221");
+        const auto destination = nib.widget<Gtk::ComboBox>("Tshl240");
+        const auto color = nib.widget<Gtk::ComboBox>("Tshl250");
+        std::vector<Glib::RefPtr<Gtk::Box>> notices;
+        for (const NoticeRow& row : NoticeRows) {
+            notices.push_back(nib.widget<Gtk::Box>(row.name));
+        }
+        if (!nib.isComplete()) {
+            return;
+        }
+        bindJobType(type, typePicture, setup);
+        bindSides(sides, sidesPicture);
+        bindOutput(destination, color);
+        bindNotices(notices);
+        controls_.show();
+        MoveInto(*pane_, content);
+    }
+
+    void bindJobType(const Glib::RefPtr<Gtk::ComboBox>& type,
+                     const Glib::RefPtr<Gtk::Image>& picture,
+                     const Glib::RefPtr<Gtk::Button>& setup)
+    {
+        const CFBundle& bundle = *GetPDEBundle();
+        controls_.bindMenu(
+            type,
+            [this, &bundle] {
+                return JobTypeMenu(bundle, PrinterDescription::Current(), JobTypeOf(settings_));
+            },
+            [this](std::int32_t chosen) { settings_.jobType.set(JobTypeNumberKey, chosen); });
+        bindPicture(picture, [this] { return JobTypePicture(JobTypeOf(settings_)); });
+        controls_.bindView([this, &bundle, setup] {
+            const JobTypeSetup button = SetupOfJobType(JobTypeOf(settings_));
+            RelabelButton(*setup.get(), bundle.localizedString(button.key));
+            setup->set_sensitive(button.isEnabled);
+        });
+        setup->signal_clicked().connect(Guarded([this] { setUpJobType(); }));
+    }
+
+    void bindSides(const Glib::RefPtr<Gtk::ComboBox>& sides,
+                   const Glib::RefPtr<Gtk::Image>& picture)
+    {
+        const CFBundle& bundle = *GetPDEBundle();
+        controls_.bindMenu(
+            sides, [this, &bundle] { return SidesMenu(bundle, settings_.sides); },
+            [this](std::int32_t chosen) { settings_.sides = chosen; });
+        bindPicture(picture, [this] { return SidesPicture(settings_); });
+    }
+
+    void bindOutput(const Glib::RefPtr<Gtk::ComboBox>& destination,
+                    const Glib::RefPtr<Gtk::ComboBox>& color)
+    {
+        const CFBundle& bundle = *GetPDEBundle();
+        controls_.bindMenu(
+            destination,
+            [this, &bundle] {
+                return OutputDestinationMenu(bundle, PrinterDescription::Current(),
+                                             settings_.outputDestination);
+            },
+            [this](std::int32_t chosen) { settings_.outputDestination = chosen; });
+        controls_.bindMenu(
+            color, [this, &bundle] { return OutputColorMenu(bundle, settings_.outputColor); },
+            [this](std::int32_t chosen) { settings_.outputColor = chosen; });
+    }
+
+    void bindNotices(const std::vector<Glib::RefPtr<Gtk::Box>>& places)
+    {
+        for (std::size_t index = 0; index < places.size(); ++index) {
+            const PaperControl control = NoticeRows[index].control;
+            notices_.push_back(std::make_unique<ConflictNotice>(places[index], [this, control] {
+                ResolvePaperConflict(settings_, control);
+                controls_.show();
+            }));
+        }
+        controls_.bindView([this] { showConflicts(); });
+    }
+
+    void showConflicts()
+    {
+        const auto conflicts = findConflicts();
+        for (std::size_t index = 0; index < notices_.size(); ++index) {
+            const auto found = std::find_if(
+                conflicts.begin(), conflicts.end(), [index](const PaperConflict& conflict) {
+                    return conflict.control == NoticeRows[index].control;
+                });
+            notices_[index]->show(found == conflicts.end() ? nullptr : &*found);
+        }
+    }
+
+    std::vector<PaperConflict> findConflicts() const
+    {
+        PMTicket* ticket = nullptr;
+        GetTicketFromSession(GetCurrentPrintSession(), JobTicketName, &ticket);
+        return PaperConflicts(*GetPDEBundle(), settings_, PrinterDescription::Current(),
+                              ticket == nullptr ? CFDictionary() : ticket->ppdDictionary());
+    }
+
+    void setUpJobType()
+    {
+        if (JobTypeOf(settings_) == static_cast<std::int32_t>(JobType::BackgroundForms)) {
+            setUpBackgroundForms();
+            return;
+        }
+        const std::weak_ptr<bool> alive = alive_;
+        const auto details =
+            RunSaveJobAsDialog(GetPDEWindow(), *GetPDEBundle(), DetailsOfJobType(settings_));
+        if (details && !alive.expired()) {
+            AcceptJobTypeDetails(settings_, *details);
+            controls_.show();
+        }
+    }
+
+    void setUpBackgroundForms()
+    {
+        const PreferenceFolders folders = UserPreferenceFolders();
+        BackgroundFormsOptions forms(settings_.backgroundForms, folders);
+        const std::weak_ptr<bool> alive = alive_;
+        const auto choice = RunBackgroundFormsDialog(GetPDEWindow(), *GetPDEBundle(), forms);
+        if (!choice || AcceptBackgroundForms(forms, *choice) != StatusOk || alive.expired()) {
+            return;
+        }
+        settings_.backgroundForms = forms.asTicket();
+        PreferenceFailure failure;
+        if (!forms.saveHistory(folders, failure)) { // the job has its form all the same
+            static_cast<void>(std::fprintf(stderr, "%s\n", failure.message().c_str()));
+        }
+    }
+
+    // Reads a picture's file only when it is another one.
+    void bindPicture(const Glib::RefPtr<Gtk::Image>& image, std::function<const char*()> fileName)
+    {
+        controls_.bindView(
+            [image, fileName = std::move(fileName), shown = std::string()]() mutable {
+                if (shown != fileName()) {
+                    shown = fileName();
+                    ShowPicture(*GetPDEBundle(), *image.get(), shown);
+                }
+            });
+    }
+
+    const std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // asked after dialogs
+    PaperOutputSettings settings_ = FreshPaperOutputSettings(CurrentTime());
+    std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
+    ControlBindings controls_;
+    Gtk::Container* pane_ = nullptr;
+    bool isOpened_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Panel> GetPaperOutputPanelInterface()
+{
+    return std::make_unique<PaperOutputPanel>();
+}
+
+} // namespace tarvo

@@ -1,0 +1,325 @@
+// The Paper/Output panel and its dialogs with their widgets.
+#include "../platform/PPDTexts.h"
+#include "Entries.h"
+#include "PanelFixture.h"
+#include "panels/paper/BackgroundFormsDialog.h"
+#include "panels/paper/PaperOutputPanel.h"
+#include "panels/paper/SaveJobAsDialog.h"
+#include "panels/toolkit/WidgetTexts.h"
+#include "printer/PrinterDescription.h"
+#include "records/BackgroundFormsOptions.h"
+#include "support/Widgets.h"
+
+#include <glibmm/datetime.h>
+#include <gmock/gmock.h>
+#include <gtkmm/box.h>
+#include <gtkmm/button.h>
+#include <gtkmm/calendar.h>
+#include <gtkmm/comboboxtext.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/messagedialog.h>
+#include <gtkmm/radiobutton.h>
+#include <gtkmm/spinbutton.h>
+#include <gtkmm/togglebutton.h>
+
+#include <ctime>
+
+namespace tarvo {
+namespace {
+
+using testing::IsEmpty;
+
+const std::string Keywords = PickOne("Duplex", "None", {"None", "DuplexNoTumble", "DuplexTumble"}) +
+                             PickOne("OutputBin", "Auto", {"Auto", "Booklet"}) +
+                             "*UIConstraints: *OutputBin Booklet *Duplex None\n";
+
+class PaperPanel : public PanelFixture {
+protected:
+    PaperPanel() : printer_(PrinterOf(Keywords), nullptr, InstalledFeatures, *bundle_)
+    {
+        window_.add(pane_);
+        panel_ = GetPaperOutputPanelInterface();
+        PanelDescription description;
+        EXPECT_EQ(panel_->prologue(description), StatusOk);
+        EXPECT_EQ(description.title, "Paper/Output");
+    }
+
+    void open()
+    {
+        EXPECT_EQ(panel_->initialize(pane_, &session_), StatusOk);
+        EXPECT_EQ(panel_->open(), StatusOk);
+        window_.show();
+        pane_.show();
+    }
+    template <typename Widget>
+    Widget& control(const char* name)
+    {
+        auto* found = FindWidget<Widget>(pane_, name);
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    std::string shown(const char* name) { return ShownText(control<Gtk::ComboBox>(name)); }
+    void choose(const char* name, const std::string& text)
+    {
+        auto& button = control<Gtk::ComboBox>(name);
+        for (const auto& row : button.get_model()->children()) {
+            Glib::ustring item;
+            row->get_value(0, item);
+            if (item.raw() == text) {
+                button.set_active(row);
+                return;
+            }
+        }
+        ADD_FAILURE() << name << " has no " << text;
+    }
+    const CFDictionary& jobType()
+    {
+        panel_->sync(&session_, SyncDirection::ToTicket);
+        return *ticket_->item(JobTypeKey)->value.get<CFDictionary>();
+    }
+    // The button of a notice; null when there is none to be seen.
+    Gtk::Button* remedy(const char* place)
+    {
+        Gtk::Button* found = nullptr;
+        ForEachWidget(control<Gtk::Box>(place), [&found](Gtk::Widget& widget) {
+            auto* button = dynamic_cast<Gtk::Button*>(&widget);
+            found = button != nullptr && button->get_mapped() ? button : found;
+        });
+        return found;
+    }
+
+    PrinterDescription printer_;
+    Gtk::Window window_;
+    Gtk::Box pane_;
+    std::unique_ptr<Panel> panel_;
+};
+
+TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
+{
+    ticket_->setItem("x", JobTypeKey,
+                     Entries({
+                         {"JobType", 5}
+    })); // not offered
+    ticket_->setItem("x", DuplexKey, 2);
+    open();
+    EXPECT_EQ(shown("Tshl201"), "Fax");
+    EXPECT_EQ(shown("Tshl220"), "2-Sided, Flip on Long Edge");
+    EXPECT_EQ(shown("Tshl240"), "Printer Default");
+    choose("Tshl201", "Save");
+    choose("Tshl220", "1-Sided");
+    choose("Tshl240", "Main Tray");
+    choose("Tshl250", "Grayscale");
+    EXPECT_EQ(panel_->sync(&session_, SyncDirection::ToTicket), StatusOk);
+    EXPECT_EQ(ticket_->item(JobTypeKey)->value, CFPropertyList(Entries({
+                                                    {"JobType", 3}
+    })));
+    EXPECT_EQ(ticket_->item(DuplexKey)->value, CFPropertyList(1));
+    EXPECT_EQ(*ticket_->ppdDictionary().get<std::string>("Duplex"), "None");
+    EXPECT_EQ(ticket_->item(OutputDestinationKey)->value, CFPropertyList(4));
+    EXPECT_EQ(ticket_->item(OutputColorKey)->value, CFPropertyList(1));
+
+    ticket_->setItem("x", DuplexKey, 3);
+    panel_->sync(&session_, SyncDirection::FromTicket);
+    EXPECT_EQ(shown("Tshl220"), "2-Sided, Flip on Short Edge");
+    EXPECT_EQ(panel_->sync(nullptr, SyncDirection::ToTicket), -30879);
+    EXPECT_EQ(panel_->open(), -9530);
+}
+
+TEST_F(PaperPanel, TheSetupButtonFollowsTheJobType)
+{
+    open();
+    auto& setup = control<Gtk::Button>("Tshl203");
+    EXPECT_FALSE(setup.get_sensitive());
+    for (const auto& [type, label] : {
+             std::pair("Save", "Save Job As…"), {"Secure Print", "Setup…"}
+    }) {
+        choose("Tshl201", type);
+        EXPECT_TRUE(setup.get_sensitive());
+        EXPECT_EQ(dynamic_cast<Gtk::Label*>(setup.get_child())->get_text(), label);
+        EXPECT_THAT(AccessibilityFaults(setup), IsEmpty()) << "a letter for the new label";
+    }
+    choose("Tshl201", "Hold");
+    EXPECT_FALSE(setup.get_sensitive());
+}
+
+TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
+{
+    open();
+    EXPECT_EQ(remedy("Tshl2206"), nullptr);
+    choose("Tshl240", "Booklet Tray");
+    ASSERT_NE(remedy("Tshl2206"), nullptr);
+    EXPECT_EQ(remedy("Tshl2203"), nullptr) << "beside one control only";
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(OutputDestinationKey)->value, CFPropertyList(7)) << "nothing silently";
+    EXPECT_EQ(panel_->conflicts(),
+              std::vector<std::string>{"“OutputBin: Booklet” does not go with “Duplex: None”."});
+    EXPECT_THAT(AccessibilityFaults(control<Gtk::Box>("Tshl2206")), IsEmpty());
+    remedy("Tshl2206")->clicked();
+    EXPECT_EQ(remedy("Tshl2206"), nullptr);
+    EXPECT_EQ(shown("Tshl240"), "Printer Default");
+    choose("Tshl240", "Booklet Tray");
+    choose("Tshl220", "2-Sided, Flip on Long Edge"); // the other one changes
+    EXPECT_EQ(remedy("Tshl2206"), nullptr);
+    EXPECT_THAT(panel_->conflicts(), IsEmpty());
+}
+
+TEST_F(PaperPanel, ASecureJobHasThePasscodeOfItsDialog)
+{
+    open();
+    choose("Tshl201", "Secure Print");
+    const auto answerWith = [this](const char* passcode, const char* again, int response) {
+        const DialogAnswer answer([=](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+            EXPECT_FALSE(FindWidget<Gtk::Entry>(dialog, "TPDE2")->get_mapped()) << "of a saved job";
+            auto* field = FindWidget<Gtk::Entry>(dialog, "TPDE5");
+            field->set_text(passcode);
+            EXPECT_FALSE(field->get_visibility());
+            FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text(again);
+            dialog.response(response);
+        });
+        control<Gtk::Button>("Tshl203").clicked();
+    };
+    answerWith("4711", "4711", Gtk::RESPONSE_CANCEL);
+    EXPECT_FALSE(jobType().contains("SecurePrintPassword"));
+    answerWith("4711", "4711", Gtk::RESPONSE_DELETE_EVENT);
+    EXPECT_FALSE(jobType().contains("SecurePrintPassword"));
+    answerWith("4711", "4711", Gtk::RESPONSE_OK);
+    EXPECT_EQ(*jobType().get<std::string>("SecurePrintPassword"), "4711");
+    EXPECT_EQ(panel_->jobType()->int32("JobType"), 6);
+}
+
+// Of a dialog that stays open after its first answer.
+class TwoAnswers {
+public:
+    TwoAnswers(std::function<void(Gtk::Dialog&)> notice, std::function<void(Gtk::Dialog&)> again)
+        : notice_(std::move(notice)), again_(std::move(again))
+    {
+    }
+    void operator()(Gtk::Dialog& dialog)
+    {
+        const DialogAnswer answer([this](Gtk::Dialog&) {
+            for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                if (auto* message = dynamic_cast<Gtk::MessageDialog*>(window)) {
+                    notice_(*message);
+                }
+            }
+        });
+        dialog.response(Gtk::RESPONSE_OK);
+        EXPECT_TRUE(dialog.get_mapped()) << "it stays open";
+        again_(dialog);
+    }
+
+private:
+    std::function<void(Gtk::Dialog&)> notice_;
+    std::function<void(Gtk::Dialog&)> again_;
+};
+
+TEST(SaveJobAsDialog, StaysOpenWithANoticeWhileSomethingIsWrong)
+{
+    const CFBundle bundle = BuiltBundle();
+    const auto dismiss = [](Gtk::Dialog& notice) { notice.response(Gtk::RESPONSE_OK); };
+    {
+        const DialogAnswer answer(TwoAnswers(dismiss, [](Gtk::Dialog& dialog) {
+            EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE5")->get_text(), "1234") << "kept";
+            FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text("123456789012"); // ten at most
+            FindWidget<Gtk::Entry>(dialog, "TPDE5")
+                ->set_text(FindWidget<Gtk::Entry>(dialog, "TPDE6")->get_text());
+            dialog.response(Gtk::RESPONSE_OK);
+        }));
+        const auto details = RunSaveJobAsDialog(
+            nullptr, bundle, {.type = 6, .passcode = "1234", .passcodeAgain = "12345"});
+        ASSERT_TRUE(details);
+        EXPECT_EQ(details->passcode, "1234567890");
+    }
+    const auto now = static_cast<std::int64_t>(std::time(nullptr));
+    const DialogAnswer answer(TwoAnswers(dismiss, [](Gtk::Dialog& dialog) {
+        FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_month(6, 2099);
+        FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_day(9);
+        FindWidget<Gtk::SpinButton>(dialog, "TPDE8")->set_text("17"); // typed and not left
+        FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_text("5");
+        dialog.response(Gtk::RESPONSE_OK);
+    }));
+    const auto details =
+        RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = {now - 86'400}});
+    ASSERT_TRUE(details);
+    EXPECT_EQ(details->printTime.secondsSinceEpoch,
+              Glib::DateTime::create_local(2099, 7, 9, 17, 5, 0).to_unix());
+}
+
+TEST(SaveJobAsDialog, ASavedJobNeedsANameOrTheJobs)
+{
+    const CFBundle bundle = BuiltBundle();
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+        auto* isOk = dialog.get_widget_for_response(Gtk::RESPONSE_OK);
+        auto* name = FindWidget<Gtk::Entry>(dialog, "TPDE2");
+        EXPECT_FALSE(isOk->get_sensitive());
+        name->set_text(std::string(300, 'n'));
+        EXPECT_TRUE(isOk->get_sensitive());
+        FindWidget<Gtk::ToggleButton>(dialog, "TPDE1")->set_active(true);
+        EXPECT_FALSE(name->get_sensitive());
+        FindWidget<Gtk::ToggleButton>(dialog, "TPDE1")->set_active(false);
+        FindWidget<Gtk::ComboBox>(dialog, "TPDE4")->set_active(1);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    const JobTypeDetails current = {.type = 4, .savedLocation = "smb://x/"};
+    const auto details = RunSaveJobAsDialog(nullptr, bundle, current);
+    ASSERT_TRUE(details);
+    JobTypeDetails expected = current;
+    expected.savedName = std::string(255, 'n');
+    expected.saveFormat = 3;
+    expected.printTime = details->printTime;
+    EXPECT_EQ(*details, expected);
+}
+
+TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
+{
+    const CFBundle bundle = BuiltBundle();
+    BackgroundFormsOptions options;
+    options.setMergeWithString("Letterhead");
+    options.setInches(true);
+    options.setXOffset(100); // an inch
+    for (const int response :
+         {static_cast<int>(Gtk::RESPONSE_OK), static_cast<int>(Gtk::RESPONSE_CANCEL)}) {
+        SCOPED_TRACE(response);
+        const DialogAnswer answer([response](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+            auto* isOk = dialog.get_widget_for_response(Gtk::RESPONSE_OK);
+            auto* existing = FindWidget<Gtk::ComboBoxText>(dialog, "TPDE4");
+            EXPECT_TRUE(isOk->get_sensitive()) << "a new form may have the job's name";
+            EXPECT_FALSE(existing->is_sensitive());
+            FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
+            existing->get_entry()->set_text("");
+            EXPECT_FALSE(isOk->get_sensitive()) << "a merge needs a form";
+            existing->get_entry()->set_text("Logo");
+            FindWidget<Gtk::SpinButton>(dialog, "TPDE5")->set_text("12");
+            FindWidget<Gtk::RadioButton>(dialog, "TPDE7")->set_active(true); // millimetres
+            EXPECT_EQ(FindWidget<Gtk::SpinButton>(dialog, "TPDE8")->get_text(), "25.4");
+            FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_value(-3.5);
+            dialog.response(response);
+        });
+        const auto choice = RunBackgroundFormsDialog(nullptr, bundle, options);
+        ASSERT_EQ(choice.has_value(), response == Gtk::RESPONSE_OK);
+        if (choice) {
+            EXPECT_EQ(*choice, (BackgroundFormsChoice{.mergesWithForm = true,
+                                                      .existingForm = "Logo",
+                                                      .cyclePages = 12,
+                                                      .isInches = false,
+                                                      .xOffset = 254,
+                                                      .yOffset = -35}));
+        }
+    }
+}
+
+TEST(PaperDialogs, AreCancelledWhenTheyCannotBeShown)
+{
+    const BundleCopy copy;
+    for (const char* name : {"SaveJobAs.ui", "BackgroundFormsSetup.ui"}) {
+        std::filesystem::resize_file(copy.resource(name), 900);
+    }
+    EXPECT_FALSE(RunSaveJobAsDialog(nullptr, copy.bundle(), {.type = 6}));
+    EXPECT_FALSE(RunBackgroundFormsDialog(nullptr, copy.bundle(), BackgroundFormsOptions()));
+}
+
+} // namespace
+} // namespace tarvo
