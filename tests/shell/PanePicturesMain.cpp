@@ -3,8 +3,12 @@
 // FOLDER
 #include "DialogSession.h"
 #include "panels/advanced/JobTicketFiles.h"
+#include "panels/paper/BackgroundFormsDialog.h"
+#include "panels/paper/SaveJobAsDialog.h"
 #include "panels/toolkit/Dialogs.h"
+#include "records/BackgroundFormsOptions.h"
 #include "settings/SettingMap.h"
+#include "settings/TicketKeys.h"
 #include "shell/PanelTable.h"
 #include "shell/Shell.h"
 #include "shell/ShellCommands.h"
@@ -24,9 +28,26 @@ namespace {
 
 constexpr int DotsPerInch = 96 * 1024; // as GTK counts them
 
+// A job for which the printer is not made.
+void FillWithConflicts(PMTicket& ticket)
+{
+    CFDictionary transparency;
+    transparency.set("Type", 2);
+    CFDictionary fax;
+    fax.set("JobType", 5);
+    ticket.setItem(PanelClient, JobLevelStockKey, transparency);
+    ticket.setItem(PanelClient, JobTypeKey, fax);
+    ticket.setItem(PanelClient, DuplexKey, 2);
+    ticket.setItem(PanelClient, FinishingOptionsKey, 18);
+    ticket.setItem(PanelClient, FoldValueKey, 19);
+    ticket.setItem(PanelClient, OutputDestinationKey, 7);
+}
+
 void DrawPanels(const CFBundle& bundle, const std::string& prefix)
 {
     DialogSession dialog;
+    dialog.session.ticket(PrinterInfoTicketName)
+        ->setItem("host", PPDPathKey, TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd");
     Gtk::OffscreenWindow window;
     Gtk::Box pane;
     window.set_size_request(540, 300);
@@ -43,6 +64,10 @@ void DrawPanels(const CFBundle& bundle, const std::string& prefix)
         std::puts(path.c_str());
         shell.handleControlHit(ShellSignature, NextPanelControl);
     }
+    FillWithConflicts(dialog.ticket());
+    shell.sync(&dialog.session, SyncDirection::FromTicket);
+    TurnMainLoop();
+    window.get_pixbuf()->save(prefix + "-conflicts.png", "png");
 }
 
 // Draws the dialog that the function runs, and cancels it.
@@ -62,8 +87,30 @@ void DrawDialog(const std::string& path, const std::function<void()>& run)
     run();
 }
 
+// One for each job type that has something to set up.
+void DrawJobTypeDialogs(const CFBundle& bundle, const std::string& prefix)
+{
+    for (const auto& [name, type] : {
+             std::pair("save", 3), {"fax",     5},
+               {"secure",  6},
+               {"delayed", 7}
+    }) {
+        DrawDialog(prefix + "-" + name + ".png", [&bundle, type = type] {
+            const JobTypeDetails details = {.type = type,
+                                            .savedName = "Spring Programme",
+                                            .savedLocation = "file:///job-repository/",
+                                            .printTime = {1'800'000'000}};
+            static_cast<void>(RunSaveJobAsDialog(nullptr, bundle, details));
+        });
+    }
+    DrawDialog(prefix + "-forms.png", [&bundle] {
+        static_cast<void>(RunBackgroundFormsDialog(nullptr, bundle, BackgroundFormsOptions()));
+    });
+}
+
 void DrawDialogs(const CFBundle& bundle, const std::string& prefix)
 {
+    DrawJobTypeDialogs(bundle, prefix);
     DrawDialog(prefix + "-value.png", [&bundle] {
         std::optional<std::string> text = "Trim";
         std::int32_t result = 0;
