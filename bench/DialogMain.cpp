@@ -2,7 +2,8 @@
 // is always the toolkit's start, of the processor. What follows is ordered by the first word:
 //   open PRINTER PAGES   for each of two dialogs the first paint, and the paint that shows the
 //                        printer, with as many pages in the dialog's notebook at least
-//   switch PRINTER TAB   a hundred changes of the panel in that tab, of the processor
+//   switch PRINTER TAB   that tab's first opening, a hundred changes of the panel in it with their
+//                        paint, and those without, of the processor
 //   wait PRINTER OTHER   the main loop's longest pauses while the other printer is chosen, and then
 //                        while its print server does not answer
 #include "host/DialogDriver.h"
@@ -96,23 +97,31 @@ bool MeasureSwitches(const char* printer, const char* tab)
     constexpr int Changes = 100;
     const tarvo::DialogDriver driver;
     GtkWidget* next = nullptr;
-    if (!driver.choose(printer) || !driver.showTab(tab)) {
+    if (!driver.choose(printer)) {
         return false;
     }
+    const std::clock_t opening = std::clock();
+    if (!driver.showTab(tab)) {
+        return false;
+    }
+    const double opened = ProcessorSince(opening);
     FindNextButton(GTK_WIDGET(driver.dialog()), &next);
     int paints = 0;
     g_signal_connect(
         gtk_widget_get_frame_clock(next), "after-paint",
         G_CALLBACK(+[](GdkFrameClock*, gpointer count) { ++*static_cast<int*>(count); }), &paints);
+    double changing = 0;
     const std::clock_t start = std::clock();
     for (int change = 0; change < Changes; ++change) {
         const int before = paints;
+        const std::clock_t click = std::clock();
         gtk_button_clicked(GTK_BUTTON(next));
+        changing += ProcessorSince(click);
         while (paints == before) {
             g_main_context_iteration(nullptr, TRUE);
         }
     }
-    std::printf("%.3f\n", ProcessorSince(start));
+    std::printf("%.3f\n%.3f\n%.3f\n", opened, ProcessorSince(start), changing);
     return true;
 }
 
