@@ -111,6 +111,13 @@ def click(program, name, role="push button"):
     subprocess.run(["xdotool", "mousemove", *middle, "click", "1"], check=True)
 
 
+def choose_item(program, name, item):
+    """Chooses an item of the pop-up button of that name."""
+    box = wait_for(f"pop-up {name}", lambda: find(program, "combo box", name))
+    texts = [entry.name for entry in box[0]]
+    box.querySelection().selectChild(texts.index(item))
+
+
 def choose_file(program, title, path, button):
     """Gives the file chooser of that title a path, and presses its button."""
     press_key(title, "ctrl+l")

@@ -6,13 +6,13 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from Desktop import (DesktopTest, Folder, Pdf, choose_file, click, find, jobs, options_of_next_job, press, show_tab,
+from Desktop import (DesktopTest, Folder, Pdf, choose_file, choose_item, click, find, jobs, options_of_next_job, press, show_tab,
                      wait_for)
 
 Program = os.environ["TARVO_PRINT"]
 Ticket = os.environ["TARVO_TICKET"]
 Name = Path(Program).name
-Canary = "60718293-canary"
+Canary = "6071829354"
 
 
 def files_with(text, *folders):
@@ -38,10 +38,14 @@ class SecureJob(DesktopTest):
             before = jobs()
             program = self.start(Program, str(document))
             show_tab(Name, "Tarvo Features")
-            click(Name, "Print")  # a secure job without passcode
+            choose_item(Name, "Job Type", "Secure Print")
+            click(Name, "Print")  # without a passcode
             press(Name, "OK")
-            entry = wait_for("entry", lambda: find(Name, "text", "Passcode"))
-            entry.queryEditableText().setTextContents(Canary)
+            click(Name, "Setup…")
+            for field in ("Passcode", "Repeat Passcode"):
+                entry = wait_for(field, lambda field=field: find(Name, "password text", field))
+                entry.queryEditableText().setTextContents(Canary)
+            press(Name, "OK")
             press(Name, "Next Settings")
             click(Name, "Export…")
             choose_file(Name, "Job Ticket Export", exported, "Save")
