@@ -198,6 +198,19 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
     }
 }
 
+TEST_F(PaperPrinter, APrinterWithNothingChosenHasNoConflicts)
+{
+    for (const char* name : {"TarvoQL900", "TarvoDesk210"}) {
+        ParseError error;
+        printer_.emplace(
+            PPDFile::Open(TARVO_SOURCE_DIR "/resources/ppd/" + std::string(name) + ".ppd", error),
+            nullptr, InstalledFeatures, bundle_);
+        ASSERT_NE(printer_->ppd(), nullptr) << error.reason;
+        settings_ = FreshPaperOutputSettings({});
+        EXPECT_THAT(found(), ElementsAre()) << name;
+    }
+}
+
 TEST_F(PaperPrinter, EachControlHasOneConflictAtATime)
 {
     use("*UIConstraints: *MediaType Transparency *Duplex\n*UIConstraints: *Duplex *PageSize A4\n"

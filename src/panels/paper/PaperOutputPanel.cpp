@@ -1,30 +1,20 @@
 #include "panels/paper/PaperOutputPanel.h"
 
 #include "panels/PanelEnvironment.h"
-#include "panels/paper/BackgroundFormsDialog.h"
 #include "panels/paper/ConflictNotice.h"
+#include "panels/paper/JobTypeSection.h"
 #include "panels/paper/PaperConflicts.h"
 #include "panels/paper/PaperOutputMenus.h"
 #include "panels/paper/PaperOutputSettings.h"
-#include "panels/paper/SaveJobAsDialog.h"
 #include "panels/toolkit/ControlBindings.h"
-#include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
-#include "panels/toolkit/Pictures.h"
-#include "panels/toolkit/WidgetTexts.h"
-#include "prefs/PreferenceFiles.h"
 #include "printer/PrinterDescription.h"
-#include "records/BackgroundFormsOptions.h"
-#include "records/JobTypeKeys.h"
 #include "records/StockSummary.h"
 #include "settings/TicketAccess.h"
 
-#include <gtkmm/button.h>
 #include <gtkmm/image.h>
-#include <gtkmm/label.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
 
 namespace tarvo {
@@ -128,9 +118,7 @@ private:
     {
         const auto window = nib.window<Gtk::Widget>("PaperOutputPanel");
         const auto content = nib.widget<Gtk::Widget>("Tshl200");
-        const auto type = nib.widget<Gtk::ComboBox>("Tshl201");
-        const auto typePicture = nib.widget<Gtk::Image>("Tshl202");
-        const auto setup = nib.widget<Gtk::Button>("Tshl203");
+        auto jobType = std::make_unique<JobTypeSection>(nib, settings_, controls_);
         const auto sides = nib.widget<Gtk::ComboBox>("Tshl220");
         const auto sidesPicture = nib.widget<Gtk::Image>("Tshl221");
         const auto destination = nib.widget<Gtk::ComboBox>("Tshl240");
@@ -142,32 +130,13 @@ private:
         if (!nib.isComplete()) {
             return;
         }
-        bindJobType(type, typePicture, setup);
+        jobType_ = std::move(jobType);
+        jobType_->bind();
         bindSides(sides, sidesPicture);
         bindOutput(destination, color);
         bindNotices(notices);
         controls_.show();
         MoveInto(*pane_, content);
-    }
-
-    void bindJobType(const Glib::RefPtr<Gtk::ComboBox>& type,
-                     const Glib::RefPtr<Gtk::Image>& picture,
-                     const Glib::RefPtr<Gtk::Button>& setup)
-    {
-        const CFBundle& bundle = *GetPDEBundle();
-        controls_.bindMenu(
-            type,
-            [this, &bundle] {
-                return JobTypeMenu(bundle, PrinterDescription::Current(), JobTypeOf(settings_));
-            },
-            [this](std::int32_t chosen) { settings_.jobType.set(JobTypeNumberKey, chosen); });
-        bindPicture(picture, [this] { return JobTypePicture(JobTypeOf(settings_)); });
-        controls_.bindView([this, &bundle, setup] {
-            const JobTypeSetup button = SetupOfJobType(JobTypeOf(settings_));
-            RelabelButton(*setup.get(), bundle.localizedString(button.key));
-            setup->set_sensitive(button.isEnabled);
-        });
-        setup->signal_clicked().connect(Guarded([this] { setUpJobType(); }));
     }
 
     void bindSides(const Glib::RefPtr<Gtk::ComboBox>& sides,
@@ -177,7 +146,7 @@ private:
         controls_.bindMenu(
             sides, [this, &bundle] { return SidesMenu(bundle, settings_.sides); },
             [this](std::int32_t chosen) { settings_.sides = chosen; });
-        bindPicture(picture, [this] { return SidesPicture(settings_); });
+        controls_.bindPicture(picture, bundle, [this] { return SidesPicture(settings_); });
     }
 
     void bindOutput(const Glib::RefPtr<Gtk::ComboBox>& destination,
@@ -228,53 +197,10 @@ private:
                               ticket == nullptr ? CFDictionary() : ticket->ppdDictionary());
     }
 
-    void setUpJobType()
-    {
-        if (JobTypeOf(settings_) == static_cast<std::int32_t>(JobType::BackgroundForms)) {
-            setUpBackgroundForms();
-            return;
-        }
-        const std::weak_ptr<bool> alive = alive_;
-        const auto details =
-            RunSaveJobAsDialog(GetPDEWindow(), *GetPDEBundle(), DetailsOfJobType(settings_));
-        if (details && !alive.expired()) {
-            AcceptJobTypeDetails(settings_, *details);
-            controls_.show();
-        }
-    }
-
-    void setUpBackgroundForms()
-    {
-        const PreferenceFolders folders = UserPreferenceFolders();
-        BackgroundFormsOptions forms(settings_.backgroundForms, folders);
-        const std::weak_ptr<bool> alive = alive_;
-        const auto choice = RunBackgroundFormsDialog(GetPDEWindow(), *GetPDEBundle(), forms);
-        if (!choice || AcceptBackgroundForms(forms, *choice) != StatusOk || alive.expired()) {
-            return;
-        }
-        settings_.backgroundForms = forms.asTicket();
-        PreferenceFailure failure;
-        if (!forms.saveHistory(folders, failure)) { // the job has its form all the same
-            static_cast<void>(std::fprintf(stderr, "%s\n", failure.message().c_str()));
-        }
-    }
-
-    // Reads a picture's file only when it is another one.
-    void bindPicture(const Glib::RefPtr<Gtk::Image>& image, std::function<const char*()> fileName)
-    {
-        controls_.bindView(
-            [image, fileName = std::move(fileName), shown = std::string()]() mutable {
-                if (shown != fileName()) {
-                    shown = fileName();
-                    ShowPicture(*GetPDEBundle(), *image.get(), shown);
-                }
-            });
-    }
-
-    const std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // asked after dialogs
     PaperOutputSettings settings_ = FreshPaperOutputSettings(CurrentTime());
-    std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
     ControlBindings controls_;
+    std::unique_ptr<JobTypeSection> jobType_;
+    std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
     Gtk::Container* pane_ = nullptr;
     bool isOpened_ = false;
 };

@@ -102,6 +102,10 @@ private:
             const auto type = static_cast<JobType>(details_.type);
             groups_[index]->set_visible(type == first || type == second);
         }
+        if (!groups_.front()->get_visible()) { // else it has the title of a saved job
+            dialog_->set_title(bundle.localizedString(
+                LocalizedKeyForTicketValue(OptionalJobTypeMap, details_.type)));
+        }
         usesJobName_->set_active(details_.usesJobName);
         name_->set_text(details_.savedName);
         location_->set_text(details_.savedLocation);

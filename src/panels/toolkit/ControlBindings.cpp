@@ -1,9 +1,11 @@
 #include "panels/toolkit/ControlBindings.h"
 
 #include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/Pictures.h"
 #include "panels/toolkit/PopupButton.h"
 #include "platform/cf/CFPropertyList.h"
 
+#include <string>
 #include <utility>
 
 namespace tarvo {
@@ -60,6 +62,17 @@ void ControlBindings::bindMenu(const Glib::RefPtr<Gtk::ComboBox>& button,
 void ControlBindings::bindView(std::function<void()> show)
 {
     state_->views.push_back(std::move(show));
+}
+
+void ControlBindings::bindPicture(const Glib::RefPtr<Gtk::Image>& image, const CFBundle& bundle,
+                                  std::function<const char*()> fileName)
+{
+    bindView([image, &bundle, fileName = std::move(fileName), shown = std::string()]() mutable {
+        if (const char* name = fileName(); shown != name) {
+            shown = name;
+            ShowPicture(bundle, *image.get(), shown);
+        }
+    });
 }
 
 void ControlBindings::show()

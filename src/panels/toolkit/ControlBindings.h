@@ -3,6 +3,7 @@
 #include "settings/Menu.h"
 
 #include <gtkmm/combobox.h>
+#include <gtkmm/image.h>
 #include <gtkmm/togglebutton.h>
 
 #include <cstdint>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace tarvo {
+
+class CFBundle;
 
 /// Controls that show values of a panel and set them when the user changes the control. The values
 /// must outlive this; the controls may go before it or stay.
@@ -35,6 +38,10 @@ public:
     /// For what follows from the values, such as a picture: is called whenever they are shown, and
     /// when the user has changed one.
     void bindView(std::function<void()> show);
+
+    /// Shows a picture of the bundle; its file is read again only when it is another one.
+    void bindPicture(const Glib::RefPtr<Gtk::Image>& image, const CFBundle& bundle,
+                     std::function<const char*()> fileName);
 
     /// Shows all values in their controls, which sets none of them.
     void show();
