@@ -2,16 +2,29 @@
 
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/PopupButton.h"
+#include "platform/cf/CFPropertyList.h"
 
 #include <utility>
 
 namespace tarvo {
 
+void ControlBindings::ShowAll(const Functions& functions)
+{
+    for (const auto& show : functions) {
+        show();
+    }
+}
+
+// The handler may end all this.
 std::function<void()> ControlBindings::whenUserActs(std::function<void()> handler) const
 {
-    return Guarded([isAwake = std::weak_ptr(isAwake_), handler = std::move(handler)] {
-        if (const auto awake = isAwake.lock(); awake && *awake) {
-            handler();
+    return Guarded([state = std::weak_ptr(state_), handler = std::move(handler)] {
+        if (state.expired() || !state.lock()->isAwake) {
+            return;
+        }
+        handler();
+        if (const auto present = state.lock()) {
+            ShowAll(present->views);
         }
     });
 }
@@ -33,13 +46,28 @@ void ControlBindings::bindCheckBox(const Glib::RefPtr<Gtk::ToggleButton>& box, s
         whenUserActs([control = box.get(), &value] { value = control->get_active() ? 1 : 0; }));
 }
 
+void ControlBindings::bindMenu(const Glib::RefPtr<Gtk::ComboBox>& button,
+                               std::function<Menu()> menu, std::function<void(std::int32_t)> choose)
+{
+    show_.emplace_back(
+        [button, menu = std::move(menu)] { PopulatePopupButton(*button.get(), menu()); });
+    button->signal_changed().connect(
+        whenUserActs([control = button.get(), choose = std::move(choose)] {
+            choose(GetPopupButtonTicketValue(*control, UnsetValue));
+        }));
+}
+
+void ControlBindings::bindView(std::function<void()> show)
+{
+    state_->views.push_back(std::move(show));
+}
+
 void ControlBindings::show()
 {
-    *isAwake_ = false;
-    for (const auto& showValue : show_) {
-        showValue();
-    }
-    *isAwake_ = true;
+    state_->isAwake = false;
+    ShowAll(show_);
+    state_->isAwake = true;
+    ShowAll(state_->views);
 }
 
 } // namespace tarvo

@@ -27,16 +27,33 @@ public:
     /// 0 is off, everything else on; what the user sets is 0 or 1.
     void bindCheckBox(const Glib::RefPtr<Gtk::ToggleButton>& box, std::int32_t& value);
 
+    /// Fills the pop-up button with a menu that depends on values, anew whenever they are shown;
+    /// its checked item is the choice.
+    /// @param choose  is told the value that the user has chosen
+    void bindMenu(const Glib::RefPtr<Gtk::ComboBox>& button, std::function<Menu()> menu,
+                  std::function<void(std::int32_t)> choose);
+    /// For what follows from the values, such as a picture: is called whenever they are shown, and
+    /// when the user has changed one.
+    void bindView(std::function<void()> show);
+
     /// Shows all values in their controls, which sets none of them.
     void show();
+    /// Shows what follows from the values, for a change that no bound control has made.
+    void showViews() { ShowAll(state_->views); }
 
 private:
+    using Functions = std::vector<std::function<void()>>;
+    struct State {
+        bool isAwake = true; // the user may be acting
+        Functions views;
+    };
+
+    static void ShowAll(const Functions& functions);
     // A handler that does nothing while the controls are being set, and once this has gone.
     std::function<void()> whenUserActs(std::function<void()> handler) const;
 
-    // Whether the user may be acting; the handlers know it weakly.
-    std::shared_ptr<bool> isAwake_ = std::make_shared<bool>(true);
-    std::vector<std::function<void()>> show_;
+    std::shared_ptr<State> state_ = std::make_shared<State>(); // the handlers know it weakly
+    Functions show_;
 };
 
 } // namespace tarvo

@@ -105,6 +105,13 @@ Glib::ustring WithMnemonic(const Glib::ustring& text, std::set<gunichar>& taken)
     return Marked(text, text.size());
 }
 
+// What a button with an underlined letter shows.
+std::string WithoutMark(const Gtk::Button& button)
+{
+    const auto* label = dynamic_cast<const Gtk::Label*>(button.get_child());
+    return label == nullptr ? "" : label->get_text().raw();
+}
+
 gunichar MnemonicOf(const Gtk::Label& label)
 {
     const guint key = gtk_label_get_mnemonic_keyval(const_cast<GtkLabel*>(label.gobj()));
@@ -171,6 +178,19 @@ std::set<gunichar> MnemonicsOnScreen(Gtk::Widget& window)
     });
     letters.erase(0);
     return letters;
+}
+
+void RelabelButton(Gtk::Button& button, const std::string& label)
+{
+    if (WithoutMark(button) == label) {
+        return;
+    }
+    button.set_use_underline(false);
+    button.set_label(label);
+    if (button.get_mapped()) {
+        std::set<gunichar> taken = MnemonicsOnScreen(*button.get_toplevel());
+        AssignMnemonics(button, taken);
+    }
 }
 
 } // namespace tarvo

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <gtkmm/widget.h>
+#include <gtkmm/button.h>
 
 #include <functional>
 #include <set>
+#include <string>
 
 namespace tarvo {
 
@@ -26,5 +27,9 @@ void AssignMnemonics(Gtk::Widget& root, std::set<gunichar>& taken);
 
 /// The letters in use by what is on the screen in a window, in lower case.
 std::set<gunichar> MnemonicsOnScreen(Gtk::Widget& window);
+
+/// Gives a button another label; on the screen, with a letter underlined that nothing else there
+/// has. Nothing when it has that label already.
+void RelabelButton(Gtk::Button& button, const std::string& label);
 
 } // namespace tarvo
