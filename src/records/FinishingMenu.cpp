@@ -2,6 +2,7 @@
 
 #include "platform/bundle/CFBundle.h"
 #include "settings/FinishingMaps.h"
+#include "settings/SettingMenu.h"
 
 #include <algorithm>
 #include <utility>
@@ -145,19 +146,12 @@ FinishingChoice ChooseFinishing(FinishingChoice current, std::int32_t option, st
 
 CombinedFinishing PartsOf(const FinishingChoice& choice)
 {
+    const FinishingChoice used = WithoutUnusedPositions(choice);
     CombinedFinishing parts;
-    const auto has = PartsOfFinishing(choice.option);
-    if (!has) {
-        return parts;
-    }
-    if (has->staples) {
-        FindStaples(choice, parts);
-    }
-    if (has->holes) {
-        parts.punch = choice.punch;
-        parts.holes = choice.holes;
-    }
-    parts.zFold = has->zFold ? choice.zFold : 0;
+    FindStaples(used, parts);
+    parts.punch = used.punch;
+    parts.holes = used.punch == 0 ? 0 : used.holes;
+    parts.zFold = used.zFold;
     return parts;
 }
 
@@ -176,6 +170,47 @@ std::optional<FinishingChoice> ChooseCombinedFinishing(FinishingChoice current,
     current.holes = parts.punch == 0 ? current.holes : parts.holes;
     current.zFold = parts.zFold;
     return ChooseFinishing(std::move(current), *option);
+}
+
+MultipleFinishing StartMultipleFinishing(const CFBundle& bundle,
+                                         const std::vector<FinishingOffer>& offers,
+                                         const FinishingChoice& current)
+{
+    MultipleFinishing start = {PartsOf(current), 0, 0};
+    start.hasHoles = start.parts.punch == 0 ? 0 : 1;
+    start.hasZFold = start.parts.zFold == 0 ? 0 : 1;
+    start.parts.punch =
+        CheckedValue(FinishingPositions(bundle, offers, Family::HolePunch, current));
+    start.parts.holes = CheckedValue(HoleCounts(bundle, offers, current));
+    start.parts.zFold = CheckedValue(FinishingPositions(bundle, offers, Family::ZFold, current));
+    return start;
+}
+
+std::optional<FinishingChoice> ChosenFinishing(const FinishingChoice& current,
+                                               const MultipleFinishing& chosen)
+{
+    CombinedFinishing parts = chosen.parts;
+    parts.punch = chosen.hasHoles == 0 ? 0 : parts.punch;
+    parts.zFold = chosen.hasZFold == 0 ? 0 : parts.zFold;
+    return ChooseCombinedFinishing(current, parts);
+}
+
+FinishingChoice FinishingSoFar(const FinishingChoice& current, const MultipleFinishing& chosen)
+{
+    const CombinedFinishing& parts = chosen.parts;
+    if (const auto all = ChosenFinishing(current, chosen)) {
+        return *all;
+    }
+    if (parts.stapleFamily != 0) {
+        return ChooseFinishing(current, parts.stapleFamily, parts.staple);
+    }
+    if (chosen.hasHoles != 0) {
+        FinishingChoice punched = ChooseFinishing(current, Family::HolePunch, parts.punch);
+        punched.holes = parts.holes;
+        return punched;
+    }
+    return chosen.hasZFold != 0 ? ChooseFinishing(current, Family::ZFold, parts.zFold)
+                                : ChooseFinishing(current, Family::None);
 }
 
 } // namespace tarvo

@@ -5,6 +5,7 @@
 #include "settings/Menu.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tarvo {
@@ -51,12 +52,31 @@ struct CombinedFinishing {
     std::int32_t zFold = 0;
 };
 
-/// The parts that a choice has; none but for a combined one.
+/// The parts that a choice has: one for a family that can be combined, none for the other families.
 CombinedFinishing PartsOf(const FinishingChoice& choice);
 
 /// The same as ChooseFinishing for parts together.
 /// @return nullopt for fewer than two parts
 std::optional<FinishingChoice> ChooseCombinedFinishing(FinishingChoice current,
                                                        const CombinedFinishing& parts);
+
+/// What a dialog shows while a user combines. A part that is switched off keeps its position.
+struct MultipleFinishing {
+    CombinedFinishing parts;
+    std::int32_t hasHoles = 0; // 0 or 1, as check boxes have it
+    std::int32_t hasZFold = 0;
+};
+
+/// The parts of the job's finishing, and for the others what comes first.
+MultipleFinishing StartMultipleFinishing(const CFBundle& bundle,
+                                         const std::vector<FinishingOffer>& offers,
+                                         const FinishingChoice& current);
+
+/// @return nullopt for fewer than two parts
+std::optional<FinishingChoice> ChosenFinishing(const FinishingChoice& current,
+                                               const MultipleFinishing& chosen);
+
+/// The same with whatever has been chosen so far, for a picture: also a single part or none.
+FinishingChoice FinishingSoFar(const FinishingChoice& current, const MultipleFinishing& chosen);
 
 } // namespace tarvo

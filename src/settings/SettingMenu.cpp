@@ -70,6 +70,13 @@ void CheckMenuItemWithValue(Menu& menu, std::int32_t value)
     }
 }
 
+std::int32_t CheckedValue(const Menu& menu)
+{
+    const auto checked =
+        std::find_if(menu.begin(), menu.end(), [](const MenuItem& item) { return item.isChecked; });
+    return checked == menu.end() ? 0 : checked->value;
+}
+
 std::int16_t PopulateMenuFromMapAndFile(const CFBundle& bundle, Menu& menu, const SettingMap* map,
                                         std::span<const NamedPaper> papers)
 {

@@ -22,6 +22,9 @@ std::int16_t PopulateMenuFromMap(const CFBundle& bundle, Menu& menu, const Setti
 /// Checks the first item of the value and no other; none when no item has it.
 void CheckMenuItemWithValue(Menu& menu, std::int32_t value);
 
+/// The value of the first item that is checked; 0 when none is.
+std::int32_t CheckedValue(const Menu& menu);
+
 /// A paper of a stock library, as a menu offers it.
 struct NamedPaper {
     std::string uuid; // its identity in the library

@@ -191,7 +191,29 @@ TEST(CombinedFinishing, GoesByItsParts)
         }
     }
     EXPECT_EQ(PartsOf(Everything()), (CombinedFinishing{4, 5, 32, 5, 38})) << "first staples";
-    EXPECT_EQ(PartsOf(WithPosition(9, &Finishing::twoStaples, 10)), CombinedFinishing());
+    EXPECT_EQ(PartsOf(WithPosition(9, &Finishing::twoStaples, 10)),
+              (CombinedFinishing{9, 10, 0, 0, 0}));
+    EXPECT_EQ(PartsOf(WithPosition(14, &Finishing::bind, 15)), CombinedFinishing());
+}
+
+TEST(MultipleFinishing, IsCombinedStepByStep)
+{
+    const Finishing current = WithPosition(30, &Finishing::punch, 33);
+    MultipleFinishing chosen = StartMultipleFinishing(BuiltBundle(), Offers, current);
+    EXPECT_EQ(chosen.parts, (CombinedFinishing{0, 0, 33, 4, 38})) << "and the first Z-fold";
+    EXPECT_EQ(ChosenFinishing(current, chosen), std::nullopt);
+    EXPECT_EQ(FinishingSoFar(current, chosen), current);
+    chosen.hasZFold = 1;
+    EXPECT_EQ(ChosenFinishing(current, chosen).value().option, 52);
+    chosen.hasHoles = 0;
+    EXPECT_EQ(FinishingSoFar(current, chosen), WithPosition(36, &Finishing::zFold, 38));
+    chosen.parts.stapleFamily = 9;
+    chosen.parts.staple = 13;
+    EXPECT_EQ(FinishingSoFar(current, chosen).option, 51);
+    chosen.hasZFold = 0;
+    EXPECT_EQ(FinishingSoFar(current, chosen), WithPosition(9, &Finishing::twoStaples, 13));
+    chosen.parts.stapleFamily = 0;
+    EXPECT_EQ(FinishingSoFar(current, chosen).option, 1);
 }
 
 } // namespace

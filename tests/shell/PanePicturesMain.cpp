@@ -3,6 +3,7 @@
 // FOLDER
 #include "DialogSession.h"
 #include "panels/advanced/JobTicketFiles.h"
+#include "panels/finishing/FinishingDialogs.h"
 #include "panels/paper/BackgroundFormsDialog.h"
 #include "panels/paper/SaveJobAsDialog.h"
 #include "panels/toolkit/Dialogs.h"
@@ -129,6 +130,38 @@ void DrawDialogs(const CFBundle& bundle, const std::string& prefix)
     });
 }
 
+// A dialog of each family, with everything that there is, for a job on blue paper.
+void DrawFinishingDialogs(const CFBundle& bundle, const std::string& prefix)
+{
+    const std::vector<FinishingOffer> offers = {
+        {4,  "1 Staple...",      {5, 6, 7, 8}                    },
+        {9,  "2 Staples...",     {10, 11, 12, 13}                },
+        {14, "Bind...",          {15, 16}                        },
+        {18, "Fold...",          {19, 20}                        },
+        {24, "Booklet...",       {7, 8}                          },
+        {25, "Center Staple...", {26, 27, 28, 29}                },
+        {30, "Hole Punch...",    {3, 4, 5}                       },
+        {36, "Z-Fold...",        {38, 39}                        },
+        {40, "Advanced Fold...", {41, 42, 43, 44, 45, 46, 47, 48}},
+        {49, nullptr,            {49, 50, 51, 52}                },
+    };
+    FinishedSet set;
+    set.finishing.option = 49;
+    set.finishing.twoStaples = 10;
+    set.finishing.punch = 32;
+    set.paperColor = 2;
+    for (const FinishingOffer& offer : offers) {
+        DrawDialog(prefix + "-finishing-" + std::to_string(offer.option) + ".png",
+                   [&] { RunFinishingDialog(nullptr, bundle, offer.option, set, offers); });
+    }
+    set.finishing.offset = 5;
+    set.finishing.slipSheet = 2;
+    DrawDialog(prefix + "-offset.png",
+               [&] { RunOffsetSetupDialog(nullptr, bundle, set, OffsetOffers()); });
+    DrawDialog(prefix + "-booklet.png",
+               [&] { RunModalBookletFinishingDialog(nullptr, bundle, set, true); });
+}
+
 } // namespace
 } // namespace tarvo
 
@@ -148,6 +181,7 @@ int main(int argc, char** argv)
                                    std::to_string(scale * 100);
         DrawPanels(bundle, prefix);
         DrawDialogs(bundle, prefix);
+        DrawFinishingDialogs(bundle, prefix);
     }
     return 0;
 }

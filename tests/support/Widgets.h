@@ -3,6 +3,7 @@
 #include "panels/toolkit/WidgetTexts.h"
 
 #include <gtest/gtest.h>
+#include <gtkmm/button.h>
 #include <gtkmm/combobox.h>
 #include <gtkmm/dialog.h>
 #include <gtkmm/label.h>
@@ -50,6 +51,38 @@ inline std::string ShownText(Gtk::ComboBox& button)
         row->get_value(0, text);
     }
     return text;
+}
+
+/// Presses a key as somebody at the window would; it goes where the focus is.
+inline void PressKey(Gtk::Window& window, guint key, guint modifiers = 0)
+{
+    GdkWindow* const place = gtk_widget_get_window(GTK_WIDGET(window.gobj()));
+    GdkDisplay* const display = gdk_window_get_display(place);
+    GdkKeymapKey* keys = nullptr;
+    int count = 0;
+    ASSERT_TRUE(
+        gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), key, &keys, &count));
+    GdkEvent* const event = gdk_event_new(GDK_KEY_PRESS);
+    event->key.window = GDK_WINDOW(g_object_ref(place));
+    event->key.keyval = key;
+    event->key.state = modifiers;
+    event->key.hardware_keycode = static_cast<guint16>(keys[0].keycode);
+    g_free(keys);
+    gdk_event_set_device(event, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
+    gtk_widget_event(GTK_WIDGET(window.gobj()), event);
+    gdk_event_free(event);
+}
+
+/// The letter that is underlined in the label of a button; it is pressed with Alt.
+inline guint LetterOf(Gtk::Button& button)
+{
+    guint letter = GDK_KEY_VoidSymbol;
+    ForEachWidget(button, [&letter](Gtk::Widget& widget) {
+        if (auto* label = dynamic_cast<Gtk::Label*>(&widget)) {
+            letter = gtk_label_get_mnemonic_keyval(label->gobj());
+        }
+    });
+    return letter;
 }
 
 /// Calls the function with the next dialog that runs, once it is shown.

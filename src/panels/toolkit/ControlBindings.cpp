@@ -48,6 +48,27 @@ void ControlBindings::bindCheckBox(const Glib::RefPtr<Gtk::ToggleButton>& box, s
         whenUserActs([control = box.get(), &value] { value = control->get_active() ? 1 : 0; }));
 }
 
+void ControlBindings::bindRadioButton(const Glib::RefPtr<Gtk::RadioButton>& button,
+                                      std::int32_t choice, std::int32_t& value)
+{
+    show_.emplace_back([button, choice, &value] {
+        if (value == choice) { // the group's others follow
+            button->set_active(true);
+        }
+    });
+    button->signal_toggled().connect(whenUserActs([control = button.get(), choice, &value] {
+        value = control->get_active() ? choice : value;
+    }));
+}
+
+void ControlBindings::bindSpinButton(const Glib::RefPtr<Gtk::SpinButton>& button,
+                                     std::int32_t& value)
+{
+    show_.emplace_back([button, &value] { button->set_value(value); });
+    button->signal_value_changed().connect(
+        whenUserActs([control = button.get(), &value] { value = control->get_value_as_int(); }));
+}
+
 void ControlBindings::bindMenu(const Glib::RefPtr<Gtk::ComboBox>& button,
                                std::function<Menu()> menu, std::function<void(std::int32_t)> choose)
 {

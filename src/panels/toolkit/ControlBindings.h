@@ -4,6 +4,8 @@
 
 #include <gtkmm/combobox.h>
 #include <gtkmm/image.h>
+#include <gtkmm/radiobutton.h>
+#include <gtkmm/spinbutton.h>
 #include <gtkmm/togglebutton.h>
 
 #include <cstdint>
@@ -29,6 +31,12 @@ public:
                    std::int32_t& value);
     /// 0 is off, everything else on; what the user sets is 0 or 1.
     void bindCheckBox(const Glib::RefPtr<Gtk::ToggleButton>& box, std::int32_t& value);
+
+    /// The button of a group that stands for the choice: active while the value is the choice.
+    void bindRadioButton(const Glib::RefPtr<Gtk::RadioButton>& button, std::int32_t choice,
+                         std::int32_t& value);
+    /// Numbers out of the button's range are not shown and stay until the user sets one.
+    void bindSpinButton(const Glib::RefPtr<Gtk::SpinButton>& button, std::int32_t& value);
 
     /// Fills the pop-up button with a menu that depends on values, anew whenever they are shown;
     /// its checked item is the choice.

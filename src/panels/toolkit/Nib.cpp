@@ -12,13 +12,31 @@ namespace tarvo {
 
 std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name)
 {
+    return Open(bundle, name, "",
+                [](Gtk::Builder& builder, const std::string& path, const std::string&) {
+                    builder.add_from_file(path);
+                });
+}
+
+std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name,
+                             const std::string& window)
+{
+    return Open(bundle, name, window,
+                [](Gtk::Builder& builder, const std::string& path, const std::string& wanted) {
+                    builder.add_from_file(path, Glib::ustring(wanted));
+                });
+}
+
+std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name,
+                             const std::string& window, Reader read)
+{
     const auto path = bundle.resourcePath(name + ".ui");
     if (!path) {
         return std::nullopt;
     }
     auto builder = Gtk::Builder::create();
     try {
-        builder->add_from_file(*path);
+        read(*builder.get(), *path, window);
     } catch (const Glib::Error&) { // who opens a window says that there is none
         return std::nullopt;
     }

@@ -16,6 +16,10 @@ class Nib {
 public:
     /// @return nullopt when the description is absent or cannot be read
     static std::optional<Nib> Open(const CFBundle& bundle, const std::string& name);
+    /// The same for one window of a description that has several; the others are not made. Without
+    /// a window of that name nothing is found in it.
+    static std::optional<Nib> Open(const CFBundle& bundle, const std::string& name,
+                                   const std::string& window);
 
     /// A top-level widget with its texts in the user's language and names for a screen reader.
     /// @return null when there is none of that name and type
@@ -43,6 +47,11 @@ public:
     bool isComplete() const { return isComplete_; }
 
 private:
+    using Reader = void (*)(Gtk::Builder& builder, const std::string& path,
+                            const std::string& window);
+    static std::optional<Nib> Open(const CFBundle& bundle, const std::string& name,
+                                   const std::string& window, Reader read);
+
     Nib(const CFBundle& bundle, Glib::RefPtr<Gtk::Builder> builder);
     void prepare(Gtk::Widget& window) const;
 

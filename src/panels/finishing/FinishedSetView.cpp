@@ -1,0 +1,44 @@
+#include "panels/finishing/FinishedSetView.h"
+
+#include "panels/finishing/SheetPicture.h"
+#include "panels/toolkit/Guarded.h"
+#include "platform/bundle/CFBundle.h"
+
+#include <gtk/gtk.h>
+
+namespace tarvo {
+namespace {
+
+const char* NameKey()
+{
+    return "FinishedSetPicture";
+}
+
+} // namespace
+
+FinishedSetView::FinishedSetView(int width, int height)
+{
+    set_size_request(width, height);
+}
+
+void FinishedSetView::show(const FinishedSet& set, const CFBundle& bundle)
+{
+    set_ = set;
+    AtkObject* accessible = gtk_widget_get_accessible(GTK_WIDGET(gobj()));
+    atk_object_set_role(accessible, ATK_ROLE_IMAGE);
+    atk_object_set_name(accessible, bundle.localizedString(NameKey()).c_str());
+    atk_object_set_description(accessible, DescribeFinishedSet(set, bundle).c_str());
+    queue_draw();
+}
+
+bool FinishedSetView::on_draw(const Cairo::RefPtr<Cairo::Context>& context)
+{
+    try {
+        DrawFinishedSet(context, get_allocated_width(), get_allocated_height(), set_);
+    } catch (...) { // GTK calls this without protection
+        ReportCaughtException();
+    }
+    return false;
+}
+
+} // namespace tarvo

@@ -1,0 +1,220 @@
+#include "panels/finishing/FinishingDialogs.h"
+
+#include "panels/finishing/CombinedFinishingDialogs.h"
+#include "panels/finishing/FinishedSetView.h"
+#include "panels/toolkit/Dialogs.h"
+#include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/Nib.h"
+#include "platform/bundle/CFBundle.h"
+#include "records/FinishingMenu.h"
+#include "settings/FinishingMaps.h"
+#include "settings/SettingMenu.h"
+
+#include <gtkmm/box.h>
+#include <gtkmm/dialog.h>
+#include <gtkmm/label.h>
+#include <gtkmm/radiobutton.h>
+
+#include <algorithm>
+
+namespace tarvo {
+namespace {
+
+namespace Family = FinishingFamily;
+
+// Families whose dialog has one radio button for each position, and the box that takes them.
+struct PositionDialogRow {
+    std::int32_t option;
+    const char* window;
+    const char* box;
+};
+
+constexpr PositionDialogRow PositionDialogMap[] = {
+    {Family::OneStaple,    "OneStaple",        "TPDE100"},
+    {Family::TwoStaples,   "TwoStaples",       "TPDE200"},
+    {Family::CenterStaple, "CenterStaple",     "TPDE300"},
+    {Family::Bind,         "Bind",             "TPDE400"},
+    {Family::Fold,         "Fold",             "TPDE500"},
+    {Family::ZFold,        "ZFold",            "TPDE600"},
+    {Family::AdvancedFold, "AdvancedFold",     "TPDE700"},
+    {Family::Booklet,      "BookletFinishing", "TPDE800"},
+};
+
+const PositionDialogRow* PositionDialogOf(std::int32_t option)
+{
+    const auto* row =
+        std::find_if(std::begin(PositionDialogMap), std::end(PositionDialogMap),
+                     [option](const PositionDialogRow& each) { return each.option == option; });
+    return row == std::end(PositionDialogMap) ? nullptr : row;
+}
+
+// A position to choose, and how the set looks with it.
+struct PicturedChoice {
+    std::int32_t value;
+    std::string text;
+    FinishedSet set;
+};
+
+constexpr int PictureSize = 76;
+constexpr int CharactersOfLabel = 26; // before it wraps
+
+// A radio button with the picture before its text.
+Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
+                                 const CFBundle& bundle)
+{
+    auto* button = Gtk::make_managed<Gtk::RadioButton>();
+    auto* content = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, 12);
+    auto* picture = Gtk::make_managed<FinishedSetView>(PictureSize, PictureSize);
+    auto* label = Gtk::make_managed<Gtk::Label>(choice.text);
+    picture->show(choice.set, bundle);
+    label->set_line_wrap(true);
+    label->set_xalign(0);
+    label->set_width_chars(CharactersOfLabel);
+    label->set_max_width_chars(CharactersOfLabel);
+    label->set_mnemonic_widget(*button);
+    content->pack_start(*picture, Gtk::PACK_SHRINK);
+    content->pack_start(*label);
+    button->add(*content);
+    column.pack_start(*button, Gtk::PACK_SHRINK);
+    return *button;
+}
+
+// Fills the box, column by column; the button of the chosen value is on and has the focus.
+void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::int32_t& chosen,
+                const CFBundle& bundle)
+{
+    constexpr std::size_t MostInAColumn = 4;
+    Gtk::Box* column = nullptr;
+    Gtk::RadioButton::Group group;
+    for (std::size_t place = 0; place < choices.size(); ++place) {
+        if (place % MostInAColumn == 0) {
+            column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, 6);
+            box.pack_start(*column);
+        }
+        Gtk::RadioButton& button = AddRadioButton(*column, choices[place], bundle);
+        button.set_group(group);
+        if (choices[place].value == chosen) {
+            button.set_active(true);
+            button.grab_focus();
+        }
+        button.signal_toggled().connect(Guarded([&chosen, &button, value = choices[place].value] {
+            chosen = button.get_active() ? value : chosen;
+        }));
+    }
+    box.show_all_children();
+}
+
+/// @param chosen  the value that is on first
+/// @return what the user chooses
+std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundle& bundle,
+                                              const PositionDialogRow& row,
+                                              const std::vector<PicturedChoice>& choices,
+                                              std::int32_t chosen)
+{
+    auto nib = Nib::Open(bundle, "Finishing", row.window);
+    if (!nib || choices.empty()) {
+        return std::nullopt;
+    }
+    const auto dialog = nib->window<Gtk::Dialog>(row.window);
+    const auto box = nib->widget<Gtk::Box>(row.box);
+    if (!nib->isComplete()) {
+        return std::nullopt;
+    }
+    nib.reset();
+    AddChoices(*box.get(), choices, chosen, bundle);
+    if (RunModalWindow(bundle, *dialog.get(), parent) != DialogOk) {
+        return std::nullopt;
+    }
+    return chosen;
+}
+
+FinishedSet WithChoice(FinishedSet set, FinishingChoice finishing)
+{
+    set.finishing = std::move(finishing);
+    return set;
+}
+
+std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBundle& bundle,
+                                               const PositionDialogRow& row,
+                                               const FinishedSet& current,
+                                               const std::vector<FinishingOffer>& offers)
+{
+    const Menu positions = FinishingPositions(bundle, offers, row.option, current.finishing);
+    std::vector<PicturedChoice> choices;
+    for (const MenuItem& item : positions) {
+        const auto finishing = ChooseFinishing(current.finishing, row.option, item.value);
+        choices.push_back({item.value, item.text, WithChoice(current, finishing)});
+    }
+    const auto chosen = RunPositionDialog(parent, bundle, row, choices, CheckedValue(positions));
+    return chosen ? std::optional(ChooseFinishing(current.finishing, row.option, *chosen))
+                  : std::nullopt;
+}
+
+std::optional<FinishingChoice> RunCustomFinishingDialog(Gtk::Window* parent, const CFBundle& bundle,
+                                                        FinishingChoice finishing)
+{
+    constexpr std::int32_t LongestName = 255;
+    std::optional<std::string> text = finishing.customText;
+    std::int32_t result = DialogCancel;
+    RunModalCustomValueDialog(bundle, parent, LongestName, text, result);
+    if (result != DialogOk || !text) {
+        return std::nullopt;
+    }
+    finishing.customText = *text;
+    return ChooseFinishing(std::move(finishing), Family::Custom);
+}
+
+// A booklet's folding as a finishing shows it: the layout's own where no family is chosen.
+FinishedSet WithBookletFold(FinishedSet set, std::int32_t fold)
+{
+    set.finishing.option = Family::PrinterDefault;
+    set.finishing.bookletFold = fold;
+    set.finishing.bookletLayout = true;
+    return set;
+}
+
+} // namespace
+
+std::optional<FinishingChoice> RunFinishingDialog(Gtk::Window* parent, const CFBundle& bundle,
+                                                  std::int32_t option, const FinishedSet& current,
+                                                  const std::vector<FinishingOffer>& offers)
+{
+    if (const auto* row = PositionDialogOf(option)) {
+        return RunFamilyDialog(parent, bundle, *row, current, offers);
+    }
+    if (option == Family::Custom) {
+        return RunCustomFinishingDialog(parent, bundle, current.finishing);
+    }
+    if (option == Family::HolePunch) {
+        return RunHolePunchDialog(parent, bundle, current, offers);
+    }
+    if (PartsOfFinishing(option)) {
+        return RunMultipleFinishingDialog(parent, bundle, current, offers);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::int32_t> RunModalBookletFinishingDialog(Gtk::Window* parent,
+                                                           const CFBundle& bundle,
+                                                           const FinishedSet& current,
+                                                           bool offersNone)
+{
+    constexpr std::int32_t None = 1;
+    constexpr SettingMap NotFolded = {"BookletNotFolded", None, 0};
+    std::vector<PicturedChoice> choices;
+    const auto add = [&](const SettingMap& row) {
+        choices.push_back(
+            {row.value, bundle.localizedString(row.key), WithBookletFold(current, row.value)});
+    };
+    if (offersNone) {
+        add(NotFolded);
+    }
+    for (const SettingMap* row = BookletFoldMap; row->key != nullptr; ++row) {
+        add(*row);
+    }
+    const bool isOffered = TicketToUI(BookletFoldMap, current.finishing.bookletFold) > 0;
+    const std::int32_t first = isOffered ? current.finishing.bookletFold : choices.front().value;
+    return RunPositionDialog(parent, bundle, *PositionDialogOf(Family::Booklet), choices, first);
+}
+
+} // namespace tarvo

@@ -1,0 +1,298 @@
+#include "panels/finishing/FinishingDialogs.h"
+
+#include "panels/finishing/FinishedSetView.h"
+#include "support/BuiltBundle.h"
+#include "support/Widgets.h"
+
+#include <gmock/gmock.h>
+#include <gtkmm/checkbutton.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/radiobutton.h>
+#include <gtkmm/spinbutton.h>
+
+#include <fstream>
+
+namespace tarvo {
+namespace {
+
+using Finishing = FinishingChoice;
+
+const std::vector<FinishingOffer> Offers = {
+    {4,  "1 Staple...",      {5, 6, 7, 8}                    },
+    {9,  "2 Staples...",     {10, 11, 12, 13}                },
+    {14, "Bind...",          {15, 16}                        },
+    {24, "Booklet...",       {7, 8}                          },
+    {18, "Fold...",          {19, 20}                        },
+    {30, "Hole Punch...",    {3, 4}                          },
+    {36, "Z-Fold...",        {38, 39}                        },
+    {40, "Advanced Fold...", {41, 42, 43, 44, 45, 46, 47, 48}},
+    {25, "Center Staple...", {26, 27, 28, 29}                },
+};
+
+FinishedSet SetWith(std::int32_t option, std::int32_t Finishing::*position, std::int32_t value)
+{
+    FinishedSet set;
+    set.finishing.option = option;
+    set.finishing.*position = value;
+    return set;
+}
+
+template <typename Widget>
+std::vector<Widget*> AllOf(Gtk::Widget& root)
+{
+    std::vector<Widget*> found;
+    ForEachWidget(root, [&found](Gtk::Widget& widget) {
+        auto* wanted = dynamic_cast<Widget*>(&widget);
+        if (wanted != nullptr && wanted->get_visible()) {
+            found.push_back(wanted);
+        }
+    });
+    return found;
+}
+
+// What the dialog gives when the user does that in it.
+std::optional<Finishing> AfterDialog(std::int32_t option, const FinishedSet& current,
+                                     const std::function<void(Gtk::Dialog&)>& act)
+{
+    const DialogAnswer answer(act);
+    return RunFinishingDialog(nullptr, BuiltBundle(), option, current, Offers);
+}
+
+struct PositionCase {
+    const char* window;
+    std::int32_t option;
+    std::int32_t Finishing::*position;
+    std::int32_t second; // the job's own
+    std::int32_t last;
+    std::size_t count;
+};
+
+constexpr PositionCase PositionCases[] = {
+    {"OneStaple",        4,  &Finishing::oneStaple,    6,  8,  4},
+    {"TwoStaples",       9,  &Finishing::twoStaples,   11, 13, 4},
+    {"CenterStaple",     25, &Finishing::centerStaple, 27, 29, 4},
+    {"Bind",             14, &Finishing::bind,         16, 16, 2},
+    {"Fold",             18, &Finishing::fold,         20, 20, 2},
+    {"ZFold",            36, &Finishing::zFold,        39, 39, 2},
+    {"AdvancedFold",     40, &Finishing::fold,         42, 48, 8},
+    {"BookletFinishing", 24, &Finishing::bookletFold,  8,  8,  2},
+};
+
+TEST(PositionDialogs, OfferEachPositionWithItsPicture)
+{
+    for (const auto& row : PositionCases) {
+        SCOPED_TRACE(row.window);
+        const FinishedSet current = SetWith(row.option, row.position, row.second);
+        const auto look = [&row](Gtk::Dialog& dialog) {
+            EXPECT_EQ(NameInDescription(dialog), row.window);
+            EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+            const auto buttons = AllOf<Gtk::RadioButton>(dialog);
+            const auto pictures = AllOf<FinishedSetView>(dialog);
+            ASSERT_EQ(buttons.size(), row.count);
+            ASSERT_EQ(pictures.size(), row.count);
+            EXPECT_TRUE(buttons[1]->get_active());
+            EXPECT_EQ(pictures[1]->shown().finishing.*row.position, row.second);
+            buttons.back()->set_active(true);
+        };
+        const auto chosen = AfterDialog(row.option, current, [&look](Gtk::Dialog& dialog) {
+            look(dialog);
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        EXPECT_EQ(chosen, SetWith(row.option, row.position, row.last).finishing);
+        EXPECT_EQ(AfterDialog(row.option, current,
+                              [&look](Gtk::Dialog& dialog) {
+                                  look(dialog);
+                                  PressKey(dialog, GDK_KEY_Escape);
+                              }),
+                  std::nullopt);
+    }
+}
+
+TEST(PositionDialogs, StartAtTheFirstAndTakeTheKeyboard)
+{
+    const FinishedSet former = SetWith(14, &Finishing::bind, 15);
+    const auto chosen = AfterDialog(9, former, [](Gtk::Dialog& dialog) {
+        const auto buttons = AllOf<Gtk::RadioButton>(dialog);
+        EXPECT_TRUE(buttons.front()->get_active() && buttons.front()->is_focus());
+        PressKey(dialog, GDK_KEY_Down);
+        EXPECT_TRUE(buttons[1]->get_active());
+        PressKey(dialog, LetterOf(*buttons[2]), GDK_MOD1_MASK);
+        for (auto* button : AllOf<Gtk::Button>(dialog)) {
+            if (button->get_label() == "_OK") {
+                PressKey(dialog, LetterOf(*button), GDK_MOD1_MASK);
+            }
+        }
+    });
+    EXPECT_EQ(chosen, SetWith(9, &Finishing::twoStaples, 12).finishing) << "and no binding";
+}
+
+TEST(CustomFinishing, IsNamedByTheUser)
+{
+    FinishedSet current = SetWith(14, &Finishing::bind, 15);
+    current.finishing.customText = "Trim";
+    const auto type = [](const std::string& text) {
+        return [text](Gtk::Dialog& dialog) {
+            AllOf<Gtk::Entry>(dialog).front()->set_text(text);
+            dialog.response(Gtk::RESPONSE_OK);
+        };
+    };
+    const auto chosen = AfterDialog(22, current, type(std::string(300, 'x')));
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(chosen->option, 22);
+    EXPECT_EQ(chosen->bind, 0);
+    EXPECT_EQ(chosen->customText, std::string(255, 'x'));
+    EXPECT_EQ(AfterDialog(22, current,
+                          [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_CANCEL); }),
+              std::nullopt);
+}
+
+TEST(HolePunchDialog, TakesSideAndNumber)
+{
+    FinishedSet current = SetWith(30, &Finishing::punch, 34);
+    current.finishing.holes = 3;
+    const auto chosen = AfterDialog(30, current, [](Gtk::Dialog& dialog) {
+        EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+        auto* holes = FindWidget<Gtk::ComboBox>(dialog, "TPDE903");
+        EXPECT_EQ(ShownText(*FindWidget<Gtk::ComboBox>(dialog, "TPDE901")),
+                  "Hole punch, bottom or left");
+        EXPECT_EQ(ShownText(*holes), "2 Holes");
+        EXPECT_EQ(holes->get_model()->children().size(), 2U);
+        holes->set_active(1);
+        EXPECT_EQ(AllOf<FinishedSetView>(dialog).front()->shown().finishing.holes, 4);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    current.finishing.holes = 4;
+    EXPECT_EQ(chosen, current.finishing);
+}
+
+TEST(MultipleFinishingDialog, CombinesAtLeastTwoParts)
+{
+    const auto chosen =
+        AfterDialog(49, SetWith(9, &Finishing::twoStaples, 13), [](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+            const auto& ok = *FindWidget<Gtk::Button>(dialog, "TPDE1099");
+            auto& staples = *FindWidget<Gtk::ComboBox>(dialog, "TPDE1005");
+            auto& punchPosition = *FindWidget<Gtk::ComboBox>(dialog, "TPDE1008");
+            EXPECT_EQ(ShownText(staples), "2 staples, right or bottom");
+            EXPECT_FALSE(ok.get_sensitive() || punchPosition.get_sensitive());
+            FindWidget<Gtk::CheckButton>(dialog, "TPDE1007")->set_active(true);
+            EXPECT_TRUE(ok.get_sensitive() && punchPosition.get_sensitive());
+            punchPosition.set_active(1);
+            FindWidget<Gtk::RadioButton>(dialog, "TPDE1002")->set_active(true);
+            EXPECT_EQ(ShownText(staples), "1 staple, top left or top right");
+            staples.set_active(3);
+            FindWidget<Gtk::RadioButton>(dialog, "TPDE1001")->set_active(true);
+            EXPECT_FALSE(ok.get_sensitive() || staples.get_sensitive());
+            FindWidget<Gtk::RadioButton>(dialog, "TPDE1004")->set_active(true);
+            FindWidget<Gtk::CheckButton>(dialog, "TPDE1012")->set_active(true);
+            FindWidget<Gtk::ComboBox>(dialog, "TPDE1013")->set_active(1);
+            const auto& shown = AllOf<FinishedSetView>(dialog).front()->shown().finishing;
+            EXPECT_EQ(shown.option, 50);
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+    Finishing expected;
+    expected.option = 50;
+    expected.centerStaple = 26;
+    expected.punch = 33;
+    expected.zFold = 39;
+    EXPECT_EQ(chosen, expected);
+}
+
+TEST(MultipleFinishingDialog, HidesWhatThePrinterLacks)
+{
+    const std::vector<FinishingOffer> offers = {
+        {9,  "2 Staples...", {10}    },
+        {36, "Z-Fold...",    {38, 39}},
+    };
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        EXPECT_EQ(AllOf<Gtk::RadioButton>(dialog).size(), 2U);
+        EXPECT_FALSE(FindWidget<Gtk::Widget>(dialog, "TPDE1007")->get_visible());
+        EXPECT_FALSE(FindWidget<Gtk::Widget>(dialog, "TPDE1009")->get_visible());
+        EXPECT_TRUE(FindWidget<Gtk::Widget>(dialog, "TPDE1012")->get_visible());
+        dialog.response(Gtk::RESPONSE_DELETE_EVENT);
+    });
+    EXPECT_EQ(RunFinishingDialog(nullptr, BuiltBundle(), 52, FinishedSet(), offers), std::nullopt);
+}
+
+TEST(OffsetDialog, StoresWhatItShows)
+{
+    FinishedSet current = SetWith(9, &Finishing::twoStaples, 10);
+    current.finishing.slipSheet = 2;
+    const auto run = [&current](const std::function<void(Gtk::Dialog&)>& act) {
+        const DialogAnswer answer([&act](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+            act(dialog);
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        return RunOffsetSetupDialog(nullptr, BuiltBundle(), current, {}).value();
+    };
+    const auto press = [](Gtk::Dialog& dialog, const char* name, bool isOn) {
+        FindWidget<Gtk::ToggleButton>(dialog, name)->set_active(isOn);
+    };
+    const Finishing subsets = run([&press](Gtk::Dialog& dialog) {
+        EXPECT_TRUE(FindWidget<Gtk::ToggleButton>(dialog, "TPDE1101")->get_active());
+        EXPECT_FALSE(FindWidget<Gtk::Widget>(dialog, "TPDE1106")->get_sensitive());
+        press(dialog, "TPDE1104", true);
+        press(dialog, "TPDE1106", true);
+        auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
+        EXPECT_TRUE(pages->get_sensitive());
+        pages->set_value(10'000);
+        press(dialog, "TPDE1108", false);
+    });
+    EXPECT_EQ(subsets.offset, 4);
+    EXPECT_EQ(subsets.offsetSubset, 1);
+    EXPECT_EQ(subsets.pagesPerSubset, 9999);
+    EXPECT_EQ(subsets.slipSheet, 1);
+    EXPECT_EQ(subsets.twoStaples, 10);
+    current.finishing = subsets;
+    const Finishing sets = run([&press](Gtk::Dialog& dialog) { press(dialog, "TPDE1103", true); });
+    EXPECT_EQ(sets.offset, 3);
+    EXPECT_EQ(sets.offsetSubset, 0);
+}
+
+TEST(OffsetDialog, LeavesOutWhatIsNotInstalled)
+{
+    FinishedSet current;
+    current.finishing.offset = 7;
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        EXPECT_TRUE(AllOf<Gtk::RadioButton>(dialog).empty());
+        FindWidget<Gtk::ToggleButton>(dialog, "TPDE1108")->set_active(true);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    const auto chosen = RunOffsetSetupDialog(nullptr, BuiltBundle(), current, {false, true});
+    current.finishing.slipSheet = 2;
+    EXPECT_EQ(chosen, current.finishing) << "the offset as it was";
+}
+
+TEST(BookletFinishingDialog, OffersNoFoldingOnlyToALayout)
+{
+    const FinishedSet current;
+    for (const bool offersNone : {false, true}) {
+        const DialogAnswer answer([offersNone](Gtk::Dialog& dialog) {
+            const auto buttons = AllOf<Gtk::RadioButton>(dialog);
+            EXPECT_EQ(buttons.size(), offersNone ? 3U : 2U);
+            EXPECT_TRUE(buttons.front()->get_active());
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, BuiltBundle(), current, offersNone),
+                  offersNone ? 1 : 7);
+    }
+}
+
+TEST(FinishingDialogs, ChangeNothingWithoutTheirDescription)
+{
+    for (const char* description : {"", "<interface/>"}) {
+        const BundleCopy copy;
+        const CFBundle bundle = copy.bundle();
+        std::ofstream(copy.resource("Finishing.ui")) << description;
+        const FinishedSet current;
+        for (const std::int32_t option : {4, 30, 49, 0, 53}) {
+            EXPECT_EQ(RunFinishingDialog(nullptr, bundle, option, current, Offers), std::nullopt);
+        }
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, bundle, current, {}), std::nullopt);
+        EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, bundle, current, true), std::nullopt);
+    }
+}
+
+} // namespace
+} // namespace tarvo
