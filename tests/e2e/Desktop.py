@@ -96,8 +96,8 @@ def show_tab(program, name):
     return tab
 
 
-def press(program, name):
-    wait_for(f"button {name}", lambda: find(program, "push button", name)).queryAction().doAction(0)
+def press(program, name, role="push button"):
+    wait_for(f"{role} {name}", lambda: find(program, role, name)).queryAction().doAction(0)
 
 
 def click(program, name, role="push button"):

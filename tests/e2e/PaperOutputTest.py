@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from Desktop import DesktopTest, Pdf, choose_item, click, find, jobs, open_print_dialog, options_of_next_job, show_tab, wait_for
+from Desktop import DesktopTest, Pdf, choose_item, click, jobs, open_print_dialog, options_of_next_job, press, show_tab
 
 Ticket = os.environ["TARVO_TICKET"]
 
@@ -24,12 +24,17 @@ class PaperOutput(DesktopTest):
             choose_item("evince", "Job Type", "Hold")
             choose_item("evince", "Sides", "2-Sided, Flip on Long Edge")
             choose_item("evince", "Output Tray", "Main Tray")
+            choose_item("evince", "Finishing", "2 Staples…")
+            press("evince", "2 staples, left or top", "radio button")
+            press("evince", "OK")
             click("evince", "Print")
             options = options_of_next_job(before)
         entries = plistlib.loads(subprocess.run([Ticket, "from-job", options], capture_output=True, check=True).stdout)
         self.assertEqual(entries["com.tarvo.print.JobType"], {"JobType": 2})
         self.assertEqual(entries["com.tarvo.print.FinishingDuplex"], 2)
         self.assertEqual(entries["com.tarvo.print.FinishingOutputDestination"], 4)
+        self.assertEqual(entries["com.tarvo.print.FinishingOptions"], 9)
+        self.assertEqual(entries["com.tarvo.print.FinishingStaple2Value"], 10)
         self.assertIn(" Duplex=DuplexNoTumble", options)
 
 

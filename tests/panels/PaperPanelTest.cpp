@@ -29,6 +29,17 @@ namespace {
 
 using testing::IsEmpty;
 
+// The label in a button; null when there is none.
+Gtk::Label* FindLabel(Gtk::Widget& button)
+{
+    Gtk::Label* found = nullptr;
+    ForEachWidget(button, [&found](Gtk::Widget& widget) {
+        auto* label = dynamic_cast<Gtk::Label*>(&widget);
+        found = label == nullptr ? found : label;
+    });
+    return found;
+}
+
 const std::string Keywords = PickOne("Duplex", "None", {"None", "DuplexNoTumble", "DuplexTumble"}) +
                              PickOne("OutputBin", "Auto", {"Auto", "Booklet"}) +
                              "*UIConstraints: *OutputBin Booklet *Duplex None\n";
@@ -186,6 +197,54 @@ TEST_F(PaperPanel, ASecureJobHasThePasscodeOfItsDialog)
     answerWith("4711", "4711", Gtk::RESPONSE_OK);
     EXPECT_EQ(*jobType().get<std::string>("SecurePrintPassword"), "4711");
     EXPECT_EQ(panel_->jobType()->int32("JobType"), 6);
+}
+
+TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
+{
+    ticket_->setItem("x", Staple1ValueKey, 5); // of another family, left over
+    open();
+    const auto answerWith = [this](const char* radio, int response,
+                                   const std::function<void()>& act) {
+        bool isAnswered = false;
+        const DialogAnswer answer([&](Gtk::Dialog& dialog) {
+            isAnswered = true;
+            EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+            ForEachWidget(dialog, [radio](Gtk::Widget& widget) {
+                auto* button = dynamic_cast<Gtk::RadioButton*>(&widget);
+                const auto* label = button == nullptr ? nullptr : FindLabel(*button);
+                if (label != nullptr && label->get_text() == radio) {
+                    button->set_active(true);
+                }
+            });
+            dialog.response(response);
+        });
+        act();
+        while (!isAnswered) {
+            g_main_context_iteration(nullptr, TRUE);
+        }
+    };
+    answerWith("2 staples, right or bottom", Gtk::RESPONSE_CANCEL,
+               [this] { choose("Tshl230", "2 Staples…"); });
+    EXPECT_EQ(shown("Tshl230"), "Printer Default") << "the family is as it was";
+    EXPECT_FALSE(control<Gtk::Button>("Tshl233").get_sensitive());
+    answerWith("2 staples, left or top", Gtk::RESPONSE_OK,
+               [this] { choose("Tshl230", "2 Staples…"); });
+    EXPECT_EQ(shown("Tshl230"), "2 Staples…");
+    EXPECT_EQ(control<Gtk::Label>("Tshl231").get_text(),
+              "2 staples, left or top\nOffset: Printer Default");
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(FinishingOptionsKey)->value, CFPropertyList(9));
+    EXPECT_EQ(ticket_->item(Staple2ValueKey)->value, CFPropertyList(10));
+    EXPECT_EQ(ticket_->item(Staple1ValueKey)->value, CFPropertyList(0))
+        << "would be printed instead";
+
+    answerWith("2 staples, right or bottom", Gtk::RESPONSE_OK,
+               [this] { control<Gtk::Button>("Tshl233").clicked(); });
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(Staple2ValueKey)->value, CFPropertyList(13));
+    choose("Tshl230", "None");
+    TurnMainLoop();
+    EXPECT_EQ(control<Gtk::Label>("Tshl231").get_text(), "None\nOffset: Printer Default");
 }
 
 // Of a dialog that stays open after its first answer.

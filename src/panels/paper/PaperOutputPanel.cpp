@@ -2,6 +2,7 @@
 
 #include "panels/PanelEnvironment.h"
 #include "panels/paper/ConflictNotice.h"
+#include "panels/paper/FinishingSection.h"
 #include "panels/paper/JobTypeSection.h"
 #include "panels/paper/PaperConflicts.h"
 #include "panels/paper/PaperOutputMenus.h"
@@ -31,7 +32,10 @@ struct NoticeRow {
 };
 constexpr NoticeRow NoticeRows[] = {
     {PaperControl::JobType,     "Tshl2201"},
+    {PaperControl::Stock,       "Tshl2202"},
     {PaperControl::Sides,       "Tshl2203"},
+    {PaperControl::Finishing,   "Tshl2204"},
+    {PaperControl::Offset,      "Tshl2205"},
     {PaperControl::Destination, "Tshl2206"},
 };
 
@@ -121,6 +125,7 @@ private:
         auto jobType = std::make_unique<JobTypeSection>(nib, settings_, controls_);
         const auto sides = nib.widget<Gtk::ComboBox>("Tshl220");
         const auto sidesPicture = nib.widget<Gtk::Image>("Tshl221");
+        auto finishing = std::make_unique<FinishingSection>(nib, settings_, controls_);
         const auto destination = nib.widget<Gtk::ComboBox>("Tshl240");
         const auto color = nib.widget<Gtk::ComboBox>("Tshl250");
         std::vector<Glib::RefPtr<Gtk::Box>> notices;
@@ -133,6 +138,8 @@ private:
         jobType_ = std::move(jobType);
         jobType_->bind();
         bindSides(sides, sidesPicture);
+        finishing_ = std::move(finishing);
+        finishing_->bind();
         bindOutput(destination, color);
         bindNotices(notices);
         controls_.show();
@@ -200,6 +207,7 @@ private:
     PaperOutputSettings settings_ = FreshPaperOutputSettings(CurrentTime());
     ControlBindings controls_;
     std::unique_ptr<JobTypeSection> jobType_;
+    std::unique_ptr<FinishingSection> finishing_;
     std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
     Gtk::Container* pane_ = nullptr;
     bool isOpened_ = false;

@@ -1,0 +1,148 @@
+#include "panels/paper/FinishingSection.h"
+
+#include "panels/PanelEnvironment.h"
+#include "panels/finishing/FinishingDialogs.h"
+#include "panels/paper/PaperOutputSettings.h"
+#include "panels/toolkit/ControlBindings.h"
+#include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/Nib.h"
+#include "printer/PPDKeywordMaps.h"
+#include "printer/PrinterDescription.h"
+#include "records/FinishingMenu.h"
+
+#include <glibmm/main.h>
+
+namespace tarvo {
+namespace {
+
+// The picture of the finished set, in points.
+constexpr int PictureWidth = 120;
+constexpr int PictureHeight = 90;
+
+std::vector<FinishingOffer> OffersOfPrinter()
+{
+    const auto* printer = PrinterDescription::Current();
+    if (printer == nullptr || printer->installable() == nullptr) {
+        return {};
+    }
+    const auto folds = printer->uiDictionary()->copyOptions(FoldMainKeyword);
+    return FinishingOffers(*printer->installable(), folds.value_or(PPDKeywordInfos()));
+}
+
+OffsetOffers OffsetOffersOfPrinter()
+{
+    return {.offset = getInstalledFeature("Offset"),
+            .slipSheets = getInstalledFeature("SlipSheets")};
+}
+
+std::string WithoutLastLineFeed(std::string lines)
+{
+    lines.resize(lines.find_last_not_of('\n') + 1);
+    return lines;
+}
+
+bool IsLandscape(const PMPrintSession* session)
+{
+    const auto orientation = session == nullptr || !session->pageFormat
+                                 ? PageOrientation::Portrait
+                                 : session->pageFormat->orientation;
+    return orientation == PageOrientation::Landscape ||
+           orientation == PageOrientation::ReverseLandscape;
+}
+
+FinishedSet FinishedSetOf(const PaperOutputSettings& settings)
+{
+    return {.finishing = settings.finishing,
+            .paperColor = settings.stock.color(),
+            .sides = settings.sides,
+            .isLandscape = IsLandscape(GetCurrentPrintSession())};
+}
+
+} // namespace
+
+FinishingSection::FinishingSection(Nib& nib, PaperOutputSettings& settings,
+                                   ControlBindings& bindings)
+    : settings_(settings),
+      bindings_(bindings),
+      family_(nib.widget<Gtk::ComboBox>("Tshl230")),
+      setup_(nib.widget<Gtk::Button>("Tshl233")),
+      summary_(nib.widget<Gtk::Label>("Tshl231")),
+      picture_(nib.widget<Gtk::Box>("Tshl260")),
+      offset_(nib.widget<Gtk::Button>("Tshl232")),
+      view_(PictureWidth, PictureHeight)
+{
+}
+
+void FinishingSection::bind()
+{
+    bindFamily();
+    bindPicture();
+    const OffsetOffers offers = OffsetOffersOfPrinter();
+    offset_->set_visible(offers.offset || offers.slipSheets);
+    offset_->signal_clicked().connect(Guarded([this] { setUpOffset(); }));
+}
+
+// A family's dialog waits until its pop-up button has closed: it would run inside it. One that is
+// chosen already is changed with the button beside it.
+void FinishingSection::bindFamily()
+{
+    bindings_.bindMenu(
+        family_,
+        [this] { return FinishingMenu(*GetPDEBundle(), OffersOfPrinter(), settings_.finishing); },
+        [this](std::int32_t option) {
+            Glib::signal_idle().connect_once(Guarded([this, option, alive = std::weak_ptr(alive_)] {
+                if (!alive.expired()) {
+                    choose(option);
+                }
+            }));
+        });
+    setup_->signal_clicked().connect(
+        Guarded([this] { choose(FinishingMenuValue(settings_.finishing)); }));
+}
+
+void FinishingSection::bindPicture()
+{
+    view_.Gtk::Widget::show();
+    picture_->add(view_);
+    bindings_.bindView([this] {
+        const CFBundle& bundle = *GetPDEBundle();
+        setup_->set_sensitive(HasFinishingDialog(FinishingMenuValue(settings_.finishing)));
+        summary_->set_text(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle)));
+        view_.show(FinishedSetOf(settings_), bundle);
+    });
+}
+
+void FinishingSection::choose(std::int32_t option)
+{
+    if (HasFinishingDialog(option)) {
+        take([option](const FinishedSet& set) {
+            return RunFinishingDialog(GetPDEWindow(), *GetPDEBundle(), option, set,
+                                      OffersOfPrinter());
+        });
+        return;
+    }
+    settings_.finishing = ChooseFinishing(settings_.finishing, option);
+    bindings_.show();
+}
+
+void FinishingSection::setUpOffset()
+{
+    take([](const FinishedSet& set) {
+        return RunOffsetSetupDialog(GetPDEWindow(), *GetPDEBundle(), set, OffsetOffersOfPrinter());
+    });
+}
+
+// A dialog that is cancelled leaves the family as it was, in its pop-up button too.
+void FinishingSection::take(
+    const std::function<std::optional<FinishingChoice>(const FinishedSet&)>& runDialog)
+{
+    const std::weak_ptr<bool> alive = alive_;
+    const auto choice = runDialog(FinishedSetOf(settings_));
+    if (alive.expired()) {
+        return;
+    }
+    settings_.finishing = choice.value_or(settings_.finishing);
+    bindings_.show();
+}
+
+} // namespace tarvo
