@@ -97,7 +97,7 @@ bool MeasureSwitches(const char* printer, const char* tab)
     constexpr int Changes = 100;
     const tarvo::DialogDriver driver;
     GtkWidget* next = nullptr;
-    if (!driver.choose(printer)) {
+    if (!driver.choose(printer) || !tarvo::TurnUntil([&] { return driver.tab(tab) != nullptr; })) {
         return false;
     }
     const std::clock_t opening = std::clock();

@@ -5,6 +5,7 @@
 #include <gtkmm/cellrenderertext.h>
 #include <gtkmm/liststore.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tarvo {
@@ -48,6 +49,37 @@ void PrepareButton(Gtk::ComboBox& button)
                                          false);
 }
 
+Glib::RefPtr<Gtk::ListStore> ItemsOf(const Menu& menu)
+{
+    const auto items = Gtk::ListStore::create(TheColumns());
+    for (const MenuItem& item : menu) {
+        const auto row = items->append();
+        (*row)[TheColumns().text] = item.text;
+        (*row)[TheColumns().value] = item.value;
+        (*row)[TheColumns().isEnabled] = item.isEnabled;
+        (*row)[TheColumns().isSeparator] = item.isSeparator();
+    }
+    return items;
+}
+
+// Other items are costly: the toolkit makes and measures a menu for them.
+bool HasItems(const Gtk::ComboBox& button, const Menu& menu)
+{
+    const auto model = button.get_model();
+    if (!model) {
+        return false;
+    }
+    const auto rows = model->children();
+    return rows.size() == menu.size() &&
+           std::equal(menu.begin(), menu.end(), rows.begin(),
+                      [](const MenuItem& item, const Gtk::TreeRow& row) {
+                          return row.get_value(TheColumns().text).raw() == item.text &&
+                                 row.get_value(TheColumns().value) == item.value &&
+                                 row.get_value(TheColumns().isEnabled) == item.isEnabled &&
+                                 row.get_value(TheColumns().isSeparator) == item.isSeparator();
+                      });
+}
+
 } // namespace
 
 void PopulatePopupButton(Gtk::ComboBox& button, const Menu& menu)
@@ -55,22 +87,12 @@ void PopulatePopupButton(Gtk::ComboBox& button, const Menu& menu)
     if (!button.get_model()) {
         PrepareButton(button);
     }
-    const auto items = Gtk::ListStore::create(TheColumns());
-    Gtk::TreeModel::iterator checked;
-    for (const MenuItem& item : menu) {
-        const auto row = items->append();
-        (*row)[TheColumns().text] = item.text;
-        (*row)[TheColumns().value] = item.value;
-        (*row)[TheColumns().isEnabled] = item.isEnabled;
-        (*row)[TheColumns().isSeparator] = item.isSeparator();
-        if (item.isChecked && !checked) {
-            checked = row;
-        }
+    if (!HasItems(button, menu)) {
+        button.set_model(ItemsOf(menu));
     }
-    button.set_model(items);
-    if (checked) {
-        button.set_active(checked);
-    }
+    const auto checked =
+        std::find_if(menu.begin(), menu.end(), [](const MenuItem& item) { return item.isChecked; });
+    button.set_active(checked == menu.end() ? -1 : static_cast<int>(checked - menu.begin()));
 }
 
 void SetPopupButtonToTicketValue(Gtk::ComboBox* button, std::int32_t value)
