@@ -371,7 +371,7 @@ private:
         fillAndStroke(AccentInk);
     }
 
-    // Nobody here knows what a template of the front end does: a frame says that it does something.
+    // What a template does, only the front end knows: a frame says that it does something.
     void drawTemplateFrame()
     {
         if (set_.finishing.option != FinishingFamily::Custom) {
@@ -390,14 +390,14 @@ private:
     void drawStaples()
     {
         for (const StapleMark& staple : marks_.staples) {
-            drawStaple(staple, std::max(4.0, unit_ * 0.08), StapleLight);
-            drawStaple(staple, std::max(2.0, unit_ * 0.042), StapleInk);
+            drawStaple(staple, std::max(5.0, unit_ * 0.085), StapleLight);
+            drawStaple(staple, std::max(3.0, unit_ * 0.045), StapleInk);
         }
     }
 
     void drawStaple(const StapleMark& staple, double thickness, const Ink& ink)
     {
-        const double half = std::max(3.0, unit_ * 0.075);
+        const double half = std::max(4.0, unit_ * 0.075);
         const double angle = staple.degrees * std::numbers::pi / 180;
         const PicturePoint middle = geometry_.at(staple.place);
         const double dx = half * std::cos(angle);
