@@ -22,6 +22,6 @@ which exports, imports, shows and checks job tickets.
 The tab is there for users who have the module in their list, see tarvo-print(1).")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libcups2) # loaded when first needed, so no program names it
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS cups-client)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "cups-client, librsvg2-common") # the latter for sharp pictures
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS bash-completion)
 include(CPack)

@@ -24,9 +24,9 @@ constexpr double QuarterTurn = 90;
 
 // Distances from an edge, in parts of the width of upright paper, whose height is the square root
 // of two of it.
-constexpr double StapleInset = 0.045;
+constexpr double StapleInset = 0.06;
 constexpr double CornerInset = 0.09;
-constexpr double HoleInset = 0.075;
+constexpr double HoleInset = 0.115;
 constexpr double WidthOfHeight = 0.7071;
 
 // A place at the side that has this number in TwoStaplesMap, CenterStapleMap and PunchMap.

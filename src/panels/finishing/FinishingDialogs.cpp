@@ -55,8 +55,8 @@ struct PicturedChoice {
     FinishedSet set;
 };
 
-constexpr int PictureSize = 76;
-constexpr int CharactersOfLabel = 26; // before it wraps
+constexpr int PictureSize = 84;
+constexpr int CharactersOfLabel = 22; // before it wraps
 
 // A radio button with the picture before its text.
 Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,

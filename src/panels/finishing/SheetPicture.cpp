@@ -1,6 +1,8 @@
 #include "panels/finishing/SheetPicture.h"
 
 #include "panels/finishing/SheetGeometry.h"
+#include "panels/finishing/SheetInks.h"
+#include "panels/finishing/TurnedCorner.h"
 #include "settings/FinishingMaps.h"
 #include "settings/JobMaps.h"
 
@@ -10,58 +12,6 @@
 
 namespace tarvo {
 namespace {
-
-struct Ink {
-    double red;
-    double green;
-    double blue;
-    double opacity = 1;
-};
-
-constexpr Ink EdgeInk = {0.22, 0.26, 0.30};
-constexpr Ink PrintInk = {0.22, 0.26, 0.30, 0.38};
-constexpr Ink StapleInk = {0.20, 0.24, 0.29};
-constexpr Ink StapleLight = {1, 1, 1, 0.85};    // around staples, for dark paper
-constexpr Ink AccentInk = {0.114, 0.42, 0.451}; // binding, what a template does
-constexpr Ink SlipSheetInk = {0.95, 0.72, 0.29};
-constexpr Ink PlainPaper = {1, 1, 1};
-
-// What the colours of StockColorMap look like.
-struct PaperRow {
-    std::int32_t color;
-    Ink ink;
-};
-
-constexpr PaperRow PaperMap[] = {
-    {1,  {1, 1, 1, 1}           },
-    {2,  {0.78, 0.87, 0.96, 1}  },
-    {3,  {0.99, 0.95, 0.65, 1}  },
-    {4,  {0.80, 0.92, 0.77, 1}  },
-    {5,  {0.97, 0.82, 0.86, 1}  },
-    {6,  {0.88, 0.95, 0.98, 0.7}}, // a film through which one sees
-    {7,  {0.95, 0.87, 0.71, 1}  },
-    {8,  {0.95, 0.81, 0.42, 1}  },
-    {9,  {0.90, 0.54, 0.51, 1}  },
-    {11, {0.99, 0.97, 0.88, 1}  },
-    {12, {0.84, 0.85, 0.85, 1}  },
-    {13, {0.98, 0.77, 0.56, 1}  },
-};
-
-// White for a colour that has no look: the printer's default and those of a name.
-Ink PaperInk(std::int32_t color)
-{
-    for (const PaperRow& row : PaperMap) {
-        if (row.color == color) {
-            return row.ink;
-        }
-    }
-    return PlainPaper;
-}
-
-Ink Shaded(const Ink& ink, double brightness)
-{
-    return {ink.red * brightness, ink.green * brightness, ink.blue * brightness, ink.opacity};
-}
 
 // An even part of the sheet between two folds.
 struct PanelOfSheet {
@@ -94,48 +44,6 @@ std::vector<PanelOfSheet> PanelsOf(const SheetFolds& folds)
         return left.height() < right.height();
     });
     return panels;
-}
-
-// The corner of the top sheet that is turned up, so that one sees its other side: the ear is longer
-// along the edge that the reader turns. It is where nothing of the finishing is.
-struct TurnedCorner {
-    SheetPlace corner;
-    SheetPlace onUpright; // where the ear ends on the upright edge
-    SheetPlace onFlat;
-};
-
-TurnedCorner CornerToTurn(const FinishedSet& set, const FinishingMarks& marks)
-{
-    double right = 0;
-    double bottom = 0;
-    const auto weigh = [&](SheetPlace place) {
-        right += place.x - 0.5;
-        bottom += place.y - 0.5;
-    };
-    for (const StapleMark& staple : marks.staples) {
-        weigh(staple.place);
-    }
-    std::for_each(marks.holes.begin(), marks.holes.end(), weigh);
-    const bool isLeft = right > 0.1 || marks.binding == SheetEdge::Right;
-    const bool isTop = bottom > 0.1 || marks.binding == SheetEdge::Bottom;
-    const bool turnsUprightEdge = (set.sides == TwoSidedLongEdge) != set.isLandscape;
-    const double alongUpright = turnsUprightEdge ? 0.42 : 0.13;
-    const double alongFlat = turnsUprightEdge ? 0.17 : 0.52;
-    const double x = isLeft ? 0 : 1;
-    const double y = isTop ? 0 : 1;
-    return {
-        {x,                                  y                                      },
-        {x,                                  isTop ? alongUpright : 1 - alongUpright},
-        {isLeft ? alongFlat : 1 - alongFlat, y                                      }
-    };
-}
-
-PicturePoint Mirrored(PicturePoint point, PicturePoint from, PicturePoint to)
-{
-    const double dx = to.x - from.x;
-    const double dy = to.y - from.y;
-    const double part = ((point.x - from.x) * dx + (point.y - from.y) * dy) / (dx * dx + dy * dy);
-    return {2 * (from.x + part * dx) - point.x, 2 * (from.y + part * dy) - point.y};
 }
 
 class SheetPainter {
@@ -371,7 +279,7 @@ private:
         fillAndStroke(AccentInk);
     }
 
-    // Nobody here knows what a template of the front end does: a frame says that it does something.
+    // What a template does, only the front end knows: a frame says that it does something.
     void drawTemplateFrame()
     {
         if (set_.finishing.option != FinishingFamily::Custom) {
@@ -390,14 +298,14 @@ private:
     void drawStaples()
     {
         for (const StapleMark& staple : marks_.staples) {
-            drawStaple(staple, std::max(4.0, unit_ * 0.08), StapleLight);
-            drawStaple(staple, std::max(2.0, unit_ * 0.042), StapleInk);
+            drawStaple(staple, std::max(5.0, unit_ * 0.085), StapleLight);
+            drawStaple(staple, std::max(3.0, unit_ * 0.045), StapleInk);
         }
     }
 
     void drawStaple(const StapleMark& staple, double thickness, const Ink& ink)
     {
-        const double half = std::max(3.0, unit_ * 0.075);
+        const double half = std::max(4.0, unit_ * 0.075);
         const double angle = staple.degrees * std::numbers::pi / 180;
         const PicturePoint middle = geometry_.at(staple.place);
         const double dx = half * std::cos(angle);

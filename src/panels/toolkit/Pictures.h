@@ -8,8 +8,10 @@ namespace tarvo {
 
 class CFBundle;
 
-/// Shows a picture of the bundle at half its size in pixels, so that it is sharp on a screen of
-/// twice the density too. A missing or broken picture leaves the image empty.
+/// Shows a picture of the bundle at half its size in pixels. Where pictures/ has a drawing of its
+/// name, that is shown instead, sharp at any density of the screen. A missing or broken picture
+/// leaves the image empty.
+/// @param fileName  such as "Fax.gif", whose drawing is pictures/Fax.svg
 /// @return whether there is one
 bool ShowPicture(const CFBundle& bundle, Gtk::Image& image, const std::string& fileName);
 
