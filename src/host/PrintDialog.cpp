@@ -53,6 +53,8 @@ void Alert(GtkPrintUnixDialog* dialog, const char* header, const char* message)
 
 using Owner = std::shared_ptr<PrintDialog>;
 
+constexpr const char* OwnerKey = "tarvo-print-dialog";
+
 void DeleteOwner(gpointer owner)
 {
     std::unique_ptr<Owner>(static_cast<Owner*>(owner)).reset();
@@ -60,48 +62,45 @@ void DeleteOwner(gpointer owner)
 
 } // namespace
 
-void PrintDialog::Watch(GtkPrintUnixDialog* dialog)
+void PrintDialog::PrinterSelected(GtkPrintUnixDialog* dialog)
 {
-    auto owner = std::make_unique<Owner>(std::make_shared<PrintDialog>(dialog));
-    (*owner)->connectSignals();
-    g_object_set_data_full(G_OBJECT(dialog), "tarvo-print-dialog", owner.release(), DeleteOwner);
+    if (!Of(dialog)) {
+        Adopt(dialog);
+    }
+    Of(dialog)->printerSelected();
 }
 
-void PrintDialog::connectSignals()
+bool PrintDialog::Respond(GtkPrintUnixDialog* dialog, int response)
 {
-    g_signal_connect(dialog_, "notify::selected-printer",
-                     G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
-                         Guarded([self] { static_cast<PrintDialog*>(self)->printerSelected(); });
-                     }),
-                     this);
-    g_signal_connect(dialog_, "response",
-                     G_CALLBACK(+[](GtkDialog* dialog, gint response, gpointer self) {
-                         Guarded([dialog, response, self] {
-                             if (!static_cast<PrintDialog*>(self)->respond(response)) {
-                                 g_signal_stop_emission_by_name(dialog, "response");
-                             }
-                         });
-                     }),
-                     this);
-    g_signal_connect(dialog_, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
+    const auto self = Of(dialog); // the dialog may end meanwhile
+    return !self || self->respond(response);
+}
+
+std::shared_ptr<PrintDialog> PrintDialog::Of(GtkPrintUnixDialog* dialog)
+{
+    auto* owner = static_cast<Owner*>(g_object_get_data(G_OBJECT(dialog), OwnerKey));
+    return owner == nullptr ? nullptr : *owner;
+}
+
+void PrintDialog::Adopt(GtkPrintUnixDialog* dialog)
+{
+    auto owner = std::make_unique<Owner>(std::make_shared<PrintDialog>(dialog));
+    g_signal_connect(dialog, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
                          Guarded([self] { static_cast<PrintDialog*>(self)->dialogDestroyed(); });
                      }),
-                     this);
+                     owner->get());
+    g_object_set_data_full(G_OBJECT(dialog), OwnerKey, owner.release(), DeleteOwner);
 }
 
 // The dialog itself, and this, may stay for as long as the application keeps a reference.
 void PrintDialog::dialogDestroyed()
 {
-    isGone_ = true;
-    printer_.clear();
+    printer_.clear(); // no answer to an inquiry is for this
     end();
 }
 
 void PrintDialog::printerSelected()
 {
-    if (isGone_) {
-        return;
-    }
     std::string printer = NameOf(gtk_print_unix_dialog_get_selected_printer(dialog_));
     if (session_ && printer == printer_) {
         return;
@@ -122,7 +121,7 @@ void PrintDialog::printerSelected()
 // The user may have gone on to another printer meanwhile, and back.
 void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
 {
-    if (!isGone_ && printer == printer_ && !session_ && facts.isOurs()) {
+    if (printer == printer_ && !session_ && facts.isOurs()) {
         session_ = DialogSession::Begin(dialog_, facts);
     }
 }
@@ -130,7 +129,6 @@ void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
 // False keeps the dialog open. The plug-in may turn the main loop, in which everything can end.
 bool PrintDialog::respond(int response)
 {
-    const auto self = shared_from_this();
     const auto session = session_;
     const std::int32_t control = ControlOf(response);
     if (response == GTK_RESPONSE_OK) { // what another dialog has left is not for this one's job
