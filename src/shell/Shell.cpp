@@ -410,8 +410,10 @@ OSStatus Shell::close()
             record.panel->close();
         }
     }
-    MyRemoveThread(); // nothing when there is none
-    windowEvents_.reset();
+    if (windowEvents_) {
+        MyRemoveThread(windowEvents_->window()); // nothing when there is none
+        windowEvents_.reset();
+    }
     return StatusOk;
 }
 
