@@ -51,6 +51,13 @@ void Alert(GtkPrintUnixDialog* dialog, const char* header, const char* message)
     g_object_unref(alert);
 }
 
+// Applications give the dialog's page setup to the job as it is.
+PendingTickets::Token TokenOf(GtkPrintUnixDialog* dialog)
+{
+    GtkPageSetup* setup = gtk_print_unix_dialog_get_page_setup(dialog);
+    return setup == nullptr ? nullptr : PendingTickets::Token(g_object_ref(setup), g_object_unref);
+}
+
 using Owner = std::shared_ptr<PrintDialog>;
 
 constexpr const char* OwnerKey = "tarvo-print-dialog";
@@ -131,28 +138,29 @@ bool PrintDialog::respond(int response)
 {
     const auto session = session_;
     const std::int32_t control = ControlOf(response);
-    if (response == GTK_RESPONSE_OK) { // what another dialog has left is not for this one's job
-        static_cast<void>(PendingTickets::Shared().take(printer_));
+    if (session && control != 0 && !session->allowsButton(control)) {
+        return false;
     }
-    if (!session || control == 0) {
+    if (response != GTK_RESPONSE_OK || printer_.empty() || session != session_) {
         return true;
     }
-    if (!session->allowsButton(control)) {
-        return false;
-    }
-    return response != GTK_RESPONSE_OK || session != session_ || keepTicket(*session);
+    return keepTicket(session.get());
 }
 
-bool PrintDialog::keepTicket(DialogSession& session) const
+// Without a session it is told, too, so that this dialog's job takes no ticket of another's.
+bool PrintDialog::keepTicket(DialogSession* session) const
 {
-    JobOptionsFault fault = JobOptionsFault::None;
-    auto options = JobOptionsOf(session.fillTicket(), fault);
-    if (!options) {
-        Alert(dialog_, CannotSendHeaderKey,
-              fault == JobOptionsFault::TooLarge ? TooLargeMessageKey : NotWritableMessageKey);
-        return false;
+    std::optional<JobOptions> options;
+    if (session != nullptr) {
+        JobOptionsFault fault = JobOptionsFault::None;
+        options = JobOptionsOf(session->fillTicket(), fault);
+        if (!options) {
+            Alert(dialog_, CannotSendHeaderKey,
+                  fault == JobOptionsFault::TooLarge ? TooLargeMessageKey : NotWritableMessageKey);
+            return false;
+        }
     }
-    PendingTickets::Shared().keep(printer_, std::move(*options));
+    PendingTickets::Shared().keep(printer_, TokenOf(dialog_), std::move(options));
     return true;
 }
 

@@ -21,7 +21,7 @@ private:
     void printerSelected();
     void begin(const std::string& printer, const PrinterFacts& facts);
     bool respond(int response);
-    bool keepTicket(DialogSession& session) const;
+    bool keepTicket(DialogSession* session) const;
     void dialogDestroyed();
     void end() { session_.reset(); }
 
