@@ -1,6 +1,7 @@
 // The module that GTK's list of modules names, and so every GTK 3 program loads: it must cost next
 // to nothing. It names no library that such a program lacks, not even the C++ runtime, and only
-// watches for the first print dialog, with which it loads the host part.
+// watches for print dialogs. The first printer that is selected in one loads the host part: by then
+// the dialog is on the screen.
 #include "host/HostInterface.h"
 
 #include <dlfcn.h>
@@ -55,6 +56,10 @@ void LoadHost()
             reinterpret_cast<TarvoDialogResponse>(dlsym(host, TARVO_DIALOG_RESPONSE));
         hostJobConstructed =
             reinterpret_cast<TarvoJobConstructed>(dlsym(host, TARVO_JOB_CONSTRUCTED));
+        if (hostPrinterSelected == nullptr || hostDialogResponse == nullptr ||
+            hostJobConstructed == nullptr) {
+            g_printerr("tarvo-print-module: %s is of another version\n", path);
+        }
     } else {
         const char* reason = path == nullptr ? "tarvo-printhost.so is missing" : dlerror();
         g_printerr("tarvo-print-module: %s\n", reason);
