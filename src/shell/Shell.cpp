@@ -26,6 +26,8 @@ namespace {
 // The panel that was shown last in any dialog: the next one begins by leaving it.
 std::int32_t lastTabIndexOfAll = 0;
 
+std::uint64_t lastNumberOfAll = 0;
+
 // The current one last. The list never ends: the toolkit may ask for it until the process has
 // ended.
 std::vector<Shell*>& LivingShells()
@@ -125,7 +127,7 @@ Shell::Listed::~Listed()
 }
 
 Shell::Shell(const CFBundle* bundle, const PanelGetter* getters)
-    : bundle_(bundle), lastTabIndex_(lastTabIndexOfAll)
+    : number_(++lastNumberOfAll), bundle_(bundle), lastTabIndex_(lastTabIndexOfAll)
 {
     static const bool isWatching = (WatchUsersSignals(), true);
     static_cast<void>(isWatching);
@@ -153,6 +155,8 @@ Shell::~Shell()
 void Shell::publish()
 {
     PanelEnvironment& environment = ThePanelEnvironment();
+    environment.dialog = number_;
+    environment.makeCurrent = MakeCurrent;
     environment.bundle = bundle_;
     environment.session = session_;
     environment.sync = [this](SyncDirection direction) { return sync(session_, direction); };
@@ -176,6 +180,19 @@ void Shell::makeCurrent()
         LivingShells().push_back(this);
         publish();
     }
+}
+
+bool Shell::MakeCurrent(std::uint64_t number)
+{
+    const auto& living = LivingShells();
+    const auto found = std::find_if(living.begin(), living.end(), [number](const Shell* shell) {
+        return shell->number_ == number;
+    });
+    if (found == living.end()) {
+        return false;
+    }
+    (*found)->makeCurrent();
+    return true;
 }
 
 Gtk::Window* Shell::window() const
