@@ -51,18 +51,31 @@ constexpr SignalRow UsersSignals[] = {
     {nullptr,                    nullptr  },
 };
 
+// The dialog in whose pane a widget is, or whose panels have opened the window that it is in; null
+// when it is none of theirs.
+Shell* ShellOf(GtkWidget* widget)
+{
+    const auto& living = LivingShells();
+    auto found = std::find_if(living.begin(), living.end(),
+                              [widget](const Shell* shell) { return shell->contains(widget); });
+    GtkWidget* window = gtk_widget_get_toplevel(widget);
+    while (found == living.end() && GTK_IS_WINDOW(window)) { // a dialog may have opened another
+        window = GTK_WIDGET(gtk_window_get_transient_for(GTK_WINDOW(window)));
+        found = std::find_if(living.begin(), living.end(), [window](const Shell* shell) {
+            return window != nullptr && shell->isIn(window);
+        });
+    }
+    return found == living.end() ? nullptr : *found;
+}
+
 // Comes before the handlers, so that those of a panel find their own dialog among several.
 gboolean BeforeHandlers(GSignalInvocationHint* /*hint*/, guint /*count*/, const GValue* values,
                         gpointer /*data*/)
 {
     if (LivingShells().size() > 1) {
         auto* widget = GTK_WIDGET(g_value_get_object(values));
-        const auto& living = LivingShells();
-        const auto found = std::find_if(living.begin(), living.end(), [widget](const Shell* shell) {
-            return shell->contains(widget);
-        });
-        if (found != living.end()) {
-            Guarded([shell = *found] { shell->makeCurrent(); })();
+        if (Shell* shell = ShellOf(widget)) {
+            Guarded([shell] { shell->makeCurrent(); })();
         }
     }
     return TRUE;
@@ -171,6 +184,12 @@ bool Shell::contains(GtkWidget* widget) const
 {
     return parentPane_ != nullptr &&
            gtk_widget_is_ancestor(widget, GTK_WIDGET(parentPane_)) != FALSE;
+}
+
+bool Shell::isIn(GtkWidget* window) const
+{
+    return parentPane_ != nullptr &&
+           gtk_widget_is_ancestor(GTK_WIDGET(parentPane_), window) != FALSE;
 }
 
 void Shell::makeCurrent()

@@ -55,6 +55,8 @@ public:
 
     /// Whether a widget is in the dialog's pane.
     bool contains(GtkWidget* widget) const;
+    /// Whether the dialog's pane is in a window.
+    bool isIn(GtkWidget* window) const;
     /// Lets the panels find this dialog, be there newer ones or not.
     void makeCurrent();
     /// The same for the dialog of a number that PanelEnvironment has told.

@@ -150,6 +150,29 @@ TEST_F(SeveralDialogs, AWaitGivesNothingWhenItsDialogHasEnded)
     EXPECT_EQ(GetCurrentPrintSession(), nullptr);
 }
 
+TEST_F(SeveralDialogs, WhatHappensInAPanelsDialogIsAboutItsPrintDialog)
+{
+    second_ = std::make_unique<PrintDialog>(other_.session);
+    Gtk::Dialog stock;
+    stock.set_transient_for(dialog_->window());
+    Gtk::Dialog notice;
+    notice.set_transient_for(stock);
+    Gtk::Dialog ofSecond;
+    ofSecond.set_transient_for(second_->window());
+    Gtk::Dialog ofApplication;
+    const auto sessionIn = [](Gtk::Dialog& dialog) {
+        PMPrintSession* found = nullptr;
+        auto* button = dialog.add_button("", Gtk::RESPONSE_OK);
+        button->signal_clicked().connect([&found] { found = GetCurrentPrintSession(); });
+        button->clicked();
+        return found;
+    };
+    EXPECT_EQ(sessionIn(stock), &first_.session);
+    EXPECT_EQ(sessionIn(ofSecond), &other_.session);
+    EXPECT_EQ(sessionIn(ofApplication), &other_.session) << "nobody has gone elsewhere";
+    EXPECT_EQ(sessionIn(notice), &first_.session);
+}
+
 TEST_F(SeveralDialogs, AnExportIsOfTheJobWhoseButtonWasPressed)
 {
     first_.ticket().setItem("x", DuplexKey, 2);
