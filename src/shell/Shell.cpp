@@ -153,6 +153,7 @@ Shell::Shell(const CFBundle* bundle, const PanelGetter* getters)
 
 Shell::~Shell()
 {
+    Guarded([this] { makeCurrent(); })();
     for (const Record& record : records_) {
         Guarded([&] { record.panel->terminate(terminateStatus_); })();
     }
@@ -331,6 +332,7 @@ OSStatus Shell::sync(PMPrintSession* session, SyncDirection direction)
 // Each panel clears what the one before has filled: the texts of two are not put together.
 PanelSummary Shell::getSummaryText()
 {
+    makeCurrent();
     PanelSummary summary;
     for (const Record& record : records_) {
         record.panel->getSummaryText(summary);
