@@ -158,7 +158,7 @@ void PauseMainContext(benchmark::State& state)
             state.SkipWithError("no stocks came");
         }
     }
-    MyRemoveThread();
+    MyRemoveThread(0);
 }
 BENCHMARK(PauseMainContext)
     ->Name("longest turn of the main context")
@@ -185,7 +185,7 @@ void Close(benchmark::State& state, const char* misbehaviour, bool untilGone)
             loop.turn();
         }
         const auto start = Clock::now();
-        MyRemoveThread();
+        MyRemoveThread(0);
         while (untilGone && ThreadCount() > threads && SecondsSince(start) < 20) {
             std::this_thread::sleep_for(std::chrono::microseconds(100));
         }

@@ -51,7 +51,16 @@ void Alert(GtkPrintUnixDialog* dialog, const char* header, const char* message)
     g_object_unref(alert);
 }
 
+// Applications give the dialog's page setup to the job as it is.
+PendingTickets::Token TokenOf(GtkPrintUnixDialog* dialog)
+{
+    GtkPageSetup* setup = gtk_print_unix_dialog_get_page_setup(dialog);
+    return setup == nullptr ? nullptr : PendingTickets::Token(g_object_ref(setup), g_object_unref);
+}
+
 using Owner = std::shared_ptr<PrintDialog>;
+
+constexpr const char* OwnerKey = "tarvo-print-dialog";
 
 void DeleteOwner(gpointer owner)
 {
@@ -60,48 +69,45 @@ void DeleteOwner(gpointer owner)
 
 } // namespace
 
-void PrintDialog::Watch(GtkPrintUnixDialog* dialog)
+void PrintDialog::PrinterSelected(GtkPrintUnixDialog* dialog)
 {
-    auto owner = std::make_unique<Owner>(std::make_shared<PrintDialog>(dialog));
-    (*owner)->connectSignals();
-    g_object_set_data_full(G_OBJECT(dialog), "tarvo-print-dialog", owner.release(), DeleteOwner);
+    if (!Of(dialog)) {
+        Adopt(dialog);
+    }
+    Of(dialog)->printerSelected();
 }
 
-void PrintDialog::connectSignals()
+bool PrintDialog::Respond(GtkPrintUnixDialog* dialog, int response)
 {
-    g_signal_connect(dialog_, "notify::selected-printer",
-                     G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
-                         Guarded([self] { static_cast<PrintDialog*>(self)->printerSelected(); });
-                     }),
-                     this);
-    g_signal_connect(dialog_, "response",
-                     G_CALLBACK(+[](GtkDialog* dialog, gint response, gpointer self) {
-                         Guarded([dialog, response, self] {
-                             if (!static_cast<PrintDialog*>(self)->respond(response)) {
-                                 g_signal_stop_emission_by_name(dialog, "response");
-                             }
-                         });
-                     }),
-                     this);
-    g_signal_connect(dialog_, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
+    const auto self = Of(dialog); // the dialog may end meanwhile
+    return !self || self->respond(response);
+}
+
+std::shared_ptr<PrintDialog> PrintDialog::Of(GtkPrintUnixDialog* dialog)
+{
+    auto* owner = static_cast<Owner*>(g_object_get_data(G_OBJECT(dialog), OwnerKey));
+    return owner == nullptr ? nullptr : *owner;
+}
+
+void PrintDialog::Adopt(GtkPrintUnixDialog* dialog)
+{
+    auto owner = std::make_unique<Owner>(std::make_shared<PrintDialog>(dialog));
+    g_signal_connect(dialog, "destroy", G_CALLBACK(+[](GtkWidget*, gpointer self) {
                          Guarded([self] { static_cast<PrintDialog*>(self)->dialogDestroyed(); });
                      }),
-                     this);
+                     owner->get());
+    g_object_set_data_full(G_OBJECT(dialog), OwnerKey, owner.release(), DeleteOwner);
 }
 
 // The dialog itself, and this, may stay for as long as the application keeps a reference.
 void PrintDialog::dialogDestroyed()
 {
-    isGone_ = true;
-    printer_.clear();
+    printer_.clear(); // no answer to an inquiry is for this
     end();
 }
 
 void PrintDialog::printerSelected()
 {
-    if (isGone_) {
-        return;
-    }
     std::string printer = NameOf(gtk_print_unix_dialog_get_selected_printer(dialog_));
     if (session_ && printer == printer_) {
         return;
@@ -122,7 +128,7 @@ void PrintDialog::printerSelected()
 // The user may have gone on to another printer meanwhile, and back.
 void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
 {
-    if (!isGone_ && printer == printer_ && !session_ && facts.isOurs()) {
+    if (printer == printer_ && !session_ && facts.isOurs()) {
         session_ = DialogSession::Begin(dialog_, facts);
     }
 }
@@ -130,31 +136,31 @@ void PrintDialog::begin(const std::string& printer, const PrinterFacts& facts)
 // False keeps the dialog open. The plug-in may turn the main loop, in which everything can end.
 bool PrintDialog::respond(int response)
 {
-    const auto self = shared_from_this();
     const auto session = session_;
     const std::int32_t control = ControlOf(response);
-    if (response == GTK_RESPONSE_OK) { // what another dialog has left is not for this one's job
-        static_cast<void>(PendingTickets::Shared().take(printer_));
+    if (session && control != 0 && !session->allowsButton(control)) {
+        return false;
     }
-    if (!session || control == 0) {
+    if (response != GTK_RESPONSE_OK || printer_.empty() || session != session_) {
         return true;
     }
-    if (!session->allowsButton(control)) {
-        return false;
-    }
-    return response != GTK_RESPONSE_OK || session != session_ || keepTicket(*session);
+    return keepTicket(session.get());
 }
 
-bool PrintDialog::keepTicket(DialogSession& session) const
+// Without a session it is told, too, so that this dialog's job takes no ticket of another's.
+bool PrintDialog::keepTicket(DialogSession* session) const
 {
-    JobOptionsFault fault = JobOptionsFault::None;
-    auto options = JobOptionsOf(session.fillTicket(), fault);
-    if (!options) {
-        Alert(dialog_, CannotSendHeaderKey,
-              fault == JobOptionsFault::TooLarge ? TooLargeMessageKey : NotWritableMessageKey);
-        return false;
+    std::optional<JobOptions> options;
+    if (session != nullptr) {
+        JobOptionsFault fault = JobOptionsFault::None;
+        options = JobOptionsOf(session->fillTicket(), fault);
+        if (!options) {
+            Alert(dialog_, CannotSendHeaderKey,
+                  fault == JobOptionsFault::TooLarge ? TooLargeMessageKey : NotWritableMessageKey);
+            return false;
+        }
     }
-    PendingTickets::Shared().keep(printer_, std::move(*options));
+    PendingTickets::Shared().keep(printer_, TokenOf(dialog_), std::move(options));
     return true;
 }
 

@@ -35,7 +35,10 @@ void TicketToJob(GtkPrintJob* job)
     if (printer == nullptr || gtk_printer_is_virtual(printer)) {
         return;
     }
-    auto options = PendingTickets::Shared().take(gtk_printer_get_name(printer));
+    GtkPageSetup* setup = nullptr;
+    g_object_get(job, "page-setup", &setup, nullptr);
+    auto options = PendingTickets::Shared().take(gtk_printer_get_name(printer), setup);
+    g_clear_object(&setup);
     if (!options) {
         return;
     }

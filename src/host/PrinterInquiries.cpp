@@ -47,7 +47,8 @@ void PrinterInquiries::ask(const std::string& queue, Answer answer)
         return;
     }
     const OSStatus status = StartTask([this, queue, known = entry.description] {
-        auto facts = AskForPrinter(queue, known);
+        std::optional<PrinterFacts> facts;
+        Guarded([&] { facts = AskForPrinter(queue, known); });
         RunInMainLoop([this, queue, facts = std::move(facts)] { take(queue, facts); });
     });
     if (status != StatusOk) {

@@ -1,6 +1,7 @@
 // The module that GTK's list of modules names, and so every GTK 3 program loads: it must cost next
 // to nothing. It names no library that such a program lacks, not even the C++ runtime, and only
-// watches for the first print dialog, with which it loads the host part.
+// watches for print dialogs. The first printer that is selected in one loads the host part: by then
+// the dialog is on the screen.
 #include "host/HostInterface.h"
 
 #include <dlfcn.h>
@@ -9,13 +10,14 @@
 
 namespace {
 
-using Constructed = TarvoObjectConstructed;
+using Constructed = void (*)(GObject*);
 
 // What has been replaced, and what the host part wants to know.
 Constructed originalDialogConstructed = nullptr;
 Constructed originalJobConstructed = nullptr;
-Constructed hostDialogConstructed = nullptr;
-Constructed hostJobConstructed = nullptr;
+TarvoPrinterSelected hostPrinterSelected = nullptr;
+TarvoDialogResponse hostDialogResponse = nullptr;
+TarvoJobConstructed hostJobConstructed = nullptr;
 bool isHostSought = false;
 
 // From this module's folder: as installed, and in the build folder.
@@ -48,9 +50,16 @@ void LoadHost()
     // It leaves signal handlers and tasks behind, so it can never be unloaded.
     void* host = path == nullptr ? nullptr : dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (host != nullptr) {
-        hostDialogConstructed =
-            reinterpret_cast<Constructed>(dlsym(host, TARVO_DIALOG_CONSTRUCTED));
-        hostJobConstructed = reinterpret_cast<Constructed>(dlsym(host, TARVO_JOB_CONSTRUCTED));
+        hostPrinterSelected =
+            reinterpret_cast<TarvoPrinterSelected>(dlsym(host, TARVO_PRINTER_SELECTED));
+        hostDialogResponse =
+            reinterpret_cast<TarvoDialogResponse>(dlsym(host, TARVO_DIALOG_RESPONSE));
+        hostJobConstructed =
+            reinterpret_cast<TarvoJobConstructed>(dlsym(host, TARVO_JOB_CONSTRUCTED));
+        if (hostPrinterSelected == nullptr || hostDialogResponse == nullptr ||
+            hostJobConstructed == nullptr) {
+            g_printerr("tarvo-print-module: %s is of another version\n", path);
+        }
     } else {
         const char* reason = path == nullptr ? "tarvo-printhost.so is missing" : dlerror();
         g_printerr("tarvo-print-module: %s\n", reason);
@@ -58,15 +67,38 @@ void LoadHost()
     g_free(path);
 }
 
-void DialogConstructed(GObject* dialog)
+void PrinterSelected(GObject* dialog, GParamSpec* /*property*/, gpointer /*data*/)
 {
-    originalDialogConstructed(dialog);
     if (!isHostSought) {
         LoadHost();
     }
-    if (hostDialogConstructed != nullptr) {
-        hostDialogConstructed(dialog);
+    if (hostPrinterSelected != nullptr) {
+        hostPrinterSelected(dialog);
     }
+}
+
+void Responded(GObject* dialog, int response, gpointer /*data*/)
+{
+    if (hostDialogResponse != nullptr && hostDialogResponse(dialog, response) == 0) {
+        g_signal_stop_emission_by_name(dialog, "response");
+    }
+}
+
+// The application may keep a dialog that has ended.
+void Destroyed(GObject* dialog, gpointer /*data*/)
+{
+    g_signal_handlers_disconnect_by_func(dialog, reinterpret_cast<gpointer>(PrinterSelected),
+                                         nullptr);
+    g_signal_handlers_disconnect_by_func(dialog, reinterpret_cast<gpointer>(Responded), nullptr);
+}
+
+// Connected before the application connects anything, so that its handlers run after ours.
+void DialogConstructed(GObject* dialog)
+{
+    originalDialogConstructed(dialog);
+    g_signal_connect(dialog, "notify::selected-printer", G_CALLBACK(PrinterSelected), nullptr);
+    g_signal_connect(dialog, "response", G_CALLBACK(Responded), nullptr);
+    g_signal_connect(dialog, "destroy", G_CALLBACK(Destroyed), nullptr);
 }
 
 void JobConstructed(GObject* job)

@@ -30,4 +30,14 @@ OSStatus PDESync(PMPrintSession* /*session*/, SyncDirection direction)
     return sync ? sync(direction) : StatusNoSession;
 }
 
+bool DialogHandle::restore() const
+{
+    const PanelEnvironment& environment = ThePanelEnvironment();
+    if (environment.dialog == dialog_) {
+        return true;
+    }
+    const auto makeCurrent = environment.makeCurrent; // a copy: it replaces the environment's
+    return makeCurrent && makeCurrent(dialog_);
+}
+
 } // namespace tarvo

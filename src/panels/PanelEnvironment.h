@@ -6,6 +6,7 @@
 
 #include <gtkmm/window.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -15,6 +16,9 @@ namespace tarvo {
 /// dialogs at a time it is the one at which the user is. After the end of the last one everything
 /// is null again but the bundle.
 struct PanelEnvironment {
+    std::uint64_t dialog = 0; // a number that no other dialog ever has; 0: there is no dialog
+    /// Makes the dialog of a number the current one; false when it has ended.
+    std::function<bool(std::uint64_t dialog)> makeCurrent;
     const CFBundle* bundle = nullptr;  // null when it was not found
     PMPrintSession* session = nullptr; // from the dialog's initialization
     std::function<OSStatus(SyncDirection)> sync;
@@ -34,5 +38,20 @@ Gtk::Window* GetPDEWindow();
 /// @param session  not used: the dialog's own is
 /// @return StatusNoSession without a dialog
 OSStatus PDESync(PMPrintSession* session, SyncDirection direction);
+
+/// The print dialog that is current when this is made. Whoever lets the application go on before
+/// the end of what a panel does, as a modal dialog or a wait does, takes one before: meanwhile the
+/// user may go to another print dialog, and the application may end this one.
+class DialogHandle {
+public:
+    DialogHandle() : dialog_(ThePanelEnvironment().dialog) {}
+
+    /// Makes it the current one again, so that what the panels find is of it.
+    /// @return false when it has ended: its panels are gone, and the current one is another
+    [[nodiscard]] bool restore() const;
+
+private:
+    std::uint64_t dialog_;
+};
 
 } // namespace tarvo

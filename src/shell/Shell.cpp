@@ -27,6 +27,8 @@ namespace {
 // The panel that was shown last in any dialog: the next one begins by leaving it.
 std::int32_t lastTabIndexOfAll = 0;
 
+std::uint64_t lastNumberOfAll = 0;
+
 // The current one last. The list never ends: the toolkit may ask for it until the process has
 // ended.
 std::vector<Shell*>& LivingShells()
@@ -50,18 +52,31 @@ constexpr SignalRow UsersSignals[] = {
     {nullptr,                    nullptr  },
 };
 
+// The dialog in whose pane a widget is, or whose panels have opened the window that it is in; null
+// when it is none of theirs.
+Shell* ShellOf(GtkWidget* widget)
+{
+    const auto& living = LivingShells();
+    auto found = std::find_if(living.begin(), living.end(),
+                              [widget](const Shell* shell) { return shell->contains(widget); });
+    GtkWidget* window = gtk_widget_get_toplevel(widget);
+    while (found == living.end() && GTK_IS_WINDOW(window)) { // a dialog may have opened another
+        window = GTK_WIDGET(gtk_window_get_transient_for(GTK_WINDOW(window)));
+        found = std::find_if(living.begin(), living.end(), [window](const Shell* shell) {
+            return window != nullptr && shell->isIn(window);
+        });
+    }
+    return found == living.end() ? nullptr : *found;
+}
+
 // Comes before the handlers, so that those of a panel find their own dialog among several.
 gboolean BeforeHandlers(GSignalInvocationHint* /*hint*/, guint /*count*/, const GValue* values,
                         gpointer /*data*/)
 {
     if (LivingShells().size() > 1) {
         auto* widget = GTK_WIDGET(g_value_get_object(values));
-        const auto& living = LivingShells();
-        const auto found = std::find_if(living.begin(), living.end(), [widget](const Shell* shell) {
-            return shell->contains(widget);
-        });
-        if (found != living.end()) {
-            Guarded([shell = *found] { shell->makeCurrent(); })();
+        if (Shell* shell = ShellOf(widget)) {
+            Guarded([shell] { shell->makeCurrent(); })();
         }
     }
     return TRUE;
@@ -126,7 +141,7 @@ Shell::Listed::~Listed()
 }
 
 Shell::Shell(const CFBundle* bundle, const PanelGetter* getters)
-    : bundle_(bundle), lastTabIndex_(lastTabIndexOfAll)
+    : number_(++lastNumberOfAll), bundle_(bundle), lastTabIndex_(lastTabIndexOfAll)
 {
     static const bool isWatching = (WatchUsersSignals(), true);
     static_cast<void>(isWatching);
@@ -139,6 +154,7 @@ Shell::Shell(const CFBundle* bundle, const PanelGetter* getters)
 
 Shell::~Shell()
 {
+    Guarded([this] { makeCurrent(); })();
     for (const Record& record : records_) {
         Guarded([&] { record.panel->terminate(terminateStatus_); })();
     }
@@ -154,6 +170,8 @@ Shell::~Shell()
 void Shell::publish()
 {
     PanelEnvironment& environment = ThePanelEnvironment();
+    environment.dialog = number_;
+    environment.makeCurrent = MakeCurrent;
     environment.bundle = bundle_;
     environment.session = session_;
     environment.sync = [this](SyncDirection direction) { return sync(session_, direction); };
@@ -170,6 +188,12 @@ bool Shell::contains(GtkWidget* widget) const
            gtk_widget_is_ancestor(widget, GTK_WIDGET(parentPane_)) != FALSE;
 }
 
+bool Shell::isIn(GtkWidget* window) const
+{
+    return parentPane_ != nullptr &&
+           gtk_widget_is_ancestor(GTK_WIDGET(parentPane_), window) != FALSE;
+}
+
 void Shell::makeCurrent()
 {
     if (LivingShells().back() != this) {
@@ -177,6 +201,19 @@ void Shell::makeCurrent()
         LivingShells().push_back(this);
         publish();
     }
+}
+
+bool Shell::MakeCurrent(std::uint64_t number)
+{
+    const auto& living = LivingShells();
+    const auto found = std::find_if(living.begin(), living.end(), [number](const Shell* shell) {
+        return shell->number_ == number;
+    });
+    if (found == living.end()) {
+        return false;
+    }
+    (*found)->makeCurrent();
+    return true;
 }
 
 Gtk::Window* Shell::window() const
@@ -296,6 +333,7 @@ OSStatus Shell::sync(PMPrintSession* session, SyncDirection direction)
 // Each panel clears what the one before has filled: the texts of two are not put together.
 PanelSummary Shell::getSummaryText()
 {
+    makeCurrent();
     PanelSummary summary;
     for (const Record& record : records_) {
         record.panel->getSummaryText(summary);
@@ -411,8 +449,10 @@ OSStatus Shell::close()
             record.panel->close();
         }
     }
-    MyRemoveThread(); // nothing when there is none
-    windowEvents_.reset();
+    if (windowEvents_) {
+        MyRemoveThread(windowEvents_->window()); // nothing when there is none
+        windowEvents_.reset();
+    }
     return StatusOk;
 }
 

@@ -8,6 +8,7 @@
 
 #include <gtkmm/box.h>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,8 +55,13 @@ public:
 
     /// Whether a widget is in the dialog's pane.
     bool contains(GtkWidget* widget) const;
+    /// Whether the dialog's pane is in a window.
+    bool isIn(GtkWidget* window) const;
     /// Lets the panels find this dialog, be there newer ones or not.
     void makeCurrent();
+    /// The same for the dialog of a number that PanelEnvironment has told.
+    /// @return false when it has ended
+    static bool MakeCurrent(std::uint64_t number);
 
 private:
     struct Record {
@@ -96,6 +102,7 @@ private:
     };
 
     const Listed listed_{*this};
+    const std::uint64_t number_; // of no other dialog before or after
     const CFBundle* bundle_;
     std::optional<std::string> title_;
     PMPrintSession* session_ = nullptr;

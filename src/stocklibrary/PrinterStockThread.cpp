@@ -65,9 +65,10 @@ std::optional<Value> ValueOf(std::string_view bytes)
 // the main thread.
 void EndInTask(const Papers* papers)
 {
-    std::shared_ptr<const Papers> last(papers);
-    if (StartTask([last = std::move(last)] {}) != StatusOk) {
-        return; // then it has ended here
+    try {
+        std::shared_ptr<const Papers> last(papers); // goes here when no task can be had
+        static_cast<void>(StartTask([last = std::move(last)] {}));
+    } catch (const std::exception&) { // it has ended all the same
     }
 }
 
@@ -204,11 +205,23 @@ private:
             RetrievePrinterStockLibrary(*host, limits_, state_->stop.get_token());
         StockList list;
         if (retrieval.stocks) {
-            list = MakeStockList(std::move(*retrieval.stocks));
+            list = tryToMakeList(retrieval);
         }
         state_->setList(std::move(list), std::move(retrieval.cause));
         answer(retrieval.status == StatusOk ? RetrievalCompleteMessage : RetrievalFailedMessage,
                data);
+    }
+
+    // Not to be made for want of memory, say: the dialog must hear of it.
+    static StockList tryToMakeList(StockRetrieval& retrieval)
+    {
+        try {
+            return MakeStockList(std::move(*retrieval.stocks));
+        } catch (const std::exception& error) {
+            retrieval.status = StatusNoTask;
+            retrieval.cause = error.what();
+            return nullptr;
+        }
     }
 
     void poll(const std::string& data)
@@ -251,7 +264,7 @@ void ServerThreadEntryPoint(const std::shared_ptr<SharedState>& state,
     }
 }
 
-// The main thread's side. One for the process: there is one print dialog at a time.
+// The main thread's side. One for the process, and for the dialog that was opened last.
 class MainSide {
 public:
     MainSide() = default;
@@ -297,13 +310,11 @@ public:
         });
     }
 
-    void remove()
+    void remove(WindowID window)
     {
-        if (!state_) {
-            return;
+        if (window == window_) {
+            remove();
         }
-        state_->stop.request_stop(); // the worker may be busy, or not have announced itself yet
-        send(EndThreadMessage, "");
     }
 
     void send(std::int32_t message, std::string_view data) const
@@ -318,6 +329,15 @@ public:
     const std::string& cause() const { return cause_; }
 
 private:
+    void remove()
+    {
+        if (!state_) {
+            return;
+        }
+        state_->stop.request_stop(); // the worker may be busy, or not have announced itself yet
+        send(EndThreadMessage, "");
+    }
+
     // MainThreadResponseHandler of the print dialog's protocol.
     std::optional<std::string> respond(std::int32_t message, const std::string& data)
     {
@@ -394,9 +414,9 @@ OSStatus MySpawnThread(std::string_view bundleIdentifier, std::string host, Wind
     return TheMainSide().spawn(bundleIdentifier, std::move(host), window, limits);
 }
 
-OSStatus MyRemoveThread()
+OSStatus MyRemoveThread(WindowID window)
 {
-    TheMainSide().remove();
+    TheMainSide().remove(window);
     return StatusOk;
 }
 

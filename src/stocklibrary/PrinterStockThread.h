@@ -40,7 +40,8 @@ inline constexpr std::uint32_t PrinterStockEventClass = FourCharCode("TPDE");
 inline constexpr std::uint32_t RetrievalFinishedEvent = FourCharCode("TbdC"); // see the status
 inline constexpr std::uint32_t StatusPolledEvent = FourCharCode("TBpC");      // or woken up
 
-/// Starts the worker, which retrieves the stocks at once. A worker that is there is asked to end.
+/// Starts the worker, which retrieves the stocks at once. There is one for the process: another
+/// window's, which hears no more of it, is asked to end.
 /// The stocks of the printer before stay when the host is the same, else they go and the status is
 /// NoThread.
 /// @param bundleIdentifier  stands in the name of the main thread's port
@@ -50,9 +51,10 @@ inline constexpr std::uint32_t StatusPolledEvent = FourCharCode("TBpC");      //
 OSStatus MySpawnThread(std::string_view bundleIdentifier, std::string host, WindowID window,
                        const ExchangeLimits& limits = {});
 
-/// Asks the worker to end; it is gone within a second, whatever the printer does.
+/// Asks the worker to end that was started for the window, if it is still there; it is gone within
+/// a second, whatever the printer does.
 /// @return StatusOk
-OSStatus MyRemoveThread();
+OSStatus MyRemoveThread(WindowID window);
 
 /// Sends the worker one of the messages above; nothing happens before it has announced itself.
 /// @return StatusOk

@@ -233,6 +233,7 @@ std::unique_ptr<StockLibraryList> MakePrinterStockLibraryList(std::span<const St
         entry.setName(stock.customName());
         list->add(entry);
     }
+    list->prepareSearch();
     return list;
 }
 

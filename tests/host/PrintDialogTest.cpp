@@ -283,6 +283,29 @@ TEST_F(PrintDialogTest, ATicketThatIsNotUsedIsNotForTheNextDialogsJob)
     EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
 }
 
+TEST_F(PrintDialogTest, EachJobHasTheTicketOfItsOwnDialog)
+{
+    DialogDriver first;
+    DialogDriver second;
+    const std::pair<DialogDriver*, const char*> dialogs[] = {
+        {&first,  "DuplexTumble"  },
+        {&second, "DuplexNoTumble"}
+    };
+    for (const auto& [driver, keyword] : dialogs) {
+        ASSERT_TRUE(driver->choose(OurPrinter));
+        ASSERT_TRUE(driver->showTab(Tab));
+        State().ppdChoices.set("Duplex", keyword);
+        ASSERT_TRUE(driver->press(GTK_RESPONSE_OK));
+    }
+    for (const auto& [driver, keyword] : dialogs) {
+        const std::size_t jobs = CountJobs();
+        ASSERT_TRUE(driver->print());
+        ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
+        EXPECT_EQ(*OptionsOfLastJob().find("Duplex"), keyword);
+        EXPECT_NE(OptionsOfLastJob().find(TicketOptionName), nullptr);
+    }
+}
+
 // A queue of the print server for as long as this lives.
 class PassingQueue {
 public:

@@ -14,6 +14,8 @@
 #include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 
+#include <set>
+
 namespace tarvo {
 namespace {
 
@@ -21,7 +23,8 @@ namespace {
 std::string calls;
 CFDictionary jobTypeOfB;
 std::vector<std::string> conflictsOfB;
-PMPrintSession* sessionOfClick = nullptr; // what a panel's handler has found
+PMPrintSession* sessionOfClick = nullptr;  // what a panel's handler has found
+std::set<PMPrintSession*> sessionsOfCalls; // what operations have found
 
 class FakePanel : public Panel {
 public:
@@ -48,6 +51,7 @@ public:
     }
     OSStatus getSummaryText(PanelSummary& summary) override
     {
+        sessionsOfCalls.insert(GetCurrentPrintSession());
         summary = {};
         if (name_ == "A") {
             summary.titles = {{"A"}};
@@ -73,6 +77,7 @@ public:
     }
     OSStatus terminate(OSStatus status) override
     {
+        sessionsOfCalls.insert(GetCurrentPrintSession());
         note("t" + std::to_string(status));
         if (name_ == "A") {
             throw std::runtime_error("no end");
@@ -354,6 +359,21 @@ TEST_F(ShellOperations, WhatHappensInADialogIsAboutThatDialog)
     EXPECT_EQ(CallsSince(), "B> A< C< ");
     shell_->sync(&dialog_.session, SyncDirection::ToTicket);
     EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
+}
+
+TEST_F(ShellOperations, ADialogIsCurrentInItsSummaryAndItsEnd)
+{
+    DialogSession other;
+    Shell second(&bundle_, ThreePanels);
+    EXPECT_EQ(second.initialize(nullptr, nullptr, &other.session), StatusOk);
+    const std::set<PMPrintSession*> own = {&dialog_.session};
+    sessionsOfCalls.clear();
+    shell_->getSummaryText();
+    EXPECT_EQ(std::exchange(sessionsOfCalls, {}), own);
+    second.makeCurrent();
+    shell_.reset(); // without a close before
+    EXPECT_EQ(sessionsOfCalls, own);
+    EXPECT_EQ(GetCurrentPrintSession(), &other.session);
 }
 
 struct LoadCase {

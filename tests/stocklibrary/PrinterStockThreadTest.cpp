@@ -79,7 +79,7 @@ protected:
     }
     ~StockThread() override
     {
-        MyRemoveThread();
+        MyRemoveThread(window_.window());
         EXPECT_TRUE(turnUntil([this] { return ThreadCount() == threadsBefore_; }));
     }
 
@@ -157,7 +157,7 @@ TEST_F(StockThread, BringsThePrintersStocksAndKeepsThemForTheSamePrinter)
     EXPECT_EQ(library->stockList().size(), PrinterStocks()->size());
 
     const auto former = PrinterStocks();
-    MyRemoveThread();
+    MyRemoveThread(window_.window());
     spawn("user@" + printer.authority(), Hang);
     EXPECT_EQ(PrinterStocks(), former);
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::Complete);
@@ -289,7 +289,7 @@ TEST_F(StockThread, SurvivesEveryMisbehaviour)
         const std::string port = printer->port();
         spawn(authority, Hang);
         ASSERT_EQ(nextEvent(), FourCharCode("TbdC"));
-        MyRemoveThread();
+        MyRemoveThread(window_.window());
         const auto former = PrinterStocks();
         ASSERT_NE(former, nullptr);
         EXPECT_EQ(former->size(), DemoPrinter::MediaCount);
@@ -312,7 +312,7 @@ TEST_F(StockThread, SurvivesEveryMisbehaviour)
         if (!IsSanitized) {
             EXPECT_LE(PeakMemory() - before, MostGrowth);
         }
-        MyRemoveThread();
+        MyRemoveThread(window_.window());
         EXPECT_TRUE(turnUntil([this] { return ThreadCount() == threadsBefore_; }));
     }
 }
@@ -334,8 +334,11 @@ TEST_F(StockThread, EndsWhereverTheRetrievalIs)
             const DemoPrinter printer({"--misbehave", misbehaviour});
             spawn(printer.authority(), Hang * 100);
             turnUntil([end = Clock::now() + milliseconds(delay)] { return Clock::now() > end; });
+            const std::size_t threads = ThreadCount();
+            MyRemoveThread(window_.window() + 1); // another dialog ends
+            EXPECT_EQ(ThreadCount(), threads);
             const auto before = Clock::now();
-            MyRemoveThread();
+            MyRemoveThread(window_.window());
             EXPECT_LT(Clock::now() - before, LongestTurn);
             while (ThreadCount() != threadsBefore_ && Clock::now() - before < Hang) {
                 std::this_thread::sleep_for(milliseconds(1)); // the main thread's loop stands still
@@ -351,7 +354,7 @@ TEST_F(StockThread, IsNotInProgressWhenItWasCalledOffBeforeItWasReady)
 {
     const DemoPrinter printer({"--misbehave", "silent"});
     spawn(printer.authority(), Hang * 100);
-    MyRemoveThread();
+    MyRemoveThread(window_.window());
     EXPECT_TRUE(turnUntil([this] { return ThreadCount() == threadsBefore_; }));
     turnUntil([this] { return !loop_.turn(); }); // what it announced
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);

@@ -125,28 +125,28 @@ OSStatus RunModalTPIFExportDialog()
     if (bundle == nullptr) {
         return StatusBadArgument;
     }
-    const auto path = TheDesktopServices().chooseFileToSave(*bundle, GetPDEWindow(), "ExportTitle");
+    const auto path = ChooseFileToSave(*bundle, GetPDEWindow(), "ExportTitle");
     return path && IsExportPath(*path) ? TPIFExportToFileAtPath(*path) : StatusOk;
 }
 
 ImportOutcome ImportIntoJobTicket(const std::vector<std::string>& paths)
 {
     const CFBundle* bundle = GetPDEBundle();
-    PMPrintSession* session = GetCurrentPrintSession();
-    if (bundle == nullptr || session == nullptr) {
+    if (bundle == nullptr || GetCurrentPrintSession() == nullptr) {
         return {};
     }
-    PDESync(session, SyncDirection::ToTicket); // else the way back would lose what is not there yet
+    // Else the way back would lose what is not there yet.
+    PDESync(GetCurrentPrintSession(), SyncDirection::ToTicket);
     const auto work = std::make_shared<ImportWork>();
     std::transform(paths.begin(), paths.end(), std::back_inserter(work->files),
                    [](const std::string& path) {
                        return ImportedFile{path, std::nullopt};
                    });
     work->profile = bundle->propertyList(DeviceProfileName).value_or(CFDictionary());
-    if (!RunInBackground(GetPDEWindow(), [work] { work->run(); }) ||
-        session != GetCurrentPrintSession()) {
-        return {};
+    if (!RunInBackground(GetPDEWindow(), [work] { work->run(); })) {
+        return {}; // also when the print dialog has ended: nobody is there to be told
     }
+    PMPrintSession* session = GetCurrentPrintSession(); // the wait leaves the dialog as it was
     TPIFImportMergeIntoJobTicket(session, &work->result);
     PDESync(session, SyncDirection::FromTicket);
     return {std::move(work->files), work->result.size()};
@@ -162,8 +162,7 @@ OSStatus RunModalTPIFImportDialog()
         {"JobTicketFiles", {"*.xml", "*.tpif"}},
         {"AllFiles",       {}                 },
     };
-    const auto paths = TheDesktopServices().chooseFilesToOpen(*bundle, GetPDEWindow(),
-                                                              "ImportSummaryTitle", filters);
+    const auto paths = ChooseFilesToOpen(*bundle, GetPDEWindow(), "ImportSummaryTitle", filters);
     if (paths.empty()) {
         return StatusOk;
     }

@@ -42,6 +42,7 @@ bool IsExportPath(const std::string& path);
 
 /// Imports the documents in their order into the current job ticket, with what the panels hold
 /// brought there before and fetched from there afterwards.
+/// @return no files, with nothing imported, when the print dialog has ended meanwhile
 ImportOutcome ImportIntoJobTicket(const std::vector<std::string>& paths);
 
 /// The text of the summary, for people; no values of settings are in it.

@@ -1,5 +1,6 @@
 #include "panels/toolkit/BackgroundWork.h"
 
+#include "panels/PanelEnvironment.h"
 #include "panels/toolkit/Guarded.h"
 #include "platform/ports/Task.h"
 
@@ -58,6 +59,16 @@ private:
     bool isGone_ = false;
 };
 
+// Gives whether the work has been done while the window was there.
+bool Wait(Gtk::Window& window, const Progress& progress)
+{
+    const WaitingWindow waiting(window);
+    while (!progress.isDone && !waiting.isGone()) {
+        g_main_context_iteration(nullptr, TRUE);
+    }
+    return progress.isSuccess && !waiting.isGone();
+}
+
 } // namespace
 
 bool RunInBackground(Gtk::Window* window, const std::function<void()>& work)
@@ -67,11 +78,9 @@ bool RunInBackground(Gtk::Window* window, const std::function<void()>& work)
         DoWork(work, *progress);
         return progress->isSuccess;
     }
-    const WaitingWindow waiting(*window);
-    while (!progress->isDone && !waiting.isGone()) {
-        g_main_context_iteration(nullptr, TRUE);
-    }
-    return progress->isSuccess && !waiting.isGone();
+    const DialogHandle dialog;
+    const bool isSuccess = Wait(*window, *progress);
+    return dialog.restore() && isSuccess;
 }
 
 } // namespace tarvo

@@ -1,5 +1,6 @@
 #include "panels/toolkit/DesktopServices.h"
 
+#include "panels/PanelEnvironment.h"
 #include "platform/bundle/CFBundle.h"
 
 #include <glibmm/error.h>
@@ -28,8 +29,8 @@ Glib::RefPtr<Gtk::FileChooserNative> MakeChooser(const CFBundle& bundle, Gtk::Wi
     return chooser;
 }
 
-std::optional<std::string> ChooseFileToSave(const CFBundle& bundle, Gtk::Window* parent,
-                                            const char* titleKey)
+std::optional<std::string> RunSaveChooser(const CFBundle& bundle, Gtk::Window* parent,
+                                          const char* titleKey)
 {
     const auto chooser = MakeChooser(bundle, parent, titleKey, Gtk::FILE_CHOOSER_ACTION_SAVE);
     chooser->set_do_overwrite_confirmation(true);
@@ -39,9 +40,9 @@ std::optional<std::string> ChooseFileToSave(const CFBundle& bundle, Gtk::Window*
     return chooser->get_filename();
 }
 
-std::vector<std::string> ChooseFilesToOpen(const CFBundle& bundle, Gtk::Window* parent,
-                                           const char* titleKey,
-                                           const std::vector<FileFilter>& filters)
+std::vector<std::string> RunOpenChooser(const CFBundle& bundle, Gtk::Window* parent,
+                                        const char* titleKey,
+                                        const std::vector<FileFilter>& filters)
 {
     const auto chooser = MakeChooser(bundle, parent, titleKey, Gtk::FILE_CHOOSER_ACTION_OPEN);
     chooser->set_select_multiple(true);
@@ -78,8 +79,25 @@ int OpenURI(Gtk::Window* parent, const std::string& uri)
 
 DesktopServices& TheDesktopServices()
 {
-    static DesktopServices services{ChooseFileToSave, ChooseFilesToOpen, OpenURI};
+    static DesktopServices services{RunSaveChooser, RunOpenChooser, OpenURI};
     return services;
+}
+
+std::optional<std::string> ChooseFileToSave(const CFBundle& bundle, Gtk::Window* parent,
+                                            const char* titleKey)
+{
+    const DialogHandle dialog;
+    auto path = TheDesktopServices().chooseFileToSave(bundle, parent, titleKey);
+    return dialog.restore() ? path : std::nullopt;
+}
+
+std::vector<std::string> ChooseFilesToOpen(const CFBundle& bundle, Gtk::Window* parent,
+                                           const char* titleKey,
+                                           const std::vector<FileFilter>& filters)
+{
+    const DialogHandle dialog;
+    auto paths = TheDesktopServices().chooseFilesToOpen(bundle, parent, titleKey, filters);
+    return dialog.restore() ? paths : std::vector<std::string>();
 }
 
 } // namespace tarvo

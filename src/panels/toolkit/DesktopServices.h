@@ -34,7 +34,17 @@ struct DesktopServices {
     std::function<int(Gtk::Window* parent, const std::string& uri)> openURI;
 };
 
-/// Those of the process, the desktop's own at first.
+/// Those of the process, the desktop's own at first. Panels let the user choose files by the
+/// functions below.
 DesktopServices& TheDesktopServices();
+
+/// As DesktopServices has it; the print dialog that was current before is so again afterwards.
+/// @return nullopt also when that one has ended meanwhile
+std::optional<std::string> ChooseFileToSave(const CFBundle& bundle, Gtk::Window* parent,
+                                            const char* titleKey);
+/// @return none also when the print dialog has ended meanwhile
+std::vector<std::string> ChooseFilesToOpen(const CFBundle& bundle, Gtk::Window* parent,
+                                           const char* titleKey,
+                                           const std::vector<FileFilter>& filters);
 
 } // namespace tarvo

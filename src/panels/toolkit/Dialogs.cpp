@@ -1,5 +1,6 @@
 #include "panels/toolkit/Dialogs.h"
 
+#include "panels/PanelEnvironment.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/TextFilters.h"
 #include "panels/toolkit/WidgetTexts.h"
@@ -23,9 +24,10 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
     if (dialog.get_title().empty()) {
         dialog.set_title(bundle.localizedString("PDE Shell"));
     }
+    const DialogHandle printDialog;
     const int response = dialog.run();
     gtk_widget_destroy(GTK_WIDGET(dialog.gobj()));
-    return response == Gtk::RESPONSE_OK ? DialogOk : DialogCancel;
+    return printDialog.restore() && response == Gtk::RESPONSE_OK ? DialogOk : DialogCancel;
 }
 
 void DisplayNotice(const CFBundle& bundle, Gtk::Window* parent, const char* headerKey,

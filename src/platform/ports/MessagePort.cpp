@@ -170,7 +170,7 @@ private:
         std::optional<std::string> answer;
         try {
             answer = handler_(message.identifier, message.data);
-        } catch (const std::exception&) {
+        } catch (...) {            // the toolkit's are none of the standard's
             answer = std::nullopt; // must not reach the main loop, which is C
         }
         if (message.reply) {
