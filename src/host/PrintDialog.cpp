@@ -60,7 +60,7 @@ PendingTickets::Token TokenOf(GtkPrintUnixDialog* dialog)
 
 using Owner = std::shared_ptr<PrintDialog>;
 
-constexpr const char* OwnerKey = "tarvo-print-dialog";
+constexpr const char* OwnerName = "tarvo-print-dialog";
 
 void DeleteOwner(gpointer owner)
 {
@@ -85,7 +85,7 @@ bool PrintDialog::Respond(GtkPrintUnixDialog* dialog, int response)
 
 std::shared_ptr<PrintDialog> PrintDialog::Of(GtkPrintUnixDialog* dialog)
 {
-    auto* owner = static_cast<Owner*>(g_object_get_data(G_OBJECT(dialog), OwnerKey));
+    auto* owner = static_cast<Owner*>(g_object_get_data(G_OBJECT(dialog), OwnerName));
     return owner == nullptr ? nullptr : *owner;
 }
 
@@ -96,7 +96,7 @@ void PrintDialog::Adopt(GtkPrintUnixDialog* dialog)
                          Guarded([self] { static_cast<PrintDialog*>(self)->dialogDestroyed(); });
                      }),
                      owner->get());
-    g_object_set_data_full(G_OBJECT(dialog), OwnerKey, owner.release(), DeleteOwner);
+    g_object_set_data_full(G_OBJECT(dialog), OwnerName, owner.release(), DeleteOwner);
 }
 
 // The dialog itself, and this, may stay for as long as the application keeps a reference.
