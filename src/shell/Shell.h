@@ -79,6 +79,7 @@ private:
     void step(std::int32_t difference);
     OSStatus blockJobWithoutPasscode() const;
     OSStatus handleWindowEvent(const Event& event);
+    void takePrinterStocks();
     Gtk::Window* window() const;
     void publish();
 
