@@ -45,6 +45,7 @@ void UserPapers::load(const Stock& jobStock, const TicketSpecialPages& pages)
 {
     MarkInFile(folders_, jobStock, pages);
     list_ = std::make_shared<StockLibraryList>(folders_);
+    list_->write(); // makes the file now and not when the list goes
     changed();
 }
 

@@ -1,0 +1,55 @@
+#include "panels/toolkit/DialogChecks.h"
+
+#include "panels/toolkit/Dialogs.h"
+#include "panels/toolkit/Guarded.h"
+#include "panels/toolkit/TextFilters.h"
+#include "platform/bundle/CFBundle.h"
+
+#include <gtkmm/messagedialog.h>
+
+#include <cstdint>
+
+namespace tarvo {
+
+void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
+{
+    GtkDialog* const window = dialog.gobj();
+    dialog.signal_response().connect(Guarded([window, accept](int response) {
+                                         if (response == Gtk::RESPONSE_OK && !accept()) {
+                                             g_signal_stop_emission_by_name(window, "response");
+                                         }
+                                     }),
+                                     false); // before whoever waits for the answer
+}
+
+void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit)
+{
+    Gtk::Dialog* const window = &dialog;
+    dialog.set_response_sensitive(Gtk::RESPONSE_OK, field.get_text_length() > 0);
+    LimitInputLength(&field, static_cast<std::int32_t>(limit), [window](const Event& event) {
+        window->set_response_sensitive(Gtk::RESPONSE_OK, event.kind == FieldFilled.kind);
+    });
+}
+
+bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
+             const char* yesKey, const char* noKey)
+{
+    Gtk::MessageDialog window(question, false, Gtk::MESSAGE_QUESTION, Gtk::BUTTONS_NONE, true);
+    window.add_button(bundle.localizedString(noKey), Gtk::RESPONSE_CANCEL);
+    window.add_button(bundle.localizedString(yesKey), Gtk::RESPONSE_OK);
+    window.set_default_response(Gtk::RESPONSE_CANCEL);
+    return RunModalWindow(bundle, window, parent) == DialogOk;
+}
+
+void TellUser(const CFBundle& bundle, Gtk::Window* parent, const char* headerKey,
+              const std::string& message)
+{
+    Gtk::MessageDialog notice(bundle.localizedString(headerKey), false, Gtk::MESSAGE_WARNING,
+                              Gtk::BUTTONS_NONE, true);
+    notice.set_secondary_text(message);
+    notice.add_button(bundle.localizedString("OK Command"), Gtk::RESPONSE_OK);
+    notice.set_default_response(Gtk::RESPONSE_OK);
+    RunModalWindow(bundle, notice, parent);
+}
+
+} // namespace tarvo
