@@ -1,5 +1,6 @@
 #include "panels/toolkit/Dialogs.h"
 
+#include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/TextFilters.h"
 #include "panels/toolkit/WidgetTexts.h"
@@ -23,7 +24,15 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
     if (dialog.get_title().empty()) {
         dialog.set_title(bundle.localizedString("PDE Shell"));
     }
+    // A dialog of ours may be the parent. It is only hidden when the application ends it, since it
+    // is held here.
+    sigc::connection parentsEnd;
+    if (parent != nullptr) {
+        parentsEnd = parent->signal_hide().connect(
+            Guarded([&dialog] { dialog.response(Gtk::RESPONSE_DELETE_EVENT); }));
+    }
     const int response = dialog.run();
+    parentsEnd.disconnect();
     gtk_widget_destroy(GTK_WIDGET(dialog.gobj()));
     return response == Gtk::RESPONSE_OK ? DialogOk : DialogCancel;
 }
