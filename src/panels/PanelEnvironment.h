@@ -24,6 +24,7 @@ struct PanelEnvironment {
     std::function<OSStatus(SyncDirection)> sync;
     std::function<Gtk::Window*()> window;               // of the dialog; may give null
     std::shared_ptr<StockLibraryList> printerStockList; // what the printer has reported last
+    std::function<void()> takePrinterStocks;            // after a retrieval for a window of a panel
 };
 PanelEnvironment& ThePanelEnvironment();
 

@@ -177,6 +177,7 @@ void Shell::publish()
     environment.sync = [this](SyncDirection direction) { return sync(session_, direction); };
     environment.window = [this] { return window(); };
     environment.printerStockList = printerStockList_;
+    environment.takePrinterStocks = [this] { takePrinterStocks(); };
     if (printer_) {
         printer_->makeCurrent();
     }
@@ -541,12 +542,17 @@ OSStatus Shell::handleWindowEvent(const Event& event)
     if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
         return EventNotHandled;
     }
+    takePrinterStocks();
+    return StatusOk;
+}
+
+void Shell::takePrinterStocks()
+{
     const auto stocks = PrinterStockList();
     if (CurrentPrinterStockStatus() == PrinterStockStatus::Complete && stocks) {
         printerStockList_ = stocks;
         LivingShells().back()->publish();
     }
-    return StatusOk;
 }
 
 } // namespace tarvo

@@ -86,6 +86,7 @@ private:
     OSStatus blockJobWithoutPasscode() const;
     bool confirmConflicts() const;
     OSStatus handleWindowEvent(const Event& event);
+    void takePrinterStocks();
     Gtk::Window* window() const;
     void publish();
 

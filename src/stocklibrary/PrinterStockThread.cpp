@@ -324,6 +324,14 @@ public:
         }
     }
 
+    void retrieveFor(WindowID window)
+    {
+        if (workerPort_ && status_ != PrinterStockStatus::InProgress) {
+            send(RetrieveStocksMessage, WindowData(window));
+            status_ = PrinterStockStatus::InProgress;
+        }
+    }
+
     PrinterStockStatus status() const { return status_; }
     const StockList& list() const { return list_; }
     const std::string& cause() const { return cause_; }
@@ -424,6 +432,11 @@ OSStatus SendMessageToThread(std::int32_t message, std::string_view data)
 {
     TheMainSide().send(message, data);
     return StatusOk;
+}
+
+void RetrievePrinterStocksFor(WindowID window)
+{
+    TheMainSide().retrieveFor(window);
 }
 
 std::string WindowData(WindowID window)

@@ -60,6 +60,10 @@ OSStatus MyRemoveThread(WindowID window);
 /// @return StatusOk
 OSStatus SendMessageToThread(std::int32_t message, std::string_view data);
 
+/// Asks the printer again; the status is InProgress until the window's RetrievalFinishedEvent.
+/// Nothing without a worker, or while it is asking.
+void RetrievePrinterStocksFor(WindowID window);
+
 /// The data that name a window in a message.
 std::string WindowData(WindowID window);
 

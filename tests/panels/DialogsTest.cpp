@@ -130,6 +130,33 @@ TEST(BackgroundWork, LetsTheApplicationGoOn)
     EXPECT_FALSE(RunInBackground(nullptr, [] { throw std::runtime_error("the disk is full"); }));
 }
 
+TEST(BackgroundWork, LeavesAModalDialogModalAndTheFocusWhereItIs)
+{
+    Gtk::Dialog dialog;
+    Gtk::Entry first;
+    Gtk::Entry second;
+    dialog.get_content_area()->add(first);
+    dialog.get_content_area()->add(second);
+    dialog.get_content_area()->show_all();
+    dialog.set_modal(true);
+    dialog.show();
+    second.grab_focus();
+    GtkWidget* const widget = GTK_WIDGET(dialog.gobj());
+    ASSERT_TRUE(gtk_widget_has_grab(widget));
+    bool isOthersTurn = false;
+    Glib::signal_timeout().connect(
+        [&] {
+            isOthersTurn = gtk_grab_get_current() == nullptr;
+            return false;
+        },
+        1);
+    EXPECT_TRUE(RunInBackground(
+        &dialog, [] { std::this_thread::sleep_for(std::chrono::milliseconds(20)); }));
+    EXPECT_FALSE(isOthersTurn) << "the window behind it";
+    EXPECT_EQ(gtk_grab_get_current(), widget);
+    EXPECT_TRUE(second.is_focus());
+}
+
 // A disk that never answers must not keep a window that the user has closed.
 TEST(BackgroundWork, IsLeftAloneWhenTheWindowGoes)
 {

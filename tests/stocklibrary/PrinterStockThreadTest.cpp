@@ -202,6 +202,13 @@ TEST_F(StockThread, AnswersEveryMessageInItsWindow)
                                     FourCharCode("TBpC"), FourCharCode("TbdC")));
     EXPECT_THAT(events_, ElementsAre());
 
+    RetrievePrinterStocksFor(dialog->window());
+    EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::InProgress);
+    RetrievePrinterStocksFor(dialog->window()); // once is enough
+    turnUntil([&] { return others.size() == 5; });
+    EXPECT_EQ(others.back(), FourCharCode("TbdC"));
+    EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::Complete);
+
     dialog.reset(); // what still comes for it goes nowhere
     SendMessageToThread(200, data);
     SendMessageToThread(99, "");

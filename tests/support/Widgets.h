@@ -130,10 +130,14 @@ inline bool TakesFocus(Gtk::Widget& widget)
     return isPopup || (widget.get_can_focus() && !isInPopup);
 }
 
+// The title of a column stands in a button that nobody can reach or press.
 inline bool IsLabelOfControl(Gtk::Label& label)
 {
-    const bool isInButton = label.get_ancestor(GTK_TYPE_BUTTON) != nullptr &&
-                            label.get_ancestor(GTK_TYPE_COMBO_BOX) == nullptr;
+    const Gtk::Widget* button = label.get_ancestor(GTK_TYPE_BUTTON);
+    const bool isTitle = button != nullptr && !button->get_can_focus() &&
+                         label.get_ancestor(GTK_TYPE_TREE_VIEW) != nullptr;
+    const bool isInButton =
+        button != nullptr && !isTitle && label.get_ancestor(GTK_TYPE_COMBO_BOX) == nullptr;
     return label.get_mnemonic_widget() != nullptr || (isInButton && !label.get_text().empty());
 }
 

@@ -30,14 +30,22 @@ void DoWork(const std::function<void()>& work, Progress& progress)
     g_main_context_wakeup(nullptr); // the application's
 }
 
-// A window that waits; knows when it goes.
+// A window that waits; knows when it goes. An insensitive window loses the user's input and the
+// focus in it, so a modal one has both given back, and nobody else gets the input meanwhile.
 class WaitingWindow {
 public:
     explicit WaitingWindow(Gtk::Window& window) : window_(GTK_WIDGET(window.gobj()))
     {
         g_object_ref(window_);
         handler_ = g_signal_connect_swapped(window_, "destroy", G_CALLBACK(OnDestroy), &isGone_);
+        g_set_weak_pointer(&focus_, gtk_window_get_focus(GTK_WINDOW(window_)));
+        const bool isModal = gtk_widget_has_grab(window_) != FALSE;
         gtk_widget_set_sensitive(window_, FALSE);
+        if (isModal) {
+            blocker_ = gtk_invisible_new_for_screen(gtk_widget_get_screen(window_));
+            gtk_widget_show(blocker_);
+            gtk_grab_add(blocker_);
+        }
     }
     WaitingWindow(const WaitingWindow&) = delete;
     WaitingWindow& operator=(const WaitingWindow&) = delete;
@@ -46,15 +54,32 @@ public:
         if (!isGone_) {
             g_signal_handler_disconnect(window_, handler_);
             gtk_widget_set_sensitive(window_, TRUE);
+            giveBackInput();
         }
+        if (blocker_ != nullptr) {
+            gtk_widget_destroy(blocker_);
+        }
+        g_clear_weak_pointer(&focus_);
         g_object_unref(window_);
     }
     bool isGone() const { return isGone_; }
 
 private:
     static void OnDestroy(bool* isGone) { *isGone = true; }
+    void giveBackInput() const
+    {
+        if (blocker_ != nullptr) {
+            gtk_grab_remove(blocker_);
+            gtk_grab_add(window_);
+        }
+        if (focus_ != nullptr && gtk_widget_get_toplevel(focus_) == window_) {
+            gtk_window_set_focus(GTK_WINDOW(window_), focus_);
+        }
+    }
 
     GtkWidget* window_;
+    GtkWidget* focus_ = nullptr;
+    GtkWidget* blocker_ = nullptr; // takes the input in place of a modal window
     gulong handler_ = 0;
     bool isGone_ = false;
 };

@@ -1,6 +1,7 @@
 #include "panels/toolkit/Dialogs.h"
 
 #include "panels/PanelEnvironment.h"
+#include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/TextFilters.h"
 #include "panels/toolkit/WidgetTexts.h"
@@ -25,7 +26,15 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
         dialog.set_title(bundle.localizedString("PDE Shell"));
     }
     const DialogHandle printDialog;
+    // A dialog of ours may be the parent. It is only hidden when the application ends it, since it
+    // is held here.
+    sigc::connection parentsEnd;
+    if (parent != nullptr) {
+        parentsEnd = parent->signal_hide().connect(
+            Guarded([&dialog] { dialog.response(Gtk::RESPONSE_DELETE_EVENT); }));
+    }
     const int response = dialog.run();
+    parentsEnd.disconnect();
     gtk_widget_destroy(GTK_WIDGET(dialog.gobj()));
     return printDialog.restore() && response == Gtk::RESPONSE_OK ? DialogOk : DialogCancel;
 }

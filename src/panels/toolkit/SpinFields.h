@@ -1,0 +1,17 @@
+#pragma once
+
+#include "records/StockDialogRules.h"
+
+#include <gtkmm/spinbutton.h>
+
+#include <cstdint>
+
+namespace tarvo {
+
+/// Shows the stored number, or the nearest or proposed one, and bounds what can be entered.
+void ShowSpin(Gtk::SpinButton& spin, const SpinRange& range, std::int32_t stored);
+
+/// The number, with what was typed last.
+std::int32_t EnteredInSpin(Gtk::SpinButton& spin);
+
+} // namespace tarvo

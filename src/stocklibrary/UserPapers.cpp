@@ -1,0 +1,124 @@
+#include "stocklibrary/UserPapers.h"
+
+#include "platform/text/CaseFolding.h"
+#include "records/TicketSpecialPages.h"
+#include "stocklibrary/RecentPapers.h"
+#include "stocklibrary/StockLibraryKeys.h"
+#include "stocklibrary/StockLibraryList.h"
+#include "stocklibrary/StockLibraryOrderList.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tarvo {
+namespace {
+
+// An entry that was not offered may be one that is.
+void SetPaper(StockLibrary& entry, const Stock& stock)
+{
+    entry.setStock(stock);
+    entry.setName(stock.customName());
+    if (entry.isInvalid()) {
+        entry.setStatus(StockEntryStatus::NotInUse);
+    }
+    entry.validateStockEntry();
+}
+
+// A library in which nothing changes is not written.
+void MarkInFile(const PreferenceFolders& folders, const Stock& jobStock,
+                const TicketSpecialPages& pages)
+{
+    const auto mark = [&](StockLibraryList& list, CFArray&) {
+        const CFDictionary before = list.stockList();
+        MarkStocksInUse(list, jobStock, pages);
+        return list.stockList() != before;
+    };
+    PreferenceFailure failure;
+    if (!ChangeStockLibrary(folders, mark, failure)) {
+        std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
+    }
+}
+
+} // namespace
+
+void UserPapers::load(const Stock& jobStock, const TicketSpecialPages& pages)
+{
+    MarkInFile(folders_, jobStock, pages);
+    list_ = std::make_shared<StockLibraryList>(folders_);
+    list_->write(); // makes the file now and not when the list goes
+    changed();
+}
+
+std::string UserPapers::add(const Stock& stock)
+{
+    StockLibrary entry;
+    SetPaper(entry, stock);
+    std::string uuid = list_->add(entry);
+    changed();
+    return uuid;
+}
+
+std::string UserPapers::edit(const std::string& uuid, const Stock& stock)
+{
+    auto entry = list_->entry(uuid);
+    if (!entry) {
+        return add(stock);
+    }
+    SetPaper(*entry, stock);
+    list_->update(uuid, *entry);
+    changed();
+    return uuid;
+}
+
+std::string UserPapers::replace(const Stock& stock, const std::string& renamed)
+{
+    const std::string uuid = uuidOfName(stock.customName());
+    if (uuid.empty() || uuid == renamed) {
+        return renamed.empty() ? add(stock) : edit(renamed, stock);
+    }
+    edit(uuid, stock);
+    if (!renamed.empty()) {
+        remove(renamed);
+    }
+    return uuid;
+}
+
+void UserPapers::remove(const std::string& uuid)
+{
+    list_->remove(uuid);
+    StockLibraryOrderList(folders_).remove(uuid);
+    changed();
+}
+
+void UserPapers::use(const std::string& uuid)
+{
+    list_->setInUse(uuid);
+    StockLibraryOrderList(folders_).updateOrderList(uuid);
+    changed();
+}
+
+bool UserPapers::hasName(const std::string& name) const
+{
+    return list_ && list_->isDuplicate(name);
+}
+
+void UserPapers::changed()
+{
+    papers_ = std::make_shared<const CFDictionary>(list_->stockList());
+}
+
+std::string UserPapers::uuidOfName(const std::string& name) const
+{
+    const auto hasName = [&name](const CFDictionary::Entry& each) {
+        const auto* entry = each.value.get<CFDictionary>();
+        const auto* ticket = entry == nullptr ? nullptr : entry->get<CFDictionary>(EntryStockKey);
+        const auto* own =
+            ticket == nullptr ? nullptr : ticket->get<std::string>(StockCustomNameKey);
+        return own != nullptr && EqualIgnoringCase(*own, name);
+    };
+    const CFDictionary& papers = *papers_;
+    const auto found = std::find_if(papers.begin(), papers.end(), hasName);
+    return found == papers.end() ? "" : found->key;
+}
+
+} // namespace tarvo

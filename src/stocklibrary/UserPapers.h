@@ -1,0 +1,56 @@
+#pragma once
+
+#include "prefs/PreferenceFiles.h"
+#include "records/Stock.h"
+
+#include <memory>
+#include <string>
+
+namespace tarvo {
+
+class StockLibraryList;
+struct TicketSpecialPages;
+
+/// The user's papers as they are looked at and changed. Every change is written at once and may
+/// wait for the disk, so it is for a task, one at a time; what cannot be written stays in memory
+/// and is told on standard error, as by StockLibraryList.
+class UserPapers {
+public:
+    explicit UserPapers(PreferenceFolders folders) : folders_(std::move(folders)) {}
+
+    /// Reads the library anew and marks the papers that the job uses.
+    void load(const Stock& jobStock, const TicketSpecialPages& pages);
+
+    /// A new paper of the stock's custom name.
+    /// @return its uuid
+    std::string add(const Stock& stock);
+    /// Changes a paper, its name too; one that is gone meanwhile is added.
+    /// @return its uuid
+    std::string edit(const std::string& uuid, const Stock& stock);
+    /// Gives the stock to the paper that has its custom name. A paper that was renamed to that
+    /// leaves the library: the other takes its place.
+    /// @param renamed  its uuid; "" for none
+    /// @return the uuid of the paper that has the stock now
+    std::string replace(const Stock& stock, const std::string& renamed);
+    /// Also from the recently used ones.
+    void remove(const std::string& uuid);
+    /// Marks a paper in use and puts it in front of the recently used ones. One of a printer's list
+    /// is only put in front.
+    void use(const std::string& uuid);
+
+    /// Whether a paper has that custom name, in any case.
+    bool hasName(const std::string& name) const;
+
+    /// uuid to entry, as they are now; later changes make another. Safe in any thread.
+    std::shared_ptr<const CFDictionary> papers() const { return papers_; }
+
+private:
+    void changed();
+    std::string uuidOfName(const std::string& name) const;
+
+    PreferenceFolders folders_;
+    std::shared_ptr<StockLibraryList> list_;
+    std::shared_ptr<const CFDictionary> papers_ = std::make_shared<const CFDictionary>();
+};
+
+} // namespace tarvo

@@ -1,0 +1,347 @@
+#include "panels/stock/StockLibraryDialog.h"
+
+#include "DialogScript.h"
+#include "StockFixture.h"
+#include "panels/toolkit/Dialogs.h"
+#include "panels/toolkit/PopupButton.h"
+#include "stocklibrary/DemoPrinter.h"
+#include "stocklibrary/PrinterStockThread.h"
+#include "stocklibrary/RecentPapers.h"
+#include "stocklibrary/StockLibraryView.h"
+
+#include <gmock/gmock.h>
+#include <gtkmm/checkbutton.h>
+#include <gtkmm/treeview.h>
+
+#include <chrono>
+#include <fstream>
+
+namespace tarvo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* Library = "StockLibrary";
+constexpr const char* PaperWindow = "NamedPaperStockSelection";
+constexpr std::chrono::seconds Hang{20};
+
+// Buttons by their numbers.
+constexpr const char* Add = "TPDE3";
+constexpr const char* Edit = "TPDE4";
+constexpr const char* Delete = "TPDE5";
+constexpr const char* Copy = "TPDE6";
+constexpr const char* Refresh = "TPDE7";
+constexpr const char* Columns = "TPDE8";
+
+class StockLibraryDialog : public StockFixture {
+protected:
+    ~StockLibraryDialog() override { MyRemoveThread(); }
+
+    std::int32_t run(Stock& stock, Gtk::Window* parent = nullptr)
+    {
+        std::int32_t result = 0;
+        EXPECT_EQ(RunModalStockLibraryDialog(*bundle_, parent, JobContext::Cover, stock, result),
+                  StatusOk);
+        return result;
+    }
+    std::int32_t run(Gtk::Window* parent = nullptr)
+    {
+        Stock stock;
+        return run(stock, parent);
+    }
+
+    static Gtk::TreeView& list(Gtk::Dialog& dialog)
+    {
+        return *FindWidget<Gtk::TreeView>(dialog, "TPDE2");
+    }
+    static void select(Gtk::Dialog& dialog, int row)
+    {
+        list(dialog).set_cursor(Gtk::TreePath(std::to_string(row)));
+    }
+    static void press(Gtk::Dialog& dialog, const char* button)
+    {
+        ASSERT_TRUE(isEnabled(dialog, button)) << button;
+        FindWidget<Gtk::Button>(dialog, button)->clicked();
+    }
+    static bool isEnabled(Gtk::Dialog& dialog, const char* button)
+    {
+        return FindWidget<Gtk::Button>(dialog, button)->get_sensitive();
+    }
+    static DialogScript::Action pressing(const char* button, int row = -1)
+    {
+        return [button, row](Gtk::Dialog& dialog) {
+            if (row >= 0) {
+                select(dialog, row);
+            }
+            press(dialog, button);
+        };
+    }
+    static DialogScript::Action naming(const char* name)
+    {
+        return [name](Gtk::Dialog& dialog) {
+            FindWidget<Gtk::Entry>(dialog, "TPDE12")->set_text(name);
+            dialog.response(Gtk::RESPONSE_OK);
+        };
+    }
+    static void showPrinter(Gtk::Dialog& dialog)
+    {
+        SetPopupButtonToTicketValue(FindWidget<Gtk::ComboBox>(dialog, "TPDE1"), 2);
+    }
+    static std::string status(Gtk::Dialog& dialog)
+    {
+        return FindWidget<Gtk::Label>(dialog, "TPDE9")->get_text();
+    }
+    static std::size_t rows(Gtk::Dialog& dialog)
+    {
+        return list(dialog).get_model()->children().size();
+    }
+    static bool turnUntil(const std::function<bool()>& isReached)
+    {
+        const auto end = std::chrono::steady_clock::now() + Hang;
+        while (!isReached() && std::chrono::steady_clock::now() < end) {
+            TurnMainLoop();
+            g_usleep(1'000);
+        }
+        return isReached();
+    }
+};
+
+TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
+{
+    save("Blue", 2);
+    const std::string green = save("Green", 4);
+    Stock stock = StockOf("Weight=90");
+    {
+        const DialogScript user({
+            {Library, [](Gtk::Dialog& dialog) {
+                 EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+                 EXPECT_FALSE(CanPressOk(dialog)) << "nothing is selected";
+                 EXPECT_TRUE(list(dialog).is_focus());
+                 select(dialog, 1);
+                 EXPECT_TRUE(CanPressOk(dialog));
+                 list(dialog).get_column(0)->set_fixed_width(231);
+                 TurnMainLoop();
+                 list(dialog).row_activated(Gtk::TreePath("1"), *list(dialog).get_column(0));
+             }}
+        });
+        EXPECT_EQ(run(stock), DialogOk);
+    }
+    EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
+    const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
+    EXPECT_EQ(view.selectedRow, green);
+    EXPECT_EQ(view.widths[0], 231);
+    EXPECT_EQ(view.widths[1], std::nullopt) << "as wide as ever";
+    EXPECT_EQ(RecentPapers(UserPreferenceFolders(), nullptr)[0].uuid, green);
+    const DialogScript user({
+        {Library, [](Gtk::Dialog& dialog) {
+             EXPECT_TRUE(list(dialog).get_selection()->is_selected(Gtk::TreePath("1")));
+             EXPECT_EQ(list(dialog).get_column(0)->get_fixed_width(), 231);
+             select(dialog, 0);
+             Press(dialog, GDK_KEY_Escape);
+         }}
+    });
+    EXPECT_EQ(run(stock), DialogCancel);
+    EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
+    EXPECT_EQ(ReadStockLibraryView(UserPreferenceFolders()).selectedRow, green);
+}
+
+TEST_F(StockLibraryDialog, KeepsTheUsersPapers)
+{
+    const DialogScript user({
+        {Library,                    pressing(Add)                },
+        {PaperWindow,                naming("Blue")               },
+        {Library,                    pressing(Add)                },
+        {PaperWindow,                naming("BLUE")               },
+        {"",                         Respond(Gtk::RESPONSE_CANCEL)},
+        {PaperWindow,                naming("Green")              },
+        {Library,                    pressing(Edit,                 1)}, // its name is its own
+        {PaperWindow,
+         [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(dialog.get_title(), "Edit Named Paper");
+             SetPopupButtonToTicketValue(FindWidget<Gtk::ComboBox>(dialog, "TPDE2"), 4);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                            },
+        {Library,                          pressing(Add)    },
+        {PaperWindow,                          Respond(Gtk::RESPONSE_CANCEL)                                        },
+        {Library,                          pressing(Edit,         1)},
+        {PaperWindow,                        naming("Blue")                                            },
+        {"",Respond(Gtk::RESPONSE_OK)}, // in place of the first
+        {Library,             pressing(Add)                                                                    },
+        {PaperWindow, naming("Red")},
+        {Library,             pressing(Delete,                                                                                 1)},
+        {"",PressKey(GDK_KEY_Return)}, // not by a hasty key
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(rows(dialog), 2U);
+             EXPECT_TRUE(list(dialog).get_selection()->is_selected(Gtk::TreePath("1")));
+             press(dialog, Delete);
+         }                               },
+        {"",                    Respond(Gtk::RESPONSE_OK)                                                        },
+        {Library,                         Respond(Gtk::RESPONSE_CANCEL)         },
+    });
+    EXPECT_EQ(run(), DialogCancel);
+    EXPECT_THAT(saved(), ElementsAre("Blue:4")) << "whatever the result";
+}
+
+TEST_F(StockLibraryDialog, ShowsButDoesNotGiveAPaperThatIsNotOffered)
+{
+    save("Odd", 77);
+    const DialogScript user({
+        {Library, [](Gtk::Dialog& dialog) {
+             select(dialog, 0);
+             EXPECT_FALSE(CanPressOk(dialog));
+             EXPECT_NE(status(dialog), "");
+             list(dialog).row_activated(Gtk::TreePath("0"), *list(dialog).get_column(0));
+             EXPECT_TRUE(dialog.get_mapped());
+             EXPECT_TRUE(isEnabled(dialog, Edit));
+             EXPECT_FALSE(isEnabled(dialog, Copy));
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }}
+    });
+    EXPECT_EQ(run(), DialogCancel);
+}
+
+TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
+{
+    const auto setColumns = [](bool isOk) {
+        return [isOk](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+            EXPECT_FALSE(FindWidget<Gtk::CheckButton>(dialog, "TPDE1")->get_sensitive());
+            FindWidget<Gtk::CheckButton>(dialog, isOk ? "TPDE2" : "TPDE3")->set_active(false);
+            dialog.response(isOk ? Gtk::RESPONSE_OK : Gtk::RESPONSE_CANCEL);
+        };
+    };
+    const DialogScript user({
+        {Library,               pressing(Columns)},
+        {"StockLibraryColumns", setColumns(true) },
+        {Library,               pressing(Columns)},
+        {"StockLibraryColumns", setColumns(false)},
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             EXPECT_TRUE(list(dialog).get_column(0)->get_visible());
+             EXPECT_FALSE(list(dialog).get_column(1)->get_visible());
+             EXPECT_TRUE(list(dialog).get_column(2)->get_visible());
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }                                       },
+    });
+    EXPECT_EQ(run(), DialogCancel);
+    const auto isHidden = ReadStockLibraryView(UserPreferenceFolders()).isHidden;
+    EXPECT_EQ(std::count(isHidden.begin(), isHidden.end(), true), 1);
+    EXPECT_TRUE(isHidden[1]);
+}
+
+TEST_F(StockLibraryDialog, LosesNothingOfALibraryThatIsBroken)
+{
+    save("Blue", 2);
+    std::ofstream(libraryPath()) << "<plist><dict><key>half";
+    testing::internal::CaptureStderr();
+    const DialogScript user({
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(status(dialog), "Your library has no papers yet.");
+             press(dialog, Add);
+         }                                     },
+        {PaperWindow, naming("New")            },
+        {Library,     Respond(Gtk::RESPONSE_OK)},
+    });
+    EXPECT_EQ(run(), DialogOk);
+    testing::internal::GetCapturedStderr();
+    EXPECT_THAT(saved(), ElementsAre("New:-2147483648"));
+    EXPECT_TRUE(std::filesystem::exists(libraryPath() + ".unreadable"));
+}
+
+TEST_F(StockLibraryDialog, SaysWhatIsKnownOfAPrinter)
+{
+    const DialogScript user({
+        {Library, [](Gtk::Dialog& dialog) {
+             showPrinter(dialog);
+             EXPECT_EQ(status(dialog), "This printer has no list of papers.");
+             EXPECT_EQ(rows(dialog), 0U);
+             for (const char* button : {Add, Edit, Delete, Copy, Refresh}) {
+                 EXPECT_FALSE(isEnabled(dialog, button)) << button;
+             }
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }}
+    });
+    EXPECT_EQ(run(), DialogCancel);
+}
+
+TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
+{
+    const DemoPrinter printer({});
+    save("Gloss brochure", 2);
+    MySpawnThread("com.tarvo.test", printer.authority(), 0);
+    ASSERT_TRUE(
+        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; }));
+    const DialogScript user({
+        {Library,
+         [this](Gtk::Dialog& dialog) {
+             showPrinter(dialog);
+             EXPECT_TRUE(turnUntil([&] { return rows(dialog) == DemoPrinter::MediaCount; }))
+                 << "it was asked before the dialog opened";
+             EXPECT_EQ(status(dialog), "");
+             press(dialog, Refresh);
+             EXPECT_FALSE(isEnabled(dialog, Refresh));
+             EXPECT_THAT(status(dialog), testing::HasSubstr("being retrieved"));
+             const auto former = ThePanelEnvironment().printerStockList;
+             EXPECT_TRUE(
+                 turnUntil([&] { return ThePanelEnvironment().printerStockList != former; }));
+             EXPECT_TRUE(isEnabled(dialog, Refresh));
+             select(dialog, 0);
+             press(dialog, Copy);
+             EXPECT_EQ(status(dialog), "The paper has been copied to your papers.");
+             select(dialog, 1);
+             press(dialog, Copy);
+         }                                 },
+        {"",      Respond(Gtk::RESPONSE_OK)}, // it replaces the user's own
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             select(dialog, 0);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                 },
+    });
+    Stock stock;
+    EXPECT_EQ(run(stock), DialogOk);
+    EXPECT_EQ(stock.customName(), "Plain A4");
+    EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
+}
+
+// Neither opening nor closing waits for it, and what it says later goes nowhere.
+TEST_F(StockLibraryDialog, OpensAndClosesWhileThePrinterHangs)
+{
+    const DemoPrinter printer({"--misbehave", "silent"});
+    MySpawnThread("com.tarvo.test", printer.authority(), 0);
+    ASSERT_TRUE(
+        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; }));
+    const auto start = std::chrono::steady_clock::now();
+    for (int time = 0; time < 2; ++time) {
+        const DialogScript user({
+            {Library, [](Gtk::Dialog& dialog) {
+                 showPrinter(dialog);
+                 EXPECT_THAT(status(dialog), testing::HasSubstr("being retrieved"));
+                 dialog.response(Gtk::RESPONSE_CANCEL);
+             }}
+        });
+        EXPECT_EQ(run(), DialogCancel);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
+    MyRemoveThread();
+    TurnMainLoop();
+}
+
+TEST_F(StockLibraryDialog, GoesWithThePrintDialog)
+{
+    save("Blue", 2);
+    GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    gtk_widget_show(window);
+    const DialogScript user({
+        {Library, pressing(Edit, 0)},
+        {PaperWindow,       [window](Gtk::Dialog& /*dialog*/) { gtk_widget_destroy(window); }         },
+    });
+    EXPECT_EQ(run(Glib::wrap(GTK_WINDOW(window))), DialogCancel);
+    EXPECT_THAT(saved(), ElementsAre("Blue:2"));
+}
+
+} // namespace
+} // namespace tarvo

@@ -1,0 +1,75 @@
+#include "panels/stock/StockListModel.h"
+
+#include "StockFixture.h"
+
+#include <gtk/gtk.h>
+#include <gtkmm/treepath.h>
+
+namespace tarvo {
+namespace {
+
+class StockListModelTest : public StockFixture {
+protected:
+    // Papers named by their numbers, and something that is none between them.
+    Glib::RefPtr<StockListModel> modelOf(int count)
+    {
+        StockLibraryList list;
+        for (int number = 0; number < count; ++number) {
+            StockLibrary paper = Paper(std::to_string(number), number == 1 ? 77 : 2);
+            uuids_.push_back(list.add(paper));
+        }
+        if (count > 2) {
+            list.setInUse(uuids_[2]);
+        }
+        auto papers = std::make_shared<CFDictionary>();
+        papers->set("no entry", 5);
+        for (const auto& each : list.stockList()) {
+            papers->set(each.key, each.value);
+        }
+        return StockListModel::Create(*bundle_, papers);
+    }
+
+    std::vector<std::string> uuids_;
+};
+
+// As a list walks through it.
+TEST_F(StockListModelTest, HasARowForEachPaper)
+{
+    const auto model = modelOf(4);
+    EXPECT_EQ(model->children().size(), 4U);
+    int number = 0;
+    for (const auto& row : model->children()) {
+        Glib::ustring name;
+        row.get_value(0, name);
+        EXPECT_EQ(name, std::to_string(number));
+        bool canBeChosen = false;
+        row.get_value(StockListModel::CanBeChosenColumn, canBeChosen);
+        EXPECT_EQ(canBeChosen, number != 1) << "a colour that no menu has";
+        int weight = 0;
+        row.get_value(StockListModel::WeightColumn, weight);
+        EXPECT_EQ(weight, number == 2 ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
+        EXPECT_TRUE(row.children().empty());
+        EXPECT_FALSE(row.parent());
+        EXPECT_EQ(model->get_path(row).to_string(), std::to_string(number));
+        ++number;
+    }
+    EXPECT_EQ(number, 4);
+}
+
+TEST_F(StockListModelTest, FindsRowsByPathAndByUuid)
+{
+    const auto model = modelOf(3);
+    EXPECT_EQ(model->rowOf(uuids_[2]), 2U);
+    EXPECT_EQ(model->rowOf("no entry"), std::nullopt);
+    EXPECT_EQ(model->uuid(2), uuids_[2]);
+    EXPECT_EQ(model->paper(2).name(), "2");
+    EXPECT_TRUE(model->get_iter("2"));
+    for (const char* path : {"3", "0:0", "2147483647"}) {
+        EXPECT_FALSE(model->get_iter(path)) << path;
+    }
+    EXPECT_EQ(StockListModel::Create(*bundle_, nullptr)->children().size(), 0U)
+        << "a printer that has said nothing";
+}
+
+} // namespace
+} // namespace tarvo

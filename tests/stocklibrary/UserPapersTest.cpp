@@ -1,0 +1,116 @@
+#include "stocklibrary/UserPapers.h"
+
+#include "prefs/FailingCall.h"
+#include "prefs/PreferenceFolderFixture.h"
+#include "records/TicketSpecialPages.h"
+#include "stocklibrary/RecentPapers.h"
+#include "stocklibrary/StockLibraryList.h"
+#include "stocklibrary/StockLibraryTestSupport.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+namespace tarvo {
+namespace {
+
+using testing::ElementsAre;
+
+class UserPapersTest : public PreferenceFolderFixture {
+protected:
+    static Stock named(const std::string& name, std::int32_t color = 1)
+    {
+        return Paper(name, color).stock();
+    }
+    // "name:color status" of each paper, in order.
+    static std::vector<std::string> words(const CFDictionary& papers)
+    {
+        std::vector<std::string> words;
+        for (const auto& each : papers) {
+            const StockLibrary paper(*each.value.get<CFDictionary>());
+            EXPECT_EQ(paper.name(), paper.stock().customName());
+            words.push_back(paper.name() + ":" + std::to_string(paper.stock().color()) + " " +
+                            std::to_string(paper.status()));
+        }
+        return words;
+    }
+    std::vector<std::string> stored() const
+    {
+        return words(ReadUserStockList(folders_)->stockList());
+    }
+    std::vector<std::string> shown() const { return words(*papers_.papers()); }
+
+    UserPapers papers_{folders_};
+};
+
+TEST_F(UserPapersTest, AreChangedInMemoryAndInTheFileAlike)
+{
+    papers_.load({}, {});
+    const std::string blue = papers_.add(named("Blue", 2));
+    const std::string green = papers_.add(named("Green", 4));
+    const auto before = papers_.papers();
+    EXPECT_TRUE(papers_.hasName("GREEN"));
+    EXPECT_EQ(papers_.edit(green, named("Moss", 4)), green);
+    EXPECT_THAT(shown(), ElementsAre("Blue:2 0", "Moss:4 0"));
+    EXPECT_THAT(words(*before), ElementsAre("Blue:2 0", "Green:4 0")) << "of the task before";
+    papers_.use(blue);
+    papers_.use(green);
+    papers_.remove(blue);
+    EXPECT_THAT(shown(), ElementsAre("Moss:4 1"));
+    EXPECT_EQ(stored(), shown());
+    const auto recent = RecentPapers(folders_, nullptr);
+    ASSERT_EQ(recent.size(), 1U);
+    EXPECT_EQ(recent[0].uuid, green);
+    papers_.edit(blue, named("Blue", 3)); // another program has removed it: nothing is lost
+    EXPECT_THAT(stored(), ElementsAre("Moss:4 1", "Blue:3 0"));
+}
+
+TEST_F(UserPapersTest, TakeThePlaceOfTheOneThatHasTheirName)
+{
+    papers_.load({}, {});
+    const std::string blue = papers_.add(named("Blue", 2));
+    const std::string green = papers_.add(named("Green", 4));
+    EXPECT_EQ(papers_.replace(named("BLUE", 3), ""), blue);
+    EXPECT_THAT(stored(), ElementsAre("BLUE:3 0", "Green:4 0"));
+    EXPECT_EQ(papers_.replace(named("Blue", 5), green), blue) << "Green was renamed";
+    EXPECT_THAT(stored(), ElementsAre("Blue:5 0"));
+    EXPECT_EQ(papers_.replace(named("Blue", 6), blue), blue) << "its own name";
+    EXPECT_NE(papers_.replace(named("Red", 9), ""), blue) << "the other one has gone meanwhile";
+    EXPECT_THAT(stored(), ElementsAre("Blue:6 0", "Red:9 0"));
+}
+
+TEST_F(UserPapersTest, OfTheJobAreMarked)
+{
+    papers_.load({}, {});
+    papers_.add(named("Blue", 2));
+    papers_.use(papers_.add(named("Green", 4)));
+    const std::string odd = papers_.add(named("Odd", 77));
+    EXPECT_THAT(stored(), ElementsAre("Blue:2 0", "Green:4 1", "Odd:77 2"));
+    UserPapers later(folders_);
+    later.load(named("Blue", 2), {});
+    EXPECT_THAT(words(*later.papers()), ElementsAre("Blue:2 1", "Green:4 0", "Odd:77 2"));
+    later.edit(odd, named("Odd", 3));
+    EXPECT_EQ(words(*later.papers()).back(), "Odd:3 0") << "offered from now on";
+    const auto written = std::filesystem::last_write_time(userPath("com.tarvo.print.stocklibrary"));
+    later.load(named("Blue", 2), {});
+    EXPECT_EQ(std::filesystem::last_write_time(userPath("com.tarvo.print.stocklibrary")), written);
+}
+
+TEST_F(UserPapersTest, StayInMemoryWhenTheyCannotBeSaved)
+{
+    papers_.load({}, {});
+    papers_.add(named("Blue", 2));
+    testing::internal::CaptureStderr();
+    {
+        const FailingCall full("write", ENOSPC);
+        papers_.add(named("Green", 4));
+        EXPECT_THAT(shown(), ElementsAre("Blue:2 0", "Green:4 0"));
+        EXPECT_THAT(stored(), ElementsAre("Blue:2 0"));
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "WriteUserPreferences() failed (28)\n");
+    papers_.add(named("Red", 9)); // the disk has room again
+    EXPECT_THAT(stored(), ElementsAre("Blue:2 0", "Green:4 0", "Red:9 0"));
+}
+
+} // namespace
+} // namespace tarvo
