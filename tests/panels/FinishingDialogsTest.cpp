@@ -83,29 +83,31 @@ TEST(PositionDialogs, OfferEachPositionWithItsPicture)
     for (const auto& row : PositionCases) {
         SCOPED_TRACE(row.window);
         const FinishedSet current = SetWith(row.option, row.position, row.second);
-        const auto look = [&row](Gtk::Dialog& dialog) {
+        const auto chosen = AfterDialog(row.option, current, [&row](Gtk::Dialog& dialog) {
             EXPECT_EQ(NameInDescription(dialog), row.window);
             EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
             const auto buttons = AllOf<Gtk::RadioButton>(dialog);
             const auto pictures = AllOf<FinishedSetView>(dialog);
-            ASSERT_EQ(buttons.size(), row.count);
-            ASSERT_EQ(pictures.size(), row.count);
+            EXPECT_EQ(buttons.size(), row.count);
+            EXPECT_EQ(pictures.size(), row.count);
             EXPECT_TRUE(buttons[1]->get_active());
             EXPECT_EQ(pictures[1]->shown().finishing.*row.position, row.second);
             buttons.back()->set_active(true);
-        };
-        const auto chosen = AfterDialog(row.option, current, [&look](Gtk::Dialog& dialog) {
-            look(dialog);
             dialog.response(Gtk::RESPONSE_OK);
         });
         EXPECT_EQ(chosen, SetWith(row.option, row.position, row.last).finishing);
-        EXPECT_EQ(AfterDialog(row.option, current,
-                              [&look](Gtk::Dialog& dialog) {
-                                  look(dialog);
-                                  PressKey(dialog, GDK_KEY_Escape);
-                              }),
-                  std::nullopt);
     }
+}
+
+TEST(PositionDialogs, ChangeNothingWhenTheUserEscapes)
+{
+    const FinishedSet current = SetWith(9, &Finishing::twoStaples, 10);
+    EXPECT_EQ(AfterDialog(9, current,
+                          [](Gtk::Dialog& dialog) {
+                              AllOf<Gtk::RadioButton>(dialog).back()->set_active(true);
+                              PressKey(dialog, GDK_KEY_Escape);
+                          }),
+              std::nullopt);
 }
 
 TEST(PositionDialogs, StartAtTheFirstAndTakeTheKeyboard)

@@ -119,9 +119,8 @@ TEST(SheetPicture, HasTheFinishingWhereItsWordsSay)
             FinishedSet plain = set;
             plain.finishing = {};
             for (const auto& [size, scale] : {
-                     std::pair(48, 1), {76,  1},
-                       {76,  2},
-                       {200, 3}
+                     std::pair(48, 1), {60,  2},
+                       {100, 1}
             }) {
                 const Picture with = PictureOf(set, size, scale);
                 const Picture without = PictureOf(plain, size, scale);
