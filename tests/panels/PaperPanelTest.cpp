@@ -136,6 +136,19 @@ TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
     EXPECT_EQ(panel_->open(), -9530);
 }
 
+TEST_F(PaperPanel, ShowsTheTicketsStockAndKeepsWhatNoMenuHas)
+{
+    const CFDictionary stock = Entries({
+        {"Color", 2 },
+        {"Type",  77}
+    });
+    ticket_->setItem("x", JobLevelStockKey, stock);
+    open();
+    EXPECT_THAT(control<Gtk::Label>("Tshl212").get_text().raw(), testing::HasSubstr("Blue"));
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(JobLevelStockKey)->value, CFPropertyList(stock));
+}
+
 TEST_F(PaperPanel, TheSetupButtonFollowsTheJobType)
 {
     open();

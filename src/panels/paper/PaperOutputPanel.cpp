@@ -7,6 +7,7 @@
 #include "panels/paper/PaperConflicts.h"
 #include "panels/paper/PaperOutputMenus.h"
 #include "panels/paper/PaperOutputSettings.h"
+#include "panels/stock/StockControl.h"
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Nib.h"
 #include "printer/PrinterDescription.h"
@@ -123,6 +124,9 @@ private:
         const auto window = nib.window<Gtk::Widget>("PaperOutputPanel");
         const auto content = nib.widget<Gtk::Widget>("Tshl200");
         auto jobType = std::make_unique<JobTypeSection>(nib, settings_, controls_);
+        const auto stockMenu = nib.widget<Gtk::Button>("Tshl210");
+        const auto stockPicture = nib.widget<Gtk::Button>("Tshl211");
+        const auto stockSummary = nib.widget<Gtk::Label>("Tshl212");
         const auto sides = nib.widget<Gtk::ComboBox>("Tshl220");
         const auto sidesPicture = nib.widget<Gtk::Image>("Tshl221");
         auto finishing = std::make_unique<FinishingSection>(nib, settings_, controls_);
@@ -137,6 +141,8 @@ private:
         }
         jobType_ = std::move(jobType);
         jobType_->bind();
+        stock_.bind(stockMenu, stockPicture, stockSummary);
+        controls_.bindView([this] { stock_.show(); });
         bindSides(sides, sidesPicture);
         finishing_ = std::move(finishing);
         finishing_->bind();
@@ -206,6 +212,7 @@ private:
 
     PaperOutputSettings settings_ = FreshPaperOutputSettings(CurrentTime());
     ControlBindings controls_;
+    StockControl stock_{JobContext::Job, settings_.stock, [this] { controls_.showViews(); }};
     std::unique_ptr<JobTypeSection> jobType_;
     std::unique_ptr<FinishingSection> finishing_;
     std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
