@@ -65,6 +65,13 @@ def find(program, role, name):
     return None
 
 
+def find_labelled(program, text):
+    """What a label belongs to, for a widget whose name is its value."""
+    label = find(program, "label", text)
+    return next(relation.getTarget(0) for relation in label.getRelationSet()
+                if relation.getRelationType() == pyatspi.RELATION_LABEL_FOR)
+
+
 def jobs():
     return sorted((Folder / "jobs").glob("*.options"), key=lambda path: int(path.stem))
 
@@ -112,10 +119,22 @@ def click(program, name, role="push button"):
 
 
 def choose_item(program, name, item):
-    """Chooses an item of the pop-up button of that name."""
-    box = wait_for(f"pop-up {name}", lambda: find(program, "combo box", name))
+    """Chooses the item that begins so of the pop-up button of that name."""
+    box = wait_for(f"pop-up button {name}", lambda: find(program, "combo box", name) or find_labelled(program, name))
     texts = [entry.name for entry in box[0]]
-    box.querySelection().selectChild(texts.index(item))
+    box.querySelection().selectChild(next(place for place, text in enumerate(texts) if text.startswith(item)))
+
+
+def choose_in_menu(program, submenu, item):
+    """Chooses an item of a submenu of the menu that is open, as a screen reader does."""
+    wait_for(f"submenu {submenu}", lambda: find(program, "menu", submenu)).queryAction().doAction(0)
+    wait_for(f"item {item}", lambda: find_role_of(program, item)).queryAction().doAction(0)
+
+
+def find_role_of(program, name):
+    """An item of a menu, whatever its mark."""
+    roles = ("menu item", "check menu item", "radio menu item")
+    return next(filter(None, (find(program, role, name) for role in roles)), None)
 
 
 def choose_file(program, title, path, button):
