@@ -91,6 +91,8 @@ TEST(PositionDialogs, OfferEachPositionWithItsPicture)
             ASSERT_EQ(buttons.size(), row.count);
             ASSERT_EQ(pictures.size(), row.count);
             EXPECT_TRUE(buttons[1]->get_active());
+            EXPECT_EQ(buttons[1]->get_accessible()->get_description(),
+                      DescribeFinishedSet(pictures[1]->shown(), BuiltBundle()));
             EXPECT_EQ(pictures[1]->shown().finishing.*row.position, row.second);
             buttons.back()->set_active(true);
         };

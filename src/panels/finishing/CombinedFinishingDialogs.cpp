@@ -25,12 +25,6 @@ Menu Checked(Menu menu, std::int32_t value)
     return menu;
 }
 
-FinishedSet WithChoice(FinishedSet set, FinishingChoice finishing)
-{
-    set.finishing = std::move(finishing);
-    return set;
-}
-
 // What the user chooses from: what the printer offers and the job has.
 struct Choices {
     const CFBundle& bundle;
@@ -198,8 +192,8 @@ private:
         frame_.holes.enable(chosen_.hasHoles != 0);
         zFold_.enable(chosen_.hasZFold != 0);
         okButton_->set_sensitive(ChosenFinishing(current, chosen_).has_value());
-        preview.show(WithChoice(choices_.current, FinishingSoFar(current, chosen_)),
-                     choices_.bundle);
+        preview.showSet(WithFinishing(choices_.current, FinishingSoFar(current, chosen_)),
+                        choices_.bundle);
     }
 
     const Choices& choices_;
@@ -248,7 +242,8 @@ std::optional<FinishingChoice> RunHolePunchDialog(Gtk::Window* parent, const CFB
     bindings.bindPopup(frame.punch.button, positions, position);
     bindings.bindPopup(frame.holes.button, counts, holes);
     bindings.bindView([&, &preview = AddPreview(frame)] {
-        preview.show(WithChoice(current, Punched(current.finishing, position, holes)), bundle);
+        preview.showSet(WithFinishing(current, Punched(current.finishing, position, holes)),
+                        bundle);
     });
     bindings.show();
     if (RunModalWindow(bundle, *frame.dialog.get(), parent) != DialogOk) {

@@ -66,7 +66,8 @@ Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
     auto* content = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, 12);
     auto* picture = Gtk::make_managed<FinishedSetView>(PictureSize, PictureSize);
     auto* label = Gtk::make_managed<Gtk::Label>(choice.text);
-    picture->show(choice.set, bundle);
+    picture->showSet(choice.set, bundle);
+    button->get_accessible()->set_description(DescribeFinishedSet(choice.set, bundle));
     label->set_line_wrap(true);
     label->set_xalign(0);
     label->set_width_chars(CharactersOfLabel);
@@ -128,12 +129,6 @@ std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundl
     return chosen;
 }
 
-FinishedSet WithChoice(FinishedSet set, FinishingChoice finishing)
-{
-    set.finishing = std::move(finishing);
-    return set;
-}
-
 std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBundle& bundle,
                                                const PositionDialogRow& row,
                                                const FinishedSet& current,
@@ -143,7 +138,7 @@ std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBund
     std::vector<PicturedChoice> choices;
     for (const MenuItem& item : positions) {
         const auto finishing = ChooseFinishing(current.finishing, row.option, item.value);
-        choices.push_back({item.value, item.text, WithChoice(current, finishing)});
+        choices.push_back({item.value, item.text, WithFinishing(current, finishing)});
     }
     const auto chosen = RunPositionDialog(parent, bundle, row, choices, CheckedValue(positions));
     return chosen ? std::optional(ChooseFinishing(current.finishing, row.option, *chosen))

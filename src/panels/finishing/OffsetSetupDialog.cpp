@@ -30,8 +30,6 @@ constexpr OffsetButton OffsetButtons[] = {
     {5, "TPDE1105", true },
 };
 
-constexpr std::int32_t SlipSheetsOn = 2;
-constexpr std::int32_t SlipSheetsOff = 1;
 constexpr std::int32_t MostPages = 9999;
 
 bool HasSubsets(std::int32_t offset)
@@ -144,9 +142,8 @@ std::optional<FinishingChoice> RunOffsetSetupDialog(Gtk::Window* parent, const C
     ControlBindings bindings;
     Bind(bindings, *controls, chosen);
     bindings.bindView([&, preview] {
-        FinishedSet set = current;
-        set.finishing = chosen.storedIn(current.finishing, offers);
-        preview->show(set, bundle);
+        preview->showSet(WithFinishing(current, chosen.storedIn(current.finishing, offers)),
+                         bundle);
         controls->subset->set_sensitive(HasSubsets(chosen.offset));
         controls->pages->set_sensitive(HasSubsets(chosen.offset) && chosen.hasSubset != 0);
     });

@@ -55,7 +55,8 @@ FinishedSet FinishedSetOf(const PaperOutputSettings& settings)
     return {.finishing = settings.finishing,
             .paperColor = settings.stock.color(),
             .sides = settings.sides,
-            .isLandscape = IsLandscape(GetCurrentPrintSession())};
+            .isLandscape = IsLandscape(GetCurrentPrintSession()),
+            .ownColor = settings.stock.customColor()};
 }
 
 } // namespace
@@ -102,13 +103,13 @@ void FinishingSection::bindFamily()
 
 void FinishingSection::bindPicture()
 {
-    view_.Gtk::Widget::show();
+    view_.show();
     picture_->add(view_);
     bindings_.bindView([this] {
         const CFBundle& bundle = *GetPDEBundle();
         setup_->set_sensitive(HasFinishingDialog(FinishingMenuValue(settings_.finishing)));
         summary_->set_text(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle)));
-        view_.show(FinishedSetOf(settings_), bundle);
+        view_.showSet(FinishedSetOf(settings_), bundle);
     });
 }
 
