@@ -250,6 +250,37 @@ TEST(OffsetDialog, StoresWhatItShows)
     const Finishing sets = run([&press](Gtk::Dialog& dialog) { press(dialog, "TPDE1103", true); });
     EXPECT_EQ(sets.offset, 3);
     EXPECT_EQ(sets.offsetSubset, 0);
+    EXPECT_EQ(sets.pagesPerSubset, 9999) << "for when there are subsets again";
+}
+
+FinishedSet SetWithOffset(std::int32_t offset, std::int32_t subset, std::int32_t pages)
+{
+    FinishedSet set = SetWith(0, &Finishing::offset, offset);
+    set.finishing.offsetSubset = subset;
+    set.finishing.pagesPerSubset = pages;
+    return set;
+}
+
+TEST(OffsetDialog, LeavesWhatNobodyTouches)
+{
+    for (const FinishedSet& set : {SetWithOffset(2, 0, 25), SetWithOffset(4, 1, 20'000),
+                                   SetWithOffset(0, 7, 0), SetWithOffset(9, 1, -3)}) {
+        const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}), set.finishing);
+    }
+}
+
+TEST(OffsetDialog, TakesTheNumberThatIsBeingTyped)
+{
+    const FinishedSet set = SetWithOffset(4, 1, 25);
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
+        pages->grab_focus();
+        pages->set_text("300");
+        PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
+    });
+    EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+              SetWithOffset(4, 1, 300).finishing);
 }
 
 TEST(OffsetDialog, LeavesOutWhatIsNotInstalled)
