@@ -167,6 +167,20 @@ TEST(HolePunchDialog, TakesSideAndNumber)
     EXPECT_EQ(chosen, current.finishing);
 }
 
+TEST(HolePunchDialog, KeepsAnUnknownSideAndStoresTheUsualNumberForNone)
+{
+    FinishedSet current = SetWith(30, &Finishing::punch, 49);
+    current.finishing.holes = 0;
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        EXPECT_EQ(ShownText(*FindWidget<Gtk::ComboBox>(dialog, "TPDE901")), "");
+        EXPECT_FALSE(FindWidget<Gtk::Widget>(dialog, "TPDE903")->get_visible());
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    const auto chosen = RunFinishingDialog(nullptr, BuiltBundle(), 30, current, {});
+    current.finishing.holes = 4;
+    EXPECT_EQ(chosen, current.finishing);
+}
+
 TEST(MultipleFinishingDialog, CombinesAtLeastTwoParts)
 {
     const auto chosen =

@@ -113,7 +113,7 @@ std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundl
                                               std::int32_t chosen)
 {
     auto nib = Nib::Open(bundle, "Finishing", row.window);
-    if (!nib || choices.empty()) {
+    if (!nib) {
         return std::nullopt;
     }
     const auto dialog = nib->window<Gtk::Dialog>(row.window);
@@ -174,6 +174,9 @@ std::optional<FinishingChoice> RunFinishingDialog(Gtk::Window* parent, const CFB
                                                   std::int32_t option, const FinishedSet& current,
                                                   const std::vector<FinishingOffer>& offers)
 {
+    if (!HasFinishingChoices(bundle, offers, option, current.finishing)) {
+        return std::nullopt;
+    }
     if (const auto* row = PositionDialogOf(option)) {
         return RunFamilyDialog(parent, bundle, *row, current, offers);
     }

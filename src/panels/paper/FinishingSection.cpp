@@ -107,7 +107,9 @@ void FinishingSection::bindPicture()
     picture_->add(view_);
     bindings_.bindView([this] {
         const CFBundle& bundle = *GetPDEBundle();
-        setup_->set_sensitive(HasFinishingDialog(FinishingMenuValue(settings_.finishing)));
+        setup_->set_sensitive(HasFinishingChoices(bundle, OffersOfPrinter(),
+                                                  FinishingMenuValue(settings_.finishing),
+                                                  settings_.finishing));
         summary_->set_text(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle)));
         view_.showSet(FinishedSetOf(settings_), bundle);
     });
