@@ -8,7 +8,9 @@
 #include <gtkmm/checkbutton.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/radiobutton.h>
+#include <gtkmm/settings.h>
 #include <gtkmm/spinbutton.h>
+#include <gtkmm/viewport.h>
 
 #include <fstream>
 
@@ -324,6 +326,42 @@ TEST(BookletFinishingDialog, OffersNoFoldingOnlyToALayout)
         EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, BuiltBundle(), current, offersNone),
                   offersNone ? 1 : 7);
     }
+}
+
+// With text of twice the usual size.
+class LargeText {
+public:
+    LargeText() { set(2); }
+    LargeText(const LargeText&) = delete;
+    LargeText& operator=(const LargeText&) = delete;
+    ~LargeText() { set(1); }
+
+private:
+    static void set(int scale)
+    {
+        constexpr int UsualDensity = 96 * 1024; // in 1024ths of a dot per inch
+        Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * UsualDensity;
+    }
+};
+
+TEST(FinishingDialogs, FitANarrowScreenWithLargeText)
+{
+    constexpr int NarrowScreen = 1024;
+    const LargeText large;
+    const CFBundle german = BuiltBundle("de");
+    const auto measure = [](Gtk::Dialog& dialog) {
+        int least = 0;
+        int natural = 0;
+        AllOf<Gtk::Viewport>(dialog).front()->get_child()->get_preferred_width(least, natural);
+        EXPECT_LT(least, NarrowScreen - 40) << NameInDescription(dialog);
+        dialog.response(Gtk::RESPONSE_CANCEL);
+    };
+    for (const std::int32_t option : {4, 9, 14, 18, 24, 25, 30, 36, 40, 49}) {
+        const DialogAnswer answer(measure);
+        RunFinishingDialog(nullptr, german, option, FinishedSet(), Offers);
+    }
+    const DialogAnswer answer(measure);
+    RunOffsetSetupDialog(nullptr, german, FinishedSet(), {});
 }
 
 TEST(FinishingDialogs, ChangeNothingWithoutTheirDescription)

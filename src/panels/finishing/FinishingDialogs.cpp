@@ -56,7 +56,8 @@ struct PicturedChoice {
 };
 
 constexpr int PictureSize = 84;
-constexpr int CharactersOfLabel = 22; // before it wraps
+constexpr int SpaceBetweenChoices = 6;
+constexpr int CharactersOfLabel = 22; // before it wraps; sooner where the screen is small
 
 // A radio button with the picture before its text.
 Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
@@ -70,7 +71,6 @@ Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
     button->get_accessible()->set_description(DescribeFinishedSet(choice.set, bundle));
     label->set_line_wrap(true);
     label->set_xalign(0);
-    label->set_width_chars(CharactersOfLabel);
     label->set_max_width_chars(CharactersOfLabel);
     label->set_mnemonic_widget(*button);
     content->pack_start(*picture, Gtk::PACK_SHRINK);
@@ -78,6 +78,20 @@ Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
     button->add(*content);
     column.pack_start(*button, Gtk::PACK_SHRINK);
     return *button;
+}
+
+// With large text columns beside each other are wider than a small screen: then they come below
+// each other.
+void ArrangeColumns(Gtk::Box& box)
+{
+    constexpr int RoomOnSmallScreen = 960;
+    int least = 0;
+    int natural = 0;
+    box.get_preferred_width(least, natural);
+    if (least > RoomOnSmallScreen) {
+        box.set_orientation(Gtk::ORIENTATION_VERTICAL);
+        box.set_spacing(SpaceBetweenChoices);
+    }
 }
 
 // Fills the box, column by column; the button of the chosen value is on and has the focus.
@@ -89,7 +103,7 @@ void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::
     Gtk::RadioButton::Group group;
     for (std::size_t place = 0; place < choices.size(); ++place) {
         if (place % MostInAColumn == 0) {
-            column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, 6);
+            column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, SpaceBetweenChoices);
             box.pack_start(*column);
         }
         Gtk::RadioButton& button = AddRadioButton(*column, choices[place], bundle);
@@ -103,6 +117,7 @@ void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::
         }));
     }
     box.show_all_children();
+    ArrangeColumns(box);
 }
 
 /// @param chosen  the value that is on first
