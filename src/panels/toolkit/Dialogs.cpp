@@ -9,8 +9,20 @@
 
 #include <gtkmm/entry.h>
 #include <gtkmm/messagedialog.h>
+#include <gtkmm/spinbutton.h>
 
 namespace tarvo {
+namespace {
+
+// Alt and a letter press OK without leaving the field that is being typed into.
+void TakeNumberBeingTyped(Gtk::Dialog& dialog)
+{
+    if (auto* field = dynamic_cast<Gtk::SpinButton*>(dialog.get_focus())) {
+        field->update();
+    }
+}
+
+} // namespace
 
 std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Window* parent)
 {
@@ -25,6 +37,8 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
     if (dialog.get_title().empty()) {
         dialog.set_title(bundle.localizedString("PDE Shell"));
     }
+    dialog.signal_response().connect(
+        Guarded([window = &dialog](int) { TakeNumberBeingTyped(*window); }), false);
     const DialogHandle printDialog;
     // A dialog of ours may be the parent. It is only hidden when the application ends it, since it
     // is held here.
@@ -69,9 +83,12 @@ OSStatus RunModalCustomValueDialog(const CFBundle& bundle, Gtk::Window* parent, 
     LimitInputLength(field.get(), limit);
     field->set_text(former);
     field->grab_focus();
+    std::string entered;
+    dialog->signal_response().connect(
+        Guarded([control = field.get(), &entered](int) { entered = control->get_text(); }));
     result = RunModalWindow(bundle, *dialog.get(), parent);
     if (result == DialogOk) {
-        text = field->get_text();
+        text = entered;
     }
     return StatusOk;
 }
