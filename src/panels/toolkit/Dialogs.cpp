@@ -9,7 +9,35 @@
 #include <gtkmm/entry.h>
 #include <gtkmm/messagedialog.h>
 
+#include <memory>
+
 namespace tarvo {
+namespace {
+
+// Ends a window of a description once nobody but the toolkit holds it: its wrapper keeps a window
+// that is destroyed, only hidden, for good.
+gboolean EndWindow(gpointer data)
+{
+    auto* window = static_cast<GtkWidget*>(data);
+    constexpr guint OursAndTheToolkits = 2;
+    if (G_OBJECT(window)->ref_count > OursAndTheToolkits) {
+        return G_SOURCE_CONTINUE;
+    }
+    const std::unique_ptr<Gtk::Window> owner(Glib::wrap(GTK_WINDOW(window)));
+    g_object_unref(window);
+    return G_SOURCE_REMOVE;
+}
+
+void EndWhenDropped(Gtk::Window& window)
+{
+    constexpr guint Milliseconds = 20;
+    GtkWidget* const widget = GTK_WIDGET(window.gobj());
+    if (gtk_buildable_get_name(GTK_BUILDABLE(widget)) != nullptr) {
+        g_timeout_add(Milliseconds, EndWindow, g_object_ref(widget));
+    }
+}
+
+} // namespace
 
 std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Window* parent)
 {
@@ -34,6 +62,7 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
     const int response = dialog.run();
     parentsEnd.disconnect();
     gtk_widget_destroy(GTK_WIDGET(dialog.gobj()));
+    EndWhenDropped(dialog);
     return response == Gtk::RESPONSE_OK ? DialogOk : DialogCancel;
 }
 
