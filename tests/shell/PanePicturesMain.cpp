@@ -6,13 +6,20 @@
 #include "panels/finishing/FinishingDialogs.h"
 #include "panels/paper/BackgroundFormsDialog.h"
 #include "panels/paper/SaveJobAsDialog.h"
+#include "panels/stock/AdvancedStockDialog.h"
+#include "panels/stock/CustomSizeDialog.h"
+#include "panels/stock/StockFieldDialogs.h"
+#include "panels/stock/StockLibraryColumnsDialog.h"
+#include "panels/stock/StockLibraryDialog.h"
 #include "panels/toolkit/Dialogs.h"
 #include "records/BackgroundFormsOptions.h"
+#include "records/Stock.h"
 #include "settings/SettingMap.h"
 #include "settings/TicketKeys.h"
 #include "shell/PanelTable.h"
 #include "shell/Shell.h"
 #include "shell/ShellCommands.h"
+#include "stocklibrary/StockLibraryList.h"
 #include "support/BuiltBundle.h"
 #include "support/Widgets.h"
 
@@ -23,6 +30,8 @@
 #include <gtkmm/settings.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <tuple>
 
 namespace tarvo {
 namespace {
@@ -162,6 +171,75 @@ void DrawFinishingDialogs(const CFBundle& bundle, const std::string& prefix)
                [&] { RunModalBookletFinishingDialog(nullptr, bundle, set, true); });
 }
 
+// Some papers for the library's pictures, where the user's preferences are.
+void SavePapers()
+{
+    StockLibraryList list(UserPreferenceFolders());
+    for (const auto& [name, color, type, weight] :
+         std::vector<std::tuple<const char*, int, int, int>>{
+             {"Letterhead",   1,  3, 90 },
+             {"Spring cover", 3,  1, 160},
+             {"Odd",          77, 1, 90 }
+    }) {
+        StockLibrary paper;
+        paper.setName(name);
+        paper.stock().setCustomName(name);
+        paper.stock().setSize(4);
+        paper.stock().setColor(color);
+        paper.stock().setType(type);
+        paper.stock().setWeight(weight);
+        list.add(paper);
+    }
+}
+
+using StockDialog = OSStatus (*)(const CFBundle&, Gtk::Window*, Stock&, std::int32_t&);
+
+struct StockPictureRow {
+    const char* name;
+    StockDialog run;
+};
+
+constexpr StockPictureRow StockPictures[] = {
+    {"stock-color",       RunModalCustomStockColorSetup},
+    {"stock-type",        RunModalCustomStockTypeSetup },
+    {"stock-ordered",     RunModalOrderedStockSetup    },
+    {"stock-tabs",        RunModalPreCutTabStockSetup  },
+    {"stock-description", RunModalStockDescriptionSetup},
+};
+
+void DrawStockDialogs(const CFBundle& bundle, const std::string& prefix)
+{
+    Stock stock;
+    std::int32_t result = 0;
+    for (const StockPictureRow& row : StockPictures) {
+        DrawDialog(prefix + "-" + row.name + ".png",
+                   [&] { row.run(bundle, nullptr, stock, result); });
+    }
+    DrawDialog(prefix + "-stock-size.png", [&] {
+        std::int32_t width = 21000;
+        std::int32_t length = 29700;
+        RunModalCustomStockSizeDialog(bundle, nullptr, width, length, result);
+    });
+    DrawDialog(prefix + "-stock-name.png", [&] {
+        std::string name = "Spring cover";
+        RunModalStockNameSetup(bundle, nullptr, name, result);
+    });
+    DrawDialog(prefix + "-stock-advanced.png", [&] {
+        RunModalAdvancedStockSelection(bundle, nullptr, JobContext::Cover, stock, result);
+    });
+    DrawDialog(prefix + "-stock-named.png", [&] {
+        bool replaces = false;
+        RunModalNamedPaperStockSelection(bundle, nullptr, {}, stock, result, replaces);
+    });
+    DrawDialog(prefix + "-stock-library.png", [&] {
+        RunModalStockLibraryDialog(bundle, nullptr, JobContext::Cover, stock, result);
+    });
+    DrawDialog(prefix + "-stock-columns.png", [&] {
+        StockLibraryView view;
+        RunModalStockLibraryColumnsDialog(bundle, nullptr, view, result);
+    });
+}
+
 } // namespace
 } // namespace tarvo
 
@@ -175,6 +253,8 @@ int main(int argc, char** argv)
     }
     const CFBundle bundle(BuiltBundleFolder, UserLanguages());
     std::filesystem::create_directories(argv[1]);
+    setenv("XDG_CONFIG_HOME", (std::string(argv[1]) + "/home").c_str(), 1);
+    SavePapers();
     for (const int scale : {1, 2}) {
         Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * DotsPerInch;
         const std::string prefix = std::string(argv[1]) + "/" + UserLanguages().front() + "-" +
@@ -182,6 +262,7 @@ int main(int argc, char** argv)
         DrawPanels(bundle, prefix);
         DrawDialogs(bundle, prefix);
         DrawFinishingDialogs(bundle, prefix);
+        DrawStockDialogs(bundle, prefix);
     }
     return 0;
 }

@@ -23,6 +23,7 @@
 #include "stocklibrary/StockColumnTexts.h"
 #include "stocklibrary/UserPapers.h"
 
+#include <gtk/gtk.h>
 #include <gtkmm/button.h>
 #include <gtkmm/label.h>
 #include <gtkmm/treeview.h>
@@ -36,9 +37,19 @@ namespace {
 constexpr std::int32_t MyPaper = 1;
 constexpr std::int32_t PrinterPaper = 2;
 
-// Widths that the user has not chosen, in points, in the order of StockColumns.
+// Widths for text of the usual size, in the order of StockColumns.
 constexpr int UsualWidths[StockColumns.size()] = {170, 140, 90,  120, 60, 90, 80,
                                                   160, 110, 100, 100, 90, 160};
+
+// The width of a column that the user has not chosen, for text of the user's size.
+int UsualWidth(std::size_t column)
+{
+    constexpr double UsualTextSize = 96 * 1024; // dots per inch, as GTK counts them
+    gint textSize = -1;
+    g_object_get(gtk_settings_get_default(), "gtk-xft-dpi", &textSize, nullptr);
+    const double scale = textSize <= 0 ? 1 : textSize / UsualTextSize;
+    return static_cast<int>(UsualWidths[column] * scale);
+}
 
 // What the dialog shows besides the user's own papers: what of the job is on which paper.
 struct JobStocks {
@@ -140,7 +151,9 @@ public:
         }
         list_->grab_focus();
         AcceptOnlyIf(*dialog_.get(), [this] { return accept(); });
-        return RunModalWindow(bundle_, *dialog_.get(), parent);
+        const std::int32_t result = RunModalWindow(bundle_, *dialog_.get(), parent);
+        list_->unset_model(); // what the list still has to do for its rows must not outlive this
+        return result;
     }
 
     const Stock& stock() const { return stock_; }
@@ -162,7 +175,8 @@ private:
                                                 StockListModel::WeightColumn, nullptr);
             shown->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
             shown->set_resizable(true);
-            shown->set_fixed_width(view_.widths[column].value_or(UsualWidths[column]));
+            shown->set_fixed_width(view_.widths[column] ? *view_.widths[column]
+                                                        : UsualWidth(column));
             shown->set_visible(!view_.isHidden[column]);
             list_->append_column(*shown);
         }
@@ -420,7 +434,7 @@ private:
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             const Gtk::TreeViewColumn* shown = list_->get_column(static_cast<int>(column));
             const int width = shown->get_width();
-            const int former = view_.widths[column].value_or(UsualWidths[column]);
+            const int former = view_.widths[column] ? *view_.widths[column] : UsualWidth(column);
             if (shown->get_visible() && width > 0 && width != former) {
                 widths[column] = static_cast<std::int16_t>(std::min(width, 32'767));
             }

@@ -125,6 +125,36 @@ OSStatus RunLibrary(const CFBundle& bundle, Gtk::Window* parent, Stock& stock, s
     return RunModalStockLibraryDialog(bundle, parent, JobContext::Cover, stock, result);
 }
 
+TEST(StockDialogs, AreGoneAfterwards)
+{
+    const CFBundle bundle = BuiltBundle();
+    const std::pair<const char*, StockDialog> dialogs[] = {
+        {"PreCutTabStockSetup",    RunModalPreCutTabStockSetup},
+        {"Custom",                 RunSize                    },
+        {"AdvancedStockSelection", RunAdvanced                },
+        {"StockLibrary",           RunLibrary                 },
+    };
+    for (const auto& [window, run] : dialogs) {
+        SCOPED_TRACE(window);
+        GObject* shown = nullptr;
+        Stock stock;
+        std::int32_t result = 0;
+        const DialogScript user({
+            {window, [&shown](Gtk::Dialog& dialog) {
+                 g_set_weak_pointer(&shown, G_OBJECT(dialog.gobj()));
+                 dialog.response(Gtk::RESPONSE_CANCEL);
+             }}
+        });
+        run(bundle, nullptr, stock, result);
+        for (int turn = 0; shown != nullptr && turn < 1000; ++turn) {
+            TurnMainLoop();
+            g_usleep(1'000);
+        }
+        EXPECT_EQ(shown, nullptr);
+        g_clear_weak_pointer(&shown);
+    }
+}
+
 // A bundle that was installed by halves.
 TEST(StockDialogs, AreCancelledWhenTheyCannotBeShown)
 {

@@ -36,7 +36,7 @@ constexpr const char* Columns = "TPDE8";
 
 class StockLibraryDialog : public StockFixture {
 protected:
-    ~StockLibraryDialog() override { MyRemoveThread(); }
+    ~StockLibraryDialog() override { MyRemoveThread(0); }
 
     std::int32_t run(Stock& stock, Gtk::Window* parent = nullptr)
     {
@@ -326,7 +326,7 @@ TEST_F(StockLibraryDialog, OpensAndClosesWhileThePrinterHangs)
         EXPECT_EQ(run(), DialogCancel);
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
-    MyRemoveThread();
+    MyRemoveThread(0);
     TurnMainLoop();
 }
 
