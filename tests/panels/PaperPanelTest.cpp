@@ -205,8 +205,7 @@ TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
 {
     ticket_->setItem("x", Staple1ValueKey, 5); // of another family, left over
     open();
-    const auto answerWith = [this](const char* radio, int response,
-                                   const std::function<void()>& act) {
+    const auto answerWith = [](const char* radio, int response, const std::function<void()>& act) {
         bool isAnswered = false;
         const DialogAnswer answer([&](Gtk::Dialog& dialog) {
             isAnswered = true;
