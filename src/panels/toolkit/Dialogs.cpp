@@ -32,7 +32,7 @@ void EndWhenDropped(Gtk::Window& window)
 {
     constexpr guint Milliseconds = 20;
     GtkWidget* const widget = GTK_WIDGET(window.gobj());
-    if (gtk_buildable_get_name(GTK_BUILDABLE(widget)) != nullptr) {
+    if (Nib::IsOfDescription(window)) {
         g_timeout_add(Milliseconds, EndWindow, g_object_ref(widget));
     }
 }

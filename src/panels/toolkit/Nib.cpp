@@ -9,6 +9,11 @@
 #include <utility>
 
 namespace tarvo {
+namespace {
+
+constexpr const char* DescriptionMark = "tarvo-of-description";
+
+} // namespace
 
 std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name)
 {
@@ -32,8 +37,14 @@ Nib::Nib(const CFBundle& bundle, Glib::RefPtr<Gtk::Builder> builder)
 
 void Nib::prepare(Gtk::Widget& window) const
 {
+    g_object_set_data(G_OBJECT(window.gobj()), DescriptionMark, GINT_TO_POINTER(1));
     LocalizeTexts(*bundle_, window);
     NameForScreenReaders(window);
+}
+
+bool Nib::IsOfDescription(const Gtk::Widget& widget)
+{
+    return g_object_get_data(G_OBJECT(widget.gobj()), DescriptionMark) != nullptr;
 }
 
 void MoveInto(Gtk::Container& container, const Glib::RefPtr<Gtk::Widget>& widget)

@@ -39,6 +39,9 @@ public:
         return found;
     }
 
+    /// Whether a widget was taken from a description as a window.
+    static bool IsOfDescription(const Gtk::Widget& widget);
+
     /// Whether all that was asked for has been found.
     bool isComplete() const { return isComplete_; }
 
