@@ -35,7 +35,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::int32_t MyPaper = 1;
-constexpr std::int32_t PrinterPaper = 2;
 
 // Widths for text of the usual size, in the order of StockColumns.
 constexpr int UsualWidths[StockColumns.size()] = {170, 140, 90,  120, 60, 90, 80,

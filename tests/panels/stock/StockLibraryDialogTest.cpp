@@ -276,7 +276,7 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
         turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; }));
     const DialogScript user({
         {Library,
-         [this](Gtk::Dialog& dialog) {
+         [](Gtk::Dialog& dialog) {
              showPrinter(dialog);
              EXPECT_TRUE(turnUntil([&] { return rows(dialog) == DemoPrinter::MediaCount; }))
                  << "it was asked before the dialog opened";
