@@ -72,7 +72,7 @@ std::string UserPapers::edit(const std::string& uuid, const Stock& stock)
 
 std::string UserPapers::replace(const Stock& stock, const std::string& renamed)
 {
-    const std::string uuid = uuidOfName(stock.customName());
+    std::string uuid = uuidOfName(stock.customName());
     if (uuid.empty() || uuid == renamed) {
         return renamed.empty() ? add(stock) : edit(renamed, stock);
     }

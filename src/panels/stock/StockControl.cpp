@@ -80,9 +80,8 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
 
     void showIcon()
     {
-        if (Gtk::Widget* former = iconButton->get_child()) {
+        if (iconButton->get_child() != nullptr) {
             iconButton->remove();
-            static_cast<void>(former);
         }
         auto* area = Gtk::make_managed<Gtk::DrawingArea>();
         area->set_size_request(IconWidth, IconHeight);
@@ -96,7 +95,7 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         iconButton->add(*area);
     }
 
-    void show()
+    void show() const
     {
         const CFBundle* bundle = GetPDEBundle();
         if (bundle == nullptr || stock == nullptr || !menuButton) {

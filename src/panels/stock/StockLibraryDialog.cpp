@@ -371,7 +371,7 @@ private:
         }
         change([stock, replaces, uuid](UserPapers& papers) {
             static_cast<void>(replaces ? papers.replace(stock, "") : papers.add(stock));
-            return uuid;
+            return std::string(uuid);
         });
         if (dialog_->get_mapped()) {
             status_->set_text(bundle_.localizedString("StockLibraryCopied"));
