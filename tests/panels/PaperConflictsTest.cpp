@@ -198,6 +198,19 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
     }
 }
 
+TEST_F(PaperPrinter, SidesOfTheDialogsOwnTabCountWhenTheyAreNewer)
+{
+    use("*UIConstraints: *OutputBin Booklet *Duplex None\n");
+    settings_.outputDestination = 7;
+    settings_.dialogSides = "None";
+    dialog_ = Entries({
+        {"Duplex", "DuplexTumble"}
+    });
+    EXPECT_THAT(found(), ElementsAre());
+    settings_.dialogSides = "DuplexTumble"; // the panel's choice is the later one
+    EXPECT_THAT(found(), ElementsAre(testing::StartsWith("5 “OutputBin: Booklet”")));
+}
+
 TEST_F(PaperPrinter, APrinterWithNothingChosenHasNoConflicts)
 {
     for (const char* name : {"TarvoQL900", "TarvoDesk210"}) {

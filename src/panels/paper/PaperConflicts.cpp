@@ -190,11 +190,12 @@ void FindBrokenConstraints(const PaperOutputSettings& settings, const PPDFile& p
 
 } // namespace
 
-std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle,
-                                          const PaperOutputSettings& settings,
+std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle, const PaperOutputSettings& chosen,
                                           const PrinterDescription* printer,
                                           const CFDictionary& dialog)
 {
+    PaperOutputSettings settings = chosen;
+    settings.sides = SidesInForce(chosen, dialog);
     Conflicts conflicts(bundle);
     FindTwoSidedTransparency(settings, conflicts);
     if (printer != nullptr) {

@@ -6,6 +6,7 @@
 #include "records/JobTypeKeys.h"
 #include "settings/TicketKeys.h"
 
+#include <optional>
 #include <utility>
 
 namespace tarvo {
@@ -68,41 +69,50 @@ void ReadFinishing(const PMTicket& ticket, FinishingChoice& finishing)
     ReadSwitch(ticket, BookletLayoutKey, finishing.bookletLayout);
 }
 
-std::string DialogSides(const PMTicket& ticket)
+// "" while nothing is chosen there.
+std::string DialogSides(const CFDictionary& dialog)
 {
-    std::string keyword;
-    PPDGetMainKeywordValue(&ticket, DuplexMainKeyword, &keyword);
-    return keyword;
+    const auto* keyword = dialog.get<std::string>(DuplexMainKeyword);
+    return keyword == nullptr ? "" : *keyword;
 }
 
 // A choice without a number, of a printer's own, says nothing.
-void TakeSides(const std::string& keyword, std::int32_t& sides)
+std::optional<std::int32_t> SidesOfKeyword(const std::string& keyword)
 {
     constexpr std::int32_t NoSuchKeyword = -1;
     const std::int32_t value = GetTicketValueForPPDOptionKeyword(PPDDuplexMap, keyword);
-    if (value != NoSuchKeyword) {
-        sides = value;
-    }
+    return value == NoSuchKeyword ? std::nullopt : std::optional(value);
 }
 
+// What has been chosen in the dialog since the last look at it.
+std::optional<std::int32_t> NewDialogSides(const PaperOutputSettings& settings,
+                                           const CFDictionary& dialog)
+{
+    const std::string now = DialogSides(dialog);
+    const bool isNew = !settings.dialogSides.empty() && now != settings.dialogSides;
+    return isNew ? SidesOfKeyword(now) : std::nullopt;
+}
+
+// A number in the ticket is older than what the dialog has got since it was written.
 void ReadSides(const PMTicket& ticket, PaperOutputSettings& settings)
 {
-    settings.dialogSides = DialogSides(ticket);
-    if (ticket.getNumber(DuplexKey, &settings.sides) != StatusOk &&
-        ticket.getNumber(SystemDuplexKey, &settings.sides) != StatusOk) {
-        TakeSides(settings.dialogSides, settings.sides);
+    const CFDictionary& dialog = ticket.ppdDictionary();
+    if (const auto newer = NewDialogSides(settings, dialog)) {
+        settings.sides = *newer;
+    } else if (ticket.getNumber(DuplexKey, &settings.sides) != StatusOk &&
+               ticket.getNumber(SystemDuplexKey, &settings.sides) != StatusOk) {
+        settings.sides = SidesOfKeyword(DialogSides(dialog)).value_or(settings.sides);
     }
+    settings.dialogSides = DialogSides(dialog);
 }
 
 void WriteSides(PaperOutputSettings& settings, PMTicket& ticket)
 {
-    if (const std::string now = DialogSides(ticket); now != settings.dialogSides) {
-        TakeSides(now, settings.sides);
-    }
+    settings.sides = SidesInForce(settings, ticket.ppdDictionary());
     if (const char* keyword = GetPPDOptionKeywordForTicketValue(PPDDuplexMap, settings.sides)) {
         PPDSetMainKeyword(&ticket, DuplexMainKeyword, keyword);
     }
-    settings.dialogSides = DialogSides(ticket);
+    settings.dialogSides = DialogSides(ticket.ppdDictionary());
     ticket.setItem(PanelClient, DuplexKey, settings.sides);
     ticket.setItem(PanelClient, SystemDuplexKey, settings.sides);
 }
@@ -175,6 +185,11 @@ void WritePaperOutputSettings(PaperOutputSettings& settings, PMTicket& ticket)
     for (const NumberRow& row : ChoiceRows) {
         write(row.key, finishing.*row.value);
     }
+}
+
+std::int32_t SidesInForce(const PaperOutputSettings& settings, const CFDictionary& dialog)
+{
+    return NewDialogSides(settings, dialog).value_or(settings.sides);
 }
 
 std::int32_t JobTypeOf(const PaperOutputSettings& settings)
