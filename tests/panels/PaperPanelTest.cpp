@@ -345,7 +345,9 @@ TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
             EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
             auto* isOk = dialog.get_widget_for_response(Gtk::RESPONSE_OK);
             auto* existing = FindWidget<Gtk::ComboBoxText>(dialog, "TPDE4");
-            EXPECT_TRUE(isOk->get_sensitive()) << "a new form may have the job's name";
+            EXPECT_FALSE(isOk->get_sensitive()) << "a new form needs a name";
+            FindWidget<Gtk::ComboBoxText>(dialog, "TPDE2")->get_entry()->set_text("Draft");
+            EXPECT_TRUE(isOk->get_sensitive());
             EXPECT_FALSE(existing->is_sensitive());
             FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
             existing->get_entry()->set_text("");
@@ -365,7 +367,8 @@ TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
                                                       .cyclePages = 12,
                                                       .isInches = false,
                                                       .xOffset = 254,
-                                                      .yOffset = -35}));
+                                                      .yOffset = -35,
+                                                      .newForm = "Draft"}));
         }
     }
 }
