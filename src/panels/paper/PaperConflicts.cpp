@@ -21,7 +21,6 @@ namespace {
 
 namespace Family = FinishingFamily;
 
-constexpr std::int32_t NormalJob = 1;
 constexpr std::int32_t DefaultOffset = 1; // OffsetMap
 
 // What resolving a control's conflict chooses.
@@ -211,7 +210,7 @@ void ResolvePaperConflict(PaperOutputSettings& settings, PaperControl control)
 {
     switch (control) {
     case PaperControl::JobType:
-        settings.jobType.set(JobTypeNumberKey, NormalJob);
+        settings.jobType.set(JobTypeNumberKey, static_cast<std::int32_t>(JobType::Normal));
         break;
     case PaperControl::Stock:
         settings.stock.setType(UnsetValue);

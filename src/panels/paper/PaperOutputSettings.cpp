@@ -13,7 +13,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::int64_t SecondsOfADay = 86'400;
-constexpr std::int32_t NormalJob = 1; // JobTypeMap
 
 struct NumberRow {
     std::string_view key;
@@ -194,7 +193,8 @@ std::int32_t SidesInForce(const PaperOutputSettings& settings, const CFDictionar
 
 std::int32_t JobTypeOf(const PaperOutputSettings& settings)
 {
-    return settings.jobType.int32(JobTypeNumberKey).value_or(NormalJob);
+    return settings.jobType.int32(JobTypeNumberKey)
+        .value_or(static_cast<std::int32_t>(JobType::Normal));
 }
 
 } // namespace tarvo
