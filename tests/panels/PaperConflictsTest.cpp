@@ -68,6 +68,8 @@ TEST_F(PaperPrinter, MenusHaveWhatItOffersAndWhatTheTicketSays)
                             "Delayed Print", "Sample Set", "Background Forms"));
     EXPECT_EQ(TextsOf(JobTypeMenu(bundle_, &*printer_, 5)).back(), "[Fax]");
     EXPECT_EQ(TextsOf(JobTypeMenu(bundle_, &*printer_, 77)).back(), "[Unknown]");
+    EXPECT_THAT(TextsOf(JobTypeMenu(bundle_, &*printer_, 1, 5)),
+                testing::AllOf(testing::Contains("[Normal]"), testing::Contains("Fax")));
     EXPECT_THAT(TextsOf(JobTypeMenu(bundle_, nullptr, 9)),
                 ElementsAre("Normal", "Save", "[Background Forms]"));
     EXPECT_THAT(TextsOf(OutputDestinationMenu(bundle_, &*printer_, UnsetValue)),

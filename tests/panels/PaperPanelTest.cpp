@@ -132,6 +132,8 @@ TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
     ticket_->setItem("x", DuplexKey, 3);
     panel_->sync(&session_, SyncDirection::FromTicket);
     EXPECT_EQ(shown("Tshl220"), "2-Sided, Flip on Short Edge");
+    choose("Tshl201", "Fax"); // as the ticket had it
+    EXPECT_EQ(panel_->jobType()->int32("JobType"), 5);
     EXPECT_EQ(panel_->sync(nullptr, SyncDirection::ToTicket), -30879);
     EXPECT_EQ(panel_->open(), -9530);
 }

@@ -65,15 +65,19 @@ MenuItem Item(const CFBundle& bundle, const char* key, std::int32_t value)
     return item;
 }
 
-// With an item of its own for a value that the menu lacks.
+// Adds an item for a value that the menu lacks.
+void Complete(const CFBundle& bundle, Menu& menu, const char* key, std::int32_t value)
+{
+    const bool isThere = std::any_of(menu.begin(), menu.end(),
+                                     [value](const MenuItem& item) { return item.value == value; });
+    if (!isThere) {
+        menu.push_back(Item(bundle, key == nullptr ? "Unknown" : key, value));
+    }
+}
+
 Menu Checked(const CFBundle& bundle, Menu menu, const char* key, std::int32_t current)
 {
-    const bool isThere = std::any_of(menu.begin(), menu.end(), [current](const MenuItem& item) {
-        return item.value == current;
-    });
-    if (!isThere) {
-        menu.push_back(Item(bundle, key == nullptr ? "Unknown" : key, current));
-    }
+    Complete(bundle, menu, key, current);
     CheckMenuItemWithValue(menu, current);
     return menu;
 }
@@ -112,11 +116,15 @@ bool HasFeature(const PrinterDescription& printer, const char* feature)
 
 } // namespace
 
-Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current)
+Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current,
+                 std::optional<std::int32_t> brought)
 {
     Menu menu;
     for (const JobTypeOffer& offer : TypesOf(printer)) {
         menu.push_back(Item(bundle, offer.key, offer.type));
+    }
+    if (brought) {
+        Complete(bundle, menu, KeyOfType(*brought), *brought);
     }
     return Checked(bundle, std::move(menu), KeyOfType(current), current);
 }
