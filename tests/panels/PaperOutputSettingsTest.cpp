@@ -213,5 +213,33 @@ TEST(PaperOutputSettings, ASavedJobTakesTheJobsNameAndADelayedOneHasATime)
     EXPECT_EQ(settings.delayedPrintTime.secondsSinceEpoch, Now.secondsSinceEpoch + 86'400);
 }
 
+TEST(PaperOutputSettings, WhatBelongsToAnotherJobTypeLeavesTheTicket)
+{
+    const std::tuple<std::int32_t, bool, bool> rows[] = {
+  // job type, has passcode, has time
+        {1, false, false},
+        {6, true,  false},
+        {7, false, true },
+    };
+    for (const auto& [type, hasPasscode, hasTime] : rows) {
+        SCOPED_TRACE(type);
+        PMTicket ticket;
+        ticket.setItem(
+            "x", "com.tarvo.print.JobType",
+            Entries({
+                {"JobType",             type  },
+                {"SecurePrintPassword", "4711"},
+                {"DelayedPrintTime",    Now   }
+        }));
+        PaperOutputSettings settings;
+        ReadPaperOutputSettings(ticket, settings);
+        WritePaperOutputSettings(settings, ticket);
+        const auto& jobType = *ticket.item("com.tarvo.print.JobType")->value.get<CFDictionary>();
+        EXPECT_EQ(jobType.contains("SecurePrintPassword"), hasPasscode);
+        EXPECT_EQ(jobType.contains("DelayedPrintTime"), hasTime);
+        EXPECT_EQ(settings.delayedPrintTime, Now) << "for whoever chooses a delayed job again";
+    }
+}
+
 } // namespace
 } // namespace tarvo

@@ -116,7 +116,13 @@ void WriteSides(PaperOutputSettings& settings, PMTicket& ticket)
     ticket.setItem(PanelClient, SystemDuplexKey, settings.sides);
 }
 
-// The entries that follow from others.
+bool IsJobOfType(const PaperOutputSettings& settings, JobType type)
+{
+    return JobTypeOf(settings) == static_cast<std::int32_t>(type);
+}
+
+// Sets the entries that follow from others, and drops those of job types that were chosen before: a
+// passcode that no job needs is not kept.
 void CompleteJobType(PaperOutputSettings& settings, const PMTicket& ticket)
 {
     std::string jobName;
@@ -124,8 +130,13 @@ void CompleteJobType(PaperOutputSettings& settings, const PMTicket& ticket)
         ticket.getString(SystemJobNameKey, &jobName) == StatusOk && !jobName.empty()) {
         settings.jobType.set(SavedJobNameKey, jobName);
     }
-    if (JobTypeOf(settings) == static_cast<std::int32_t>(JobType::DelayedPrint)) {
+    if (IsJobOfType(settings, JobType::DelayedPrint)) {
         settings.jobType.set(DelayedPrintTimeKey, settings.delayedPrintTime);
+    } else {
+        settings.jobType.remove(DelayedPrintTimeKey);
+    }
+    if (!IsJobOfType(settings, JobType::SecurePrint)) {
+        settings.jobType.remove(SecurePrintPasswordKey);
     }
 }
 

@@ -38,7 +38,8 @@ PaperOutputSettings FreshPaperOutputSettings(CFDate now);
 void ReadPaperOutputSettings(const PMTicket& ticket, PaperOutputSettings& settings);
 
 /// Writes all values, and the sides into the PPD dictionary as well. Takes over first what the
-/// dialog itself has meanwhile: the sides, and the job's name for a saved job that uses it.
+/// dialog itself has meanwhile: the sides, and the job's name for a saved job that uses it. A print
+/// time and a passcode are written with a job of their type, and the passcode is dropped otherwise.
 void WritePaperOutputSettings(PaperOutputSettings& settings, PMTicket& ticket);
 
 /// The sides, or what the user has chosen in the dialog itself since they were read or written.
