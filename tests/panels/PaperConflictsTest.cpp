@@ -128,6 +128,9 @@ TEST_F(PaperPrinter, NothingIsWrongWithWhatItCanDo)
     settings_.finishing.twoStaples = 10;
     settings_.finishing.oneStaple = 5; // of another family: does not count
     EXPECT_THAT(found(), ElementsAre());
+    settings_.finishing = FinishingChoice();
+    settings_.finishing.option = UnsetValue;
+    EXPECT_THAT(found(), ElementsAre());
     settings_.sides = 9;
     settings_.outputDestination = 5;
     EXPECT_THAT(found(), ElementsAre()) << "a number without a keyword";
@@ -180,6 +183,12 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
          "3 This printer does not offer “C-fold”. Use “Printer Default”"},
         {"a number of holes without its punch", finish(30, &FinishingChoice::punch, 32), "",
          "3 This printer does not offer “Hole punch, left or top”. Use “Printer Default”"},
+        {"a family with an unknown position", finish(14, &FinishingChoice::bind, 99), "",
+         "3 This printer does not offer “Bind…”. Use “Printer Default”"},
+        {"a combination without positions", [](auto& it) { it.finishing.option = 51; it.finishing.zFold = 99; }, "",
+         "3 This printer does not offer “Multiple Finishing…”. Use “Printer Default”"},
+        {"a finishing that nobody knows", [](auto& it) { it.finishing.option = 77; }, "",
+         "3 This printer does not offer “Unknown”. Use “Printer Default”"},
         {"a tray that it lacks", [](auto& it) { it.outputDestination = 6; }, "",
          "5 This printer does not offer “Stacker 2”. Use “Printer Default”"},
     };
