@@ -23,6 +23,7 @@
 #include <gtkmm/togglebutton.h>
 
 #include <ctime>
+#include <limits>
 
 namespace tarvo {
 namespace {
@@ -305,6 +306,29 @@ TEST(SaveJobAsDialog, StaysOpenWithANoticeWhileSomethingIsWrong)
     ASSERT_TRUE(details);
     EXPECT_EQ(details->printTime.secondsSinceEpoch,
               Glib::DateTime::create_local(2099, 7, 9, 17, 5, 0).to_unix());
+}
+
+// As an application's user presses OK at once.
+std::optional<JobTypeDetails> PressOk(const CFBundle& bundle, CFDate printTime)
+{
+    const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+    return RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = printTime});
+}
+
+TEST(SaveJobAsDialog, OkAloneChangesNoTime)
+{
+    constexpr std::int64_t Day = 86'400;
+    constexpr std::int64_t Hour = 3'600;
+    const CFBundle bundle = BuiltBundle();
+    const auto now = static_cast<std::int64_t>(std::time(nullptr));
+    const CFDate withSeconds = {(now + Day) / 60 * 60 + 37};
+    const auto kept = PressOk(bundle, withSeconds);
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(kept->printTime, withSeconds);
+    const auto tomorrow = PressOk(bundle, {std::numeric_limits<std::int64_t>::max()});
+    ASSERT_TRUE(tomorrow) << "a time of no calendar can be accepted";
+    const std::int64_t later = tomorrow->printTime.secondsSinceEpoch - now;
+    EXPECT_TRUE(later > Day - 2 * Hour && later < Day + 2 * Hour) << later; // clocks may change
 }
 
 TEST(SaveJobAsDialog, ASavedJobNeedsANameOrTheJobs)
