@@ -396,8 +396,8 @@ void Shell::openPanel(Record& record) const
     if (!record.isOpen) {
         record.isOpen = true;
         record.panel->open();
-        view_->assignMnemonics(*record.pane);
     }
+    view_->assignMnemonics(*record.pane); // labels may have changed since it was last seen
 }
 
 void Shell::selectPanel(std::int32_t index)

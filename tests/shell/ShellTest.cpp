@@ -198,6 +198,22 @@ TEST_F(ShellOperations, ShowOnePanelAtATime)
     EXPECT_EQ(shell_->handleControlHit(0, NextPanelControl), EventNotHandled);
 }
 
+TEST_F(ShellOperations, APanelsLabelsHaveLettersWheneverItIsShown)
+{
+    window_.show_all();
+    shell_->open();
+    Gtk::Button* button = nullptr; // of panel A
+    ForEachWidget(*FindWidget<Gtk::Widget>(pane_, "Tshl17"), [&button](Gtk::Widget& widget) {
+        auto* found = dynamic_cast<Gtk::Button*>(&widget);
+        button = found == nullptr ? button : found;
+    });
+    ASSERT_NE(button, nullptr);
+    hit(NextPanelControl);
+    RelabelButton(*button, "Stop"); // which cannot be seen now
+    hit(PreviousPanelControl);
+    EXPECT_THAT(AccessibilityFaults(*button), testing::IsEmpty());
+}
+
 TEST_F(ShellOperations, CommandsStepToo)
 {
     shell_->open();
