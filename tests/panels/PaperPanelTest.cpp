@@ -168,8 +168,12 @@ TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
     EXPECT_EQ(panel_->conflicts(),
               std::vector<std::string>{"“OutputBin: Booklet” does not go with “Duplex: None”."});
     EXPECT_THAT(AccessibilityFaults(control<Gtk::Box>("Tshl2206")), IsEmpty());
+    remedy("Tshl2206")->grab_focus();
     remedy("Tshl2206")->clicked();
     EXPECT_EQ(remedy("Tshl2206"), nullptr);
+    ASSERT_NE(window_.get_focus(), nullptr);
+    EXPECT_TRUE(window_.get_focus()->is_ancestor(control<Gtk::ComboBox>("Tshl240")))
+        << "the keyboard goes on where the choice was";
     EXPECT_EQ(shown("Tshl240"), "Printer Default");
     choose("Tshl240", "Booklet Tray");
     choose("Tshl220", "2-Sided, Flip on Long Edge"); // the other one changes
