@@ -1,12 +1,14 @@
 #include "records/FinishedSet.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "records/StockKeys.h"
 #include "settings/FinishingMaps.h"
 #include "settings/JobMaps.h"
 #include "settings/StockMaps.h"
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace tarvo {
 namespace {
@@ -22,12 +24,11 @@ SheetPlace Turned(SheetPlace place)
 
 constexpr double QuarterTurn = 90;
 
-// Distances from an edge, in parts of the width of upright paper, whose height is the square root
-// of two of it.
+// Distances from an edge, in parts of the width of upright paper.
 constexpr double StapleInset = 0.06;
 constexpr double CornerInset = 0.09;
 constexpr double HoleInset = 0.115;
-constexpr double WidthOfHeight = 0.7071;
+constexpr double WidthOfHeight = 1 / PageProportion;
 
 // A place at the side that has this number in TwoStaplesMap, CenterStapleMap and PunchMap.
 SheetPlace AtSide(std::int32_t side, double inset, double along)
@@ -92,8 +93,8 @@ void AddStaples(FinishingMarks& marks, const FinishingChoice& choice)
     AddSideStaples(marks, TicketToUI(CenterStapleMap, choice.centerStaple), {0.5});
 }
 
-// Where the holes are on the side, in parts of the long side: 80 mm apart in a row of
-// two or four on A4, 108 mm in one of three.
+// Where the holes are along their side, in parts of it. On the long side of A4 they are 80 mm apart
+// in a row of two or four, 108 mm in one of three.
 std::vector<double> HolePlaces(std::int32_t count)
 {
     switch (count) {
@@ -208,7 +209,8 @@ void AddFolds(FinishingMarks& marks, const FinishedSet& set)
 {
     const FinishingChoice& choice = set.finishing;
     if (choice.zFold == 38 || choice.zFold == 39) {
-        marks.folds = {choice.zFold == 38 ? ZFoldFromLeft : Mirrored(ZFoldFromLeft), false, false};
+        marks.folds = {choice.zFold == 38 ? ZFoldFromLeft : Mirrored(ZFoldFromLeft),
+                       set.isLandscape, false};
     }
     if (const FoldPoints points = PointsOfFold(choice.fold); !points.empty()) {
         marks.folds = {points, !set.isLandscape, !IsTogether(choice.fold)};
@@ -231,9 +233,9 @@ void MakeBooklet(FinishingMarks& marks, bool isStapled)
 // Whether the family folds what a booklet layout prints, or leaves its folding to the job's own.
 bool IsBooklet(const FinishingChoice& choice)
 {
-    const bool ownFolding = choice.option == Family::Booklet ||
-                            (choice.option == Family::PrinterDefault && choice.bookletFold > 1);
-    return choice.option == Family::SignatureBooklet || ownFolding;
+    const bool isOwn = choice.option == Family::Booklet || choice.option == Family::PrinterDefault;
+    const bool isFolded = LocalizedKeyForTicketValue(BookletFoldMap, choice.bookletFold) != nullptr;
+    return choice.option == Family::SignatureBooklet || (isOwn && isFolded);
 }
 
 void Turn(FinishingMarks& marks)
@@ -244,6 +246,16 @@ void Turn(FinishingMarks& marks)
     for (SheetPlace& hole : marks.holes) {
         hole = Turned(hole);
     }
+}
+
+// Staples and holes where the sheet lies on itself would be seen from behind or on edge.
+void LeaveOutLifted(FinishingMarks& marks)
+{
+    const auto isLifted = [&folds = marks.folds](SheetPlace place) {
+        return PlaceOnFolds(folds.points, folds.areFlat ? place.y : place.x).height != 0;
+    };
+    std::erase_if(marks.staples, [&](const StapleMark& staple) { return isLifted(staple.place); });
+    std::erase_if(marks.holes, isLifted);
 }
 
 std::string Line(const CFBundle& bundle, const SettingMap* map, std::int32_t value)
@@ -257,7 +269,31 @@ const char* OrientationKey(bool isLandscape)
     return isLandscape ? "Landscape" : "Portrait";
 }
 
+std::string ColorLine(const FinishedSet& set, const CFBundle& bundle)
+{
+    if (set.paperColor == CustomStockColor && !set.ownColor.empty()) {
+        return set.ownColor + "\n";
+    }
+    return set.paperColor == UnsetValue ? "" : Line(bundle, StockColorMap, set.paperColor);
+}
+
+// As many as the picture has.
+std::string HolesLine(const FinishingChoice& choice, const CFBundle& bundle)
+{
+    if (!IsPunched(choice) || TicketToUI(PunchMap, choice.punch) < 1) {
+        return "";
+    }
+    const bool isKnown = TicketToUI(HolePunchOptionsMap, choice.holes) > 0;
+    return Line(bundle, HolePunchOptionsMap, isKnown ? choice.holes : DefaultHoles);
+}
+
 } // namespace
+
+FinishedSet WithFinishing(FinishedSet set, FinishingChoice finishing)
+{
+    set.finishing = std::move(finishing);
+    return set;
+}
 
 FinishingMarks MarksOf(const FinishedSet& set)
 {
@@ -278,6 +314,7 @@ FinishingMarks MarksOf(const FinishedSet& set)
     }
     marks.binding = BindingEdge(used);
     AddFolds(marks, used);
+    LeaveOutLifted(marks);
     marks.isBooklet = set.finishing.bookletLayout;
     return marks;
 }
@@ -299,13 +336,14 @@ FoldedPlace PlaceOnFolds(const std::vector<FoldPoint>& points, double along)
 
 std::string DescribeFinishedSet(const FinishedSet& set, const CFBundle& bundle)
 {
-    std::string lines;
-    if (set.paperColor != UnsetValue) {
-        lines += Line(bundle, StockColorMap, set.paperColor);
-    }
+    std::string lines = ColorLine(set, bundle);
     lines += bundle.localizedString(OrientationKey(set.isLandscape)) + "\n";
     lines += Line(bundle, DuplexMap, set.sides);
-    return lines + CreateFinishingString(set.finishing, bundle);
+    if (set.finishing.option == Family::PrinterDefault) { // else the family tells
+        lines += Line(bundle, BookletFoldMap, set.finishing.bookletFold);
+    }
+    lines += CreateFinishingString(set.finishing, bundle);
+    return lines + HolesLine(set.finishing, bundle);
 }
 
 } // namespace tarvo

@@ -11,6 +11,9 @@ namespace tarvo {
 
 class CFBundle;
 
+/// How long the long side of a page is, in parts of its short one.
+inline constexpr double PageProportion = 1.4142;
+
 /// All that decides how a finished set looks.
 struct FinishedSet {
     bool operator==(const FinishedSet&) const = default;
@@ -19,7 +22,11 @@ struct FinishedSet {
     std::int32_t paperColor = UnsetValue; // a value of StockColorMap
     std::int32_t sides = 1;               // a value of DuplexMap
     bool isLandscape = false;
+    std::string ownColor = {}; // the name of a colour of the user's own
 };
+
+/// The set with another finishing.
+FinishedSet WithFinishing(FinishedSet set, FinishingChoice finishing);
 
 /// A place on the first sheet as it lies before the reader: from the left and from the top, as
 /// parts of its width and height.
@@ -76,7 +83,7 @@ struct FoldedPlace {
 FoldedPlace PlaceOnFolds(const std::vector<FoldPoint>& points, double along);
 
 /// The picture in words, for who cannot see it: the paper, its sides, how it lies and the
-/// finishing. A line each.
+/// finishing with the folding of a booklet layout and the number of holes. A line each.
 std::string DescribeFinishedSet(const FinishedSet& set, const CFBundle& bundle);
 
 } // namespace tarvo

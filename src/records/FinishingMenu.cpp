@@ -14,8 +14,6 @@ namespace Family = FinishingFamily;
 
 constexpr std::int32_t StapleFamilies[] = {Family::OneStaple, Family::TwoStaples,
                                            Family::CenterStaple};
-constexpr std::int32_t PlainFamilies[] = {Family::PrinterDefault, Family::None,
-                                          Family::SignatureBooklet};
 
 template <typename Values>
 bool Contains(const Values& values, std::int32_t value)
@@ -68,12 +66,24 @@ std::vector<std::int32_t> ValuesOf(const SettingMap* map)
     return values;
 }
 
+// 0 for the lack of one.
+std::int32_t PositionOrNone(std::int32_t position)
+{
+    return position == UnsetValue ? 0 : position;
+}
+
+// That of the job; 0 when its finishing has no part of that family.
+std::int32_t OwnPosition(std::int32_t family, const FinishingChoice& current)
+{
+    return PositionOrNone(WithoutUnusedPositions(current).*FinishingPosition(family));
+}
+
 // Staples of one family only: of a choice with several the first one counts.
 void FindStaples(const FinishingChoice& choice, CombinedFinishing& parts)
 {
     for (const std::int32_t family : StapleFamilies) {
-        const std::int32_t position = choice.*FinishingPosition(family);
-        if (position != 0 && position != UnsetValue && parts.stapleFamily == 0) {
+        const std::int32_t position = PositionOrNone(choice.*FinishingPosition(family));
+        if (position != 0 && parts.stapleFamily == 0) {
             parts.stapleFamily = family;
             parts.staple = position;
         }
@@ -86,8 +96,12 @@ Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& of
                    const FinishingChoice& current)
 {
     const std::int32_t chosen = FinishingMenuValue(current);
+    auto all = WithFinishingFamily(offers, chosen);
+    for (const std::int32_t always : {Family::PrinterDefault, Family::None}) {
+        all = WithFinishingFamily(std::move(all), always);
+    }
     Menu menu;
-    for (const FinishingOffer& offer : WithFinishingFamily(offers, chosen)) {
+    for (const FinishingOffer& offer : all) {
         menu.push_back({bundle.localizedString(offer.key), offer.option, 0, true, {}});
         menu.back().isChecked = offer.option == chosen;
     }
@@ -104,7 +118,30 @@ std::int32_t FinishingMenuValue(const FinishingChoice& choice)
 
 bool HasFinishingDialog(std::int32_t option)
 {
-    return !Contains(PlainFamilies, option);
+    return FinishingPosition(option) != nullptr || option == Family::Custom ||
+           PartsOfFinishing(option);
+}
+
+bool HasFinishingPart(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                      std::int32_t family, const FinishingChoice& current)
+{
+    if (family == Family::HolePunch) {
+        return !ChoicesOf(offers, family).empty() || IsPunched(current);
+    }
+    return !FinishingPositions(bundle, offers, family, current).empty();
+}
+
+bool HasFinishingChoices(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                         std::int32_t option, const FinishingChoice& current)
+{
+    const auto has = [&](std::int32_t family) {
+        return HasFinishingPart(bundle, offers, family, current);
+    };
+    if (!PartsOfFinishing(option)) {
+        return option == Family::Custom || (FinishingPosition(option) != nullptr && has(option));
+    }
+    const bool hasStaples = std::any_of(std::begin(StapleFamilies), std::end(StapleFamilies), has);
+    return FinishingOfParts({hasStaples, has(Family::HolePunch), has(Family::ZFold)}).has_value();
 }
 
 Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
@@ -135,6 +172,26 @@ Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offer
     return menu;
 }
 
+std::int32_t StartPosition(const Menu& positions, std::int32_t family,
+                           const FinishingChoice& current)
+{
+    const std::int32_t own = OwnPosition(family, current);
+    return own == 0 ? CheckedValue(positions) : own;
+}
+
+std::int32_t StartHoles(const Menu& counts)
+{
+    return counts.empty() ? DefaultHoles : CheckedValue(counts);
+}
+
+FinishingChoice ChooseHoles(const FinishingChoice& current, std::int32_t position,
+                            std::int32_t holes)
+{
+    FinishingChoice punched = ChooseFinishing(current, Family::HolePunch, position);
+    punched.holes = holes;
+    return punched;
+}
+
 FinishingChoice ChooseFinishing(FinishingChoice current, std::int32_t option, std::int32_t position)
 {
     current.option = option;
@@ -149,16 +206,16 @@ CombinedFinishing PartsOf(const FinishingChoice& choice)
     const FinishingChoice used = WithoutUnusedPositions(choice);
     CombinedFinishing parts;
     FindStaples(used, parts);
-    parts.punch = used.punch;
-    parts.holes = used.punch == 0 ? 0 : used.holes;
-    parts.zFold = used.zFold;
+    parts.punch = PositionOrNone(used.punch);
+    parts.holes = parts.punch == 0 ? 0 : used.holes;
+    parts.zFold = PositionOrNone(used.zFold);
     return parts;
 }
 
 std::optional<FinishingChoice> ChooseCombinedFinishing(FinishingChoice current,
                                                        const CombinedFinishing& parts)
 {
-    const bool hasStaples = parts.stapleFamily != 0;
+    const bool hasStaples = parts.stapleFamily != 0 && parts.staple != 0;
     const auto option = FinishingOfParts({hasStaples, parts.punch != 0, parts.zFold != 0});
     if (!option) {
         return std::nullopt;
@@ -176,13 +233,23 @@ MultipleFinishing StartMultipleFinishing(const CFBundle& bundle,
                                          const std::vector<FinishingOffer>& offers,
                                          const FinishingChoice& current)
 {
+    const auto has = [&](std::int32_t family) {
+        return HasFinishingPart(bundle, offers, family, current);
+    };
+    const auto position = [&](std::int32_t family) {
+        return StartPosition(FinishingPositions(bundle, offers, family, current), family, current);
+    };
     MultipleFinishing start = {PartsOf(current), 0, 0};
-    start.hasHoles = start.parts.punch == 0 ? 0 : 1;
-    start.hasZFold = start.parts.zFold == 0 ? 0 : 1;
-    start.parts.punch =
-        CheckedValue(FinishingPositions(bundle, offers, Family::HolePunch, current));
-    start.parts.holes = CheckedValue(HoleCounts(bundle, offers, current));
-    start.parts.zFold = CheckedValue(FinishingPositions(bundle, offers, Family::ZFold, current));
+    CombinedFinishing& parts = start.parts;
+    if (parts.stapleFamily != 0 && !has(parts.stapleFamily)) {
+        parts.stapleFamily = 0;
+        parts.staple = 0;
+    }
+    start.hasHoles = parts.punch != 0 && has(Family::HolePunch) ? 1 : 0;
+    start.hasZFold = parts.zFold != 0 && has(Family::ZFold) ? 1 : 0;
+    parts.punch = position(Family::HolePunch);
+    parts.holes = StartHoles(HoleCounts(bundle, offers, current));
+    parts.zFold = position(Family::ZFold);
     return start;
 }
 
@@ -205,9 +272,7 @@ FinishingChoice FinishingSoFar(const FinishingChoice& current, const MultipleFin
         return ChooseFinishing(current, parts.stapleFamily, parts.staple);
     }
     if (chosen.hasHoles != 0) {
-        FinishingChoice punched = ChooseFinishing(current, Family::HolePunch, parts.punch);
-        punched.holes = parts.holes;
-        return punched;
+        return ChooseHoles(current, parts.punch, parts.holes);
     }
     return chosen.hasZFold != 0 ? ChooseFinishing(current, Family::ZFold, parts.zFold)
                                 : ChooseFinishing(current, Family::None);

@@ -16,7 +16,7 @@ class CFBundle;
 // already, so that opening a menu changes nothing of a job made for another printer.
 
 /// The families, each item with its option as value; the chosen one is checked. The combined
-/// families are one item.
+/// families are one item. The printer's default and none are always there.
 Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                    const FinishingChoice& current);
 
@@ -24,8 +24,18 @@ Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& of
 std::int32_t FinishingMenuValue(const FinishingChoice& choice);
 
 /// Whether the family of a menu item is chosen in a dialog, as its text promises; the others are
-/// chosen with ChooseFinishing at once.
+/// chosen with ChooseFinishing at once. False for a number of no family.
 bool HasFinishingDialog(std::int32_t option);
+
+/// Whether there is anything to choose in the dialog of a menu item: positions that are offered or
+/// the job's own; for a combination two parts that have some.
+bool HasFinishingChoices(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                         std::int32_t option, const FinishingChoice& current);
+
+/// Whether a family can be a part of a combination. Holes can, of an unknown number too, if the job
+/// has them.
+bool HasFinishingPart(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
+                      std::int32_t family, const FinishingChoice& current);
 
 /// The positions of a family, with the job's own checked, else the first; none for a family without
 /// positions. Holes can be on every side.
@@ -35,6 +45,19 @@ Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer
 /// The numbers of holes, with the job's own checked, else the usual one, else the first.
 Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                 const FinishingChoice& current);
+
+/// The position that a family's dialog starts with: the job's own, which stays also when no menu
+/// has it, else the first.
+std::int32_t StartPosition(const Menu& positions, std::int32_t family,
+                           const FinishingChoice& current);
+
+/// The number of holes that a dialog starts with: the menu's checked one, the usual one when the
+/// menu is empty.
+std::int32_t StartHoles(const Menu& counts);
+
+/// ChooseFinishing for holes, of which there is also the number.
+FinishingChoice ChooseHoles(const FinishingChoice& current, std::int32_t position,
+                            std::int32_t holes);
 
 /// A job's finishing with another family in place of its own, of which nothing stays behind.
 /// @param position  of the family; without meaning for a family that has none
@@ -67,7 +90,7 @@ struct MultipleFinishing {
     std::int32_t hasZFold = 0;
 };
 
-/// The parts of the job's finishing, and for the others what comes first.
+/// The parts of the job's finishing that can be chosen, and for the others what comes first.
 MultipleFinishing StartMultipleFinishing(const CFBundle& bundle,
                                          const std::vector<FinishingOffer>& offers,
                                          const FinishingChoice& current);

@@ -336,7 +336,6 @@ std::optional<std::int32_t> FinishingOfParts(const FinishingParts& parts)
 
 std::string CreateFinishingString(const FinishingChoice& choice, const CFBundle& bundle)
 {
-    constexpr std::int32_t SlipSheetsOn = 2;
     std::string lines = FamilyLines(choice, bundle);
     if (choice.bookletLayout) {
         lines += bundle.localizedString("Booklet Layout") + "\n";

@@ -13,6 +13,10 @@ namespace tarvo {
 class CFBundle;
 class CFDictionary;
 
+/// Slip sheets between the sets, as a job ticket holds them; 0 is the printer's default.
+inline constexpr std::int32_t SlipSheetsOff = 1;
+inline constexpr std::int32_t SlipSheetsOn = 2;
+
 /// What a job ticket says of its finishing. A position is 0 while its family is not chosen.
 struct FinishingChoice {
     FinishingChoice() = default;
@@ -32,7 +36,7 @@ struct FinishingChoice {
     std::int32_t bookletFold = 1; // neither of BookletFoldMap
     std::string customText;
     bool bookletLayout = false;
-    std::int32_t slipSheet = 0;    // 2 means on
+    std::int32_t slipSheet = 0;    // SlipSheetsOff, SlipSheetsOn or 0
     std::int32_t offset = 0;       // a value of OffsetMap, or 0
     std::int32_t offsetSubset = 0; // other than 0: subsets have a number of pages
     std::int32_t pagesPerSubset = 0;

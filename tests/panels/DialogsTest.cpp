@@ -52,6 +52,23 @@ TEST(CustomValueDialog, GivesTheTextOnlyOnOk)
     }
 }
 
+TEST(Dialogs, AreGoneOnceTheyAreAnswered)
+{
+    const CFBundle bundle = BuiltBundle();
+    std::size_t left = 0; // by the toolkit itself, the first time
+    for (int time = 0; time < 4; ++time) {
+        const DialogAnswer answer(
+            [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_CANCEL); });
+        std::optional<std::string> text;
+        std::int32_t result = 0;
+        RunModalCustomValueDialog(bundle, nullptr, 8, text, result);
+        TurnMainLoop();
+        const std::size_t windows = Gtk::Window::list_toplevels().size();
+        left = time == 0 ? windows : left;
+        EXPECT_EQ(windows, left);
+    }
+}
+
 TEST(CustomValueDialog, IsCancelledWhenItCannotBeShown)
 {
     for (const char* description :

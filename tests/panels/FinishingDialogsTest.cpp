@@ -8,7 +8,9 @@
 #include <gtkmm/checkbutton.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/radiobutton.h>
+#include <gtkmm/settings.h>
 #include <gtkmm/spinbutton.h>
+#include <gtkmm/viewport.h>
 
 #include <fstream>
 
@@ -91,6 +93,8 @@ TEST(PositionDialogs, OfferEachPositionWithItsPicture)
             ASSERT_EQ(buttons.size(), row.count);
             ASSERT_EQ(pictures.size(), row.count);
             EXPECT_TRUE(buttons[1]->get_active());
+            EXPECT_EQ(buttons[1]->get_accessible()->get_description(),
+                      DescribeFinishedSet(pictures[1]->shown(), BuiltBundle()));
             EXPECT_EQ(pictures[1]->shown().finishing.*row.position, row.second);
             buttons.back()->set_active(true);
         };
@@ -161,6 +165,20 @@ TEST(HolePunchDialog, TakesSideAndNumber)
         EXPECT_EQ(AllOf<FinishedSetView>(dialog).front()->shown().finishing.holes, 4);
         dialog.response(Gtk::RESPONSE_OK);
     });
+    current.finishing.holes = 4;
+    EXPECT_EQ(chosen, current.finishing);
+}
+
+TEST(HolePunchDialog, KeepsAnUnknownSideAndStoresTheUsualNumberForNone)
+{
+    FinishedSet current = SetWith(30, &Finishing::punch, 49);
+    current.finishing.holes = 0;
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        EXPECT_EQ(ShownText(*FindWidget<Gtk::ComboBox>(dialog, "TPDE901")), "");
+        EXPECT_FALSE(FindWidget<Gtk::Widget>(dialog, "TPDE903")->get_visible());
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    const auto chosen = RunFinishingDialog(nullptr, BuiltBundle(), 30, current, {});
     current.finishing.holes = 4;
     EXPECT_EQ(chosen, current.finishing);
 }
@@ -248,6 +266,37 @@ TEST(OffsetDialog, StoresWhatItShows)
     const Finishing sets = run([&press](Gtk::Dialog& dialog) { press(dialog, "TPDE1103", true); });
     EXPECT_EQ(sets.offset, 3);
     EXPECT_EQ(sets.offsetSubset, 0);
+    EXPECT_EQ(sets.pagesPerSubset, 9999) << "for when there are subsets again";
+}
+
+FinishedSet SetWithOffset(std::int32_t offset, std::int32_t subset, std::int32_t pages)
+{
+    FinishedSet set = SetWith(0, &Finishing::offset, offset);
+    set.finishing.offsetSubset = subset;
+    set.finishing.pagesPerSubset = pages;
+    return set;
+}
+
+TEST(OffsetDialog, LeavesWhatNobodyTouches)
+{
+    for (const FinishedSet& set : {SetWithOffset(2, 0, 25), SetWithOffset(4, 1, 20'000),
+                                   SetWithOffset(0, 7, 0), SetWithOffset(9, 1, -3)}) {
+        const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}), set.finishing);
+    }
+}
+
+TEST(OffsetDialog, TakesTheNumberThatIsBeingTyped)
+{
+    const FinishedSet set = SetWithOffset(4, 1, 25);
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
+        pages->grab_focus();
+        pages->set_text("300");
+        PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
+    });
+    EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+              SetWithOffset(4, 1, 300).finishing);
 }
 
 TEST(OffsetDialog, LeavesOutWhatIsNotInstalled)
@@ -277,6 +326,42 @@ TEST(BookletFinishingDialog, OffersNoFoldingOnlyToALayout)
         EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, BuiltBundle(), current, offersNone),
                   offersNone ? 1 : 7);
     }
+}
+
+// With text of twice the usual size.
+class LargeText {
+public:
+    LargeText() { set(2); }
+    LargeText(const LargeText&) = delete;
+    LargeText& operator=(const LargeText&) = delete;
+    ~LargeText() { set(1); }
+
+private:
+    static void set(int scale)
+    {
+        constexpr int UsualDensity = 96 * 1024; // in 1024ths of a dot per inch
+        Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * UsualDensity;
+    }
+};
+
+TEST(FinishingDialogs, FitANarrowScreenWithLargeText)
+{
+    constexpr int NarrowScreen = 1024;
+    const LargeText large;
+    const CFBundle german = BuiltBundle("de");
+    const auto measure = [](Gtk::Dialog& dialog) {
+        int least = 0;
+        int natural = 0;
+        AllOf<Gtk::Viewport>(dialog).front()->get_child()->get_preferred_width(least, natural);
+        EXPECT_LT(least, NarrowScreen - 40) << NameInDescription(dialog);
+        dialog.response(Gtk::RESPONSE_CANCEL);
+    };
+    for (const std::int32_t option : {4, 9, 14, 18, 24, 25, 30, 36, 40, 49}) {
+        const DialogAnswer answer(measure);
+        RunFinishingDialog(nullptr, german, option, FinishedSet(), Offers);
+    }
+    const DialogAnswer answer(measure);
+    RunOffsetSetupDialog(nullptr, german, FinishedSet(), {});
 }
 
 TEST(FinishingDialogs, ChangeNothingWithoutTheirDescription)

@@ -2,6 +2,7 @@
 #include "../platform/PPDTexts.h"
 #include "Entries.h"
 #include "PanelFixture.h"
+#include "panels/finishing/FinishedSetView.h"
 #include "panels/paper/BackgroundFormsDialog.h"
 #include "panels/paper/PaperOutputPanel.h"
 #include "panels/paper/SaveJobAsDialog.h"
@@ -11,6 +12,7 @@
 #include "support/Widgets.h"
 
 #include <glibmm/datetime.h>
+#include <glibmm/main.h>
 #include <gmock/gmock.h>
 #include <gtkmm/box.h>
 #include <gtkmm/button.h>
@@ -210,8 +212,7 @@ TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
 {
     ticket_->setItem("x", Staple1ValueKey, 5); // of another family, left over
     open();
-    const auto answerWith = [this](const char* radio, int response,
-                                   const std::function<void()>& act) {
+    const auto answerWith = [](const char* radio, int response, const std::function<void()>& act) {
         bool isAnswered = false;
         const DialogAnswer answer([&](Gtk::Dialog& dialog) {
             isAnswered = true;
@@ -250,8 +251,72 @@ TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
     panel_->sync(&session_, SyncDirection::ToTicket);
     EXPECT_EQ(ticket_->item(Staple2ValueKey)->value, CFPropertyList(13));
     choose("Tshl230", "None");
-    TurnMainLoop();
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(FinishingOptionsKey)->value, CFPropertyList(1)) << "printed at once";
     EXPECT_EQ(control<Gtk::Label>("Tshl231").get_text(), "None\nOffset: Printer Default");
+}
+
+// The user may have gone to another print dialog before the family's dialog is shown.
+TEST_F(PaperPanel, AFamilysDialogBelongsToThePrintDialogOfItsMenu)
+{
+    open();
+    auto& environment = ThePanelEnvironment();
+    for (const bool hasEnded : {false, true}) {
+        int isShown = 0;
+        environment.dialog = 1;
+        environment.makeCurrent = [&environment, hasEnded](std::uint64_t dialog) {
+            environment.dialog = hasEnded ? environment.dialog : dialog;
+            return !hasEnded;
+        };
+        choose("Tshl230", "2 Staples…");
+        environment.dialog = 2;
+        Glib::signal_timeout().connect_once(
+            [&isShown, &environment] {
+                for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                    if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window)) {
+                        isShown += environment.dialog == 1 ? 1 : 100;
+                        dialog->response(Gtk::RESPONSE_CANCEL);
+                    }
+                }
+            },
+            50);
+        const gint64 end = g_get_monotonic_time() + 150'000;
+        while (g_get_monotonic_time() < end) {
+            TurnMainLoop();
+        }
+        EXPECT_EQ(isShown, hasEnded ? 0 : 1);
+    }
+}
+
+TEST_F(PaperPanel, ThePictureShowsTheFinishedJob)
+{
+    session_.pageFormat = PageFormat();
+    session_.pageFormat->orientation = PageOrientation::Landscape;
+    Stock stock;
+    stock.setColor(2);
+    ticket_->setItem("x", JobLevelStockKey, stock.asTicket());
+    open();
+    choose("Tshl220", "2-Sided, Flip on Long Edge");
+    FinishedSetView* view = nullptr;
+    ForEachWidget(control<Gtk::Box>("Tshl260"), [&view](Gtk::Widget& widget) {
+        auto* found = dynamic_cast<FinishedSetView*>(&widget);
+        view = found == nullptr ? view : found;
+    });
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(view->get_mapped());
+    EXPECT_TRUE(view->shown().isLandscape);
+    EXPECT_EQ(view->shown().paperColor, 2);
+    EXPECT_EQ(view->shown().sides, 2);
+    auto& offset = control<Gtk::Button>("Tshl232");
+    EXPECT_TRUE(offset.get_visible());
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        FindWidget<Gtk::ToggleButton>(dialog, "TPDE1103")->set_active(true);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    offset.clicked();
+    EXPECT_EQ(view->shown().finishing.offset, 3);
+    panel_->sync(&session_, SyncDirection::ToTicket);
+    EXPECT_EQ(ticket_->item(OffsetKey)->value, CFPropertyList(3));
 }
 
 // Of a dialog that stays open after its first answer.

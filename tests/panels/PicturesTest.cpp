@@ -55,9 +55,12 @@ TEST(Pictures, AreShownWithAndWithoutTheirDrawing)
     const BundleCopy copy;
     std::filesystem::remove_all(copy.resource("pictures"));
     const CFBundle withoutDrawings = copy.bundle();
+    const BundleCopy drawings;
     for (const auto& [name, width] : Pictures) {
         EXPECT_EQ(ShownWidth(bundle, name), width) << name;
         EXPECT_EQ(ShownWidth(withoutDrawings, name), width) << name;
+        std::filesystem::resize_file(drawings.resource(name), 0);
+        EXPECT_EQ(ShownWidth(drawings.bundle(), name), width) << name << " has no drawing";
     }
 }
 

@@ -1,5 +1,7 @@
 #include "panels/finishing/SheetPicture.h"
 
+#include "panels/finishing/TurnedCorner.h"
+
 #include <cairomm/surface.h>
 #include <gtest/gtest.h>
 
@@ -209,6 +211,82 @@ TEST(SheetPicture, HasSharpEdges)
             EXPECT_EQ(picture.at(x + pixel, y), line);
         }
         EXPECT_EQ(picture.at(x + scale, y), 0xffffffffU) << scale;
+    }
+}
+
+// Whether a place is on the part of the sheet that the corner leaves.
+bool IsInTriangle(SheetPlace place, const TurnedCorner& turned)
+{
+    const double along =
+        std::abs((place.x - turned.corner.x) / (turned.onFlat.x - turned.corner.x));
+    const double across =
+        std::abs((place.y - turned.corner.y) / (turned.onUpright.y - turned.corner.y));
+    return along + across <= 1;
+}
+
+std::string FinishingInTheWay(const FinishingMarks& marks, const TurnedCorner& turned)
+{
+    std::string found;
+    for (const StapleMark& staple : marks.staples) {
+        found += IsInTriangle(staple.place, turned) ? "staple " : "";
+    }
+    for (const SheetPlace& hole : marks.holes) {
+        found += IsInTriangle(hole, turned) ? "hole " : "";
+    }
+    const auto tape = [&marks](SheetEdge edge, double place, double end) {
+        return marks.binding == edge && place == end ? "tape " : "";
+    };
+    return found + tape(SheetEdge::Left, turned.corner.x, 0) +
+           tape(SheetEdge::Right, turned.corner.x, 1) + tape(SheetEdge::Top, turned.corner.y, 0) +
+           tape(SheetEdge::Bottom, turned.corner.y, 1);
+}
+
+struct StaplePlace {
+    std::int32_t Finishing::*family;
+    std::int32_t first;
+};
+
+constexpr StaplePlace StaplePlaces[] = {
+    {&Finishing::oneStaple,    5 },
+    {&Finishing::twoStaples,   10},
+    {&Finishing::centerStaple, 26},
+};
+
+// Every staple with every row of holes, and with none.
+std::vector<FinishedSet> StapledAndPunchedSets()
+{
+    std::vector<FinishedSet> sets = {SetWith(14, &Finishing::bind, 15),
+                                     SetWith(14, &Finishing::bind, 16)};
+    for (const StaplePlace& row : StaplePlaces) {
+        for (std::int32_t staple = row.first; staple < row.first + 4; ++staple) {
+            for (const std::int32_t punch : {0, 32, 33, 34, 35}) {
+                for (const std::int32_t holes : {3, 4, 5}) {
+                    sets.push_back(SetWith(49, row.family, staple));
+                    sets.back().finishing.punch = punch;
+                    sets.back().finishing.holes = holes;
+                }
+            }
+        }
+    }
+    return sets;
+}
+
+TEST(SheetPicture, TurnsACornerThatHasNothingOfTheFinishing)
+{
+    for (FinishedSet set : StapledAndPunchedSets()) {
+        for (const std::int32_t sides : {2, 3}) {
+            for (const bool isLandscape : {false, true}) {
+                set.sides = sides;
+                set.isLandscape = isLandscape;
+                const FinishingMarks marks = MarksOf(set);
+                const auto turned = CornerToTurn(set, marks);
+                const bool isAlone = set.finishing.punch == 0;
+                EXPECT_TRUE(turned || !isAlone) << "one finishing leaves a corner";
+                EXPECT_EQ(turned ? FinishingInTheWay(marks, *turned) : "", "")
+                    << set.finishing.oneStaple << " " << set.finishing.twoStaples << " "
+                    << set.finishing.punch << ", sides " << sides;
+            }
+        }
     }
 }
 

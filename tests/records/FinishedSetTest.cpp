@@ -167,6 +167,34 @@ TEST(FinishedSet, FoldsAcrossTheLengthOfThePaper)
     EXPECT_GT(heightOfEnd(36, &Finishing::zFold, 39), 0) << "bound at the right";
 }
 
+TEST(FinishedSet, LiesWithItsZFoldAsWithItsStaples)
+{
+    struct LiftedCase {
+        std::int32_t zFold;
+        std::int32_t twoStaples;
+        std::int32_t punch;
+        std::size_t staples; // and holes: those that are not on the part that is folded over
+        std::size_t holes;
+    };
+    constexpr LiftedCase cases[] = {
+        {38, 10, 32, 2, 3},
+        {38, 11, 33, 1, 2},
+        {38, 13, 35, 0, 0},
+        {39, 13, 32, 2, 0},
+    };
+    for (const auto& row : cases) {
+        for (const bool isLandscape : {false, true}) {
+            FinishedSet set = SetWith(50, &Finishing::twoStaples, row.twoStaples, isLandscape);
+            set.finishing.zFold = row.zFold;
+            set.finishing.punch = row.punch;
+            const FinishingMarks marks = MarksOf(set);
+            EXPECT_EQ(marks.folds.areFlat, isLandscape);
+            EXPECT_EQ(marks.staples.size(), row.staples) << row.zFold << ", " << row.twoStaples;
+            EXPECT_EQ(marks.holes.size(), row.holes) << row.zFold << ", " << row.punch;
+        }
+    }
+}
+
 struct BookletCase {
     const char* name;
     std::int32_t option;
@@ -185,6 +213,8 @@ constexpr BookletCase BookletCases[] = {
     {"layout without folding",   0,  1, true,  true,  false, 0},
     {"another family counts",    1,  8, true,  true,  false, 0},
     {"no booklet",               0,  1, false, false, false, 0},
+    {"no document's folding",    24, 9, true,  true,  false, 0},
+    {"nor the layout's",         0,  9, true,  true,  false, 0},
 };
 
 TEST(FinishedSet, IsABookletByFinishingOrLayout)
@@ -219,6 +249,17 @@ TEST(FinishedSet, IsToldInWords)
     EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
               "Blue\nLandscape\n2-Sided, Flip on Short Edge\n2 staples, left or top\n"
               "Offset: Each set\n");
+    set = SetWith(30, &Finishing::punch, 32);
+    set.paperColor = 10;
+    set.ownColor = "Böck red";
+    EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
+              "Böck red\nPortrait\n1-Sided\nHole punch, left or top\nOffset: Printer Default\n"
+              "3 Holes\n");
+    set = SetWith(0, &Finishing::bookletFold, 8);
+    set.finishing.bookletLayout = true;
+    EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
+              "Portrait\n1-Sided\nBooklet, folded and stapled\nPrinter Default\nBooklet layout\n"
+              "Offset: Printer Default\n");
     EXPECT_EQ(DescribeFinishedSet(FinishedSet(), BuiltBundle()),
               "Portrait\n1-Sided\nPrinter Default\nOffset: Printer Default\n");
 }

@@ -66,10 +66,44 @@ TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
     }
     Finishing combined;
     combined.option = 51;
-    EXPECT_EQ(ValuesOf(FinishingMenu(bundle, {}, combined)), "[49]");
+    EXPECT_EQ(ValuesOf(FinishingMenu(bundle, {}, combined)), "0 1 [49]") << "no printer is known";
     EXPECT_EQ(FinishingMenu(bundle, Offers, combined)[3].text, "2 Staples…");
-    EXPECT_TRUE(HasFinishingDialog(22));
-    EXPECT_FALSE(HasFinishingDialog(3));
+}
+
+struct DialogCase {
+    const char* name;
+    std::int32_t option; // of the menu's item and of the job
+    std::int32_t Finishing::*position;
+    std::int32_t value;
+    bool hasDialog;
+    bool hasChoices;
+};
+
+constexpr DialogCase DialogCases[] = {
+    {"offered",                        9,  &Finishing::twoStaples, 10, true,  true },
+    {"the job's own alone",            14, &Finishing::bind,       15, true,  true },
+    {"not offered, unknown position",  18, &Finishing::fold,       99, true,  false},
+    {"a name of the user's",           22, &Finishing::fold,       0,  true,  true },
+    {"two parts",                      49, &Finishing::fold,       0,  true,  true },
+    {"no position",                    3,  &Finishing::fold,       0,  false, false},
+    {"no family",                      2,  &Finishing::fold,       0,  false, false},
+    {"a position instead of a family", 32, &Finishing::punch,      32, false, false},
+    {"behind the last",                53, &Finishing::fold,       0,  false, false},
+    {"below the first",                -5, &Finishing::fold,       0,  false, false},
+};
+
+TEST(FinishingMenu, PromisesADialogOnlyWhereThereIsSomethingToChoose)
+{
+    const CFBundle bundle = BuiltBundle();
+    for (const auto& row : DialogCases) {
+        const Finishing current = WithPosition(row.option, row.position, row.value);
+        EXPECT_EQ(HasFinishingDialog(row.option), row.hasDialog) << row.name;
+        EXPECT_EQ(HasFinishingChoices(bundle, Offers, row.option, current), row.hasChoices)
+            << row.name;
+    }
+    const Finishing stapled = WithPosition(9, &Finishing::twoStaples, 10);
+    EXPECT_FALSE(HasFinishingChoices(bundle, {}, 49, stapled)) << "one part is no combination";
+    EXPECT_FALSE(HasFinishingChoices(bundle, {}, 30, stapled)) << "no holes of any number";
 }
 
 struct PositionsCase {
@@ -177,6 +211,7 @@ TEST(CombinedFinishing, GoesByItsParts)
         {"all",               {4, 6, 34, 5, 39},  50},
         {"staples and fold",  {25, 29, 0, 0, 38}, 51},
         {"holes and fold",    {0, 0, 35, 3, 38},  52},
+        {"no staple's place", {9, 0, 35, 3, 38},  52},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
@@ -184,7 +219,9 @@ TEST(CombinedFinishing, GoesByItsParts)
         ASSERT_EQ(chosen.has_value(), row.option != 0);
         if (chosen) {
             EXPECT_EQ(chosen->option, row.option);
-            EXPECT_EQ(PartsOf(*chosen), row.parts);
+            CombinedFinishing parts = row.parts;
+            parts.stapleFamily = parts.staple == 0 ? 0 : parts.stapleFamily;
+            EXPECT_EQ(PartsOf(*chosen), parts);
             EXPECT_TRUE(UnusedFinishingKeys(*chosen).empty());
             EXPECT_TRUE(MissingFinishingKeys(*chosen).empty());
             EXPECT_EQ(chosen->holes, row.parts.punch == 0 ? 4 : row.parts.holes);
@@ -194,6 +231,43 @@ TEST(CombinedFinishing, GoesByItsParts)
     EXPECT_EQ(PartsOf(WithPosition(9, &Finishing::twoStaples, 10)),
               (CombinedFinishing{9, 10, 0, 0, 0}));
     EXPECT_EQ(PartsOf(WithPosition(14, &Finishing::bind, 15)), CombinedFinishing());
+}
+
+// A job whose numbers no menu has.
+Finishing OddCombination()
+{
+    Finishing odd;
+    odd.option = 50;
+    odd.oneStaple = 99;
+    odd.punch = 49;
+    odd.holes = 0;
+    odd.zFold = 77;
+    return odd;
+}
+
+TEST(MultipleFinishing, KeepsUnknownPositionsThatNobodyTouches)
+{
+    const Finishing odd = OddCombination();
+    const auto start = StartMultipleFinishing(BuiltBundle(), Offers, odd);
+    Finishing expected = odd;
+    expected.holes = 3; // the first that the printer offers
+    EXPECT_EQ(ChosenFinishing(odd, start), expected);
+}
+
+TEST(MultipleFinishing, SwitchesOffPartsWithNothingToChoose)
+{
+    const Finishing odd = OddCombination();
+    const std::vector<FinishingOffer> folds = {
+        {36, "Z-Fold...", {38}}
+    };
+    const auto withFold = StartMultipleFinishing(BuiltBundle(), folds, odd);
+    const auto chosen = ChosenFinishing(odd, withFold);
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(chosen->option, 52) << "no staples";
+    EXPECT_EQ(chosen->holes, 4) << "the usual number, not none";
+    const auto start = StartMultipleFinishing(BuiltBundle(), {}, odd);
+    EXPECT_EQ(start.hasZFold, 0);
+    EXPECT_EQ(ChosenFinishing(odd, start), std::nullopt) << "holes alone";
 }
 
 TEST(MultipleFinishing, IsCombinedStepByStep)

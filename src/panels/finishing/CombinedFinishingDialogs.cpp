@@ -25,12 +25,6 @@ Menu Checked(Menu menu, std::int32_t value)
     return menu;
 }
 
-FinishedSet WithChoice(FinishedSet set, FinishingChoice finishing)
-{
-    set.finishing = std::move(finishing);
-    return set;
-}
-
 // What the user chooses from: what the printer offers and the job has.
 struct Choices {
     const CFBundle& bundle;
@@ -41,10 +35,15 @@ struct Choices {
     {
         return FinishingPositions(bundle, offers, family, current.finishing);
     }
+    // With the position checked; an unknown one is shown by no item and stays until one is chosen.
+    Menu positionsAt(std::int32_t family, std::int32_t position) const
+    {
+        return Checked(positions(family), position);
+    }
     Menu holeCounts() const { return HoleCounts(bundle, offers, current.finishing); }
     bool have(std::int32_t family) const
     {
-        return family == Family::HolePunch ? !holeCounts().empty() : !positions(family).empty();
+        return HasFinishingPart(bundle, offers, family, current.finishing);
     }
 };
 
@@ -107,6 +106,7 @@ public:
         : choices_(choices),
           chosen_(
               StartMultipleFinishing(choices.bundle, choices.offers, choices.current.finishing)),
+          shownFamily_(chosen_.parts.stapleFamily),
           frame_{nib.window<Gtk::Dialog>("MultipleFinishing"), nib.widget<Gtk::Box>("TPDE1000"),
                  FindPosition(nib, "TPDE1008", "TPDE1009"),
                  FindPosition(nib, "TPDE1010", "TPDE1011")},
@@ -148,6 +148,8 @@ private:
         if (!choices_.have(Family::HolePunch)) {
             punches_->hide();
             frame_.punch.hide();
+        }
+        if (choices_.holeCounts().empty()) {
             frame_.holes.hide();
         }
         if (!choices_.have(Family::ZFold)) {
@@ -166,23 +168,25 @@ private:
             staple_.button, [this] { return staplePositions(); },
             [this](std::int32_t value) { chosen_.parts.staple = value; });
         bindings_.bindCheckBox(punches_, chosen_.hasHoles);
-        bindings_.bindPopup(frame_.punch.button, choices_.positions(Family::HolePunch),
+        bindings_.bindPopup(frame_.punch.button,
+                            choices_.positionsAt(Family::HolePunch, chosen_.parts.punch),
                             chosen_.parts.punch);
         bindings_.bindPopup(frame_.holes.button, choices_.holeCounts(), chosen_.parts.holes);
         bindings_.bindCheckBox(zFolds_, chosen_.hasZFold);
-        bindings_.bindPopup(zFold_.button, choices_.positions(Family::ZFold), chosen_.parts.zFold);
+        bindings_.bindPopup(zFold_.button, choices_.positionsAt(Family::ZFold, chosen_.parts.zFold),
+                            chosen_.parts.zFold);
         bindings_.bindView([this, &preview = AddPreview(frame_)] { showRest(preview); });
     }
 
     // Of another family the position that comes first.
     Menu staplePositions()
     {
-        Menu menu = choices_.positions(chosen_.parts.stapleFamily);
-        if (shownFamily_ != chosen_.parts.stapleFamily) {
-            shownFamily_ = chosen_.parts.stapleFamily;
-            chosen_.parts.staple = CheckedValue(menu);
+        const std::int32_t family = chosen_.parts.stapleFamily;
+        if (shownFamily_ != family) {
+            shownFamily_ = family;
+            chosen_.parts.staple = CheckedValue(choices_.positions(family));
         }
-        return Checked(std::move(menu), chosen_.parts.staple);
+        return choices_.positionsAt(family, chosen_.parts.staple);
     }
 
     // What follows from the choice.
@@ -198,13 +202,13 @@ private:
         frame_.holes.enable(chosen_.hasHoles != 0);
         zFold_.enable(chosen_.hasZFold != 0);
         okButton_->set_sensitive(ChosenFinishing(current, chosen_).has_value());
-        preview.show(WithChoice(choices_.current, FinishingSoFar(current, chosen_)),
-                     choices_.bundle);
+        preview.showSet(WithFinishing(choices_.current, FinishingSoFar(current, chosen_)),
+                        choices_.bundle);
     }
 
     const Choices& choices_;
     MultipleFinishing chosen_;
-    std::int32_t shownFamily_ = UnsetValue; // whose positions the pop-up button has
+    std::int32_t shownFamily_; // whose positions the pop-up button has
     Frame frame_;
     PositionControl staple_;
     PositionControl zFold_;
@@ -214,13 +218,6 @@ private:
     Glib::RefPtr<Gtk::Button> okButton_;
     ControlBindings bindings_;
 };
-
-FinishingChoice Punched(const FinishingChoice& current, std::int32_t position, std::int32_t holes)
-{
-    FinishingChoice punched = ChooseFinishing(current, Family::HolePunch, position);
-    punched.holes = holes;
-    return punched;
-}
 
 } // namespace
 
@@ -241,20 +238,25 @@ std::optional<FinishingChoice> RunHolePunchDialog(Gtk::Window* parent, const CFB
     nib.reset();
     const Choices choices = {bundle, current, offers};
     const Menu counts = choices.holeCounts();
-    const Menu positions = choices.positions(Family::HolePunch);
-    std::int32_t position = CheckedValue(positions);
-    std::int32_t holes = CheckedValue(counts);
+    std::int32_t position =
+        StartPosition(choices.positions(Family::HolePunch), Family::HolePunch, current.finishing);
+    std::int32_t holes = StartHoles(counts);
+    if (counts.empty()) {
+        frame.holes.hide();
+    }
     ControlBindings bindings;
-    bindings.bindPopup(frame.punch.button, positions, position);
+    bindings.bindPopup(frame.punch.button, choices.positionsAt(Family::HolePunch, position),
+                       position);
     bindings.bindPopup(frame.holes.button, counts, holes);
     bindings.bindView([&, &preview = AddPreview(frame)] {
-        preview.show(WithChoice(current, Punched(current.finishing, position, holes)), bundle);
+        preview.showSet(WithFinishing(current, ChooseHoles(current.finishing, position, holes)),
+                        bundle);
     });
     bindings.show();
     if (RunModalWindow(bundle, *frame.dialog.get(), parent) != DialogOk) {
         return std::nullopt;
     }
-    return Punched(current.finishing, position, holes);
+    return ChooseHoles(current.finishing, position, holes);
 }
 
 std::optional<FinishingChoice> RunMultipleFinishingDialog(Gtk::Window* parent,

@@ -21,7 +21,7 @@ FinishedSetView::FinishedSetView(int width, int height)
     set_size_request(width, height);
 }
 
-void FinishedSetView::show(const FinishedSet& set, const CFBundle& bundle)
+void FinishedSetView::showSet(const FinishedSet& set, const CFBundle& bundle)
 {
     set_ = set;
     AtkObject* accessible = gtk_widget_get_accessible(GTK_WIDGET(gobj()));

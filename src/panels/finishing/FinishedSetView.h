@@ -8,15 +8,15 @@ namespace tarvo {
 
 class CFBundle;
 
-/// Shows a finished set as the dialogs and the panel's preview have it: in the colours of the theme
-/// and sharp at any scale. A screen reader is told the same in words.
+/// Shows a finished set as the dialogs and the panel's preview have it, in the size that it is
+/// given on a ground of any colour. A screen reader is told the same in words.
 class FinishedSetView : public Gtk::DrawingArea {
 public:
     /// @param width, height  that it asks for; it fills what it is given
     FinishedSetView(int width, int height);
 
     /// Draws another set from now on.
-    void show(const FinishedSet& set, const CFBundle& bundle);
+    void showSet(const FinishedSet& set, const CFBundle& bundle);
     const FinishedSet& shown() const { return set_; }
 
 protected:

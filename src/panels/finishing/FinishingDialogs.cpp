@@ -56,7 +56,8 @@ struct PicturedChoice {
 };
 
 constexpr int PictureSize = 84;
-constexpr int CharactersOfLabel = 22; // before it wraps
+constexpr int SpaceBetweenChoices = 6;
+constexpr int CharactersOfLabel = 22; // before it wraps; sooner where the screen is small
 
 // A radio button with the picture before its text.
 Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
@@ -66,10 +67,10 @@ Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
     auto* content = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_HORIZONTAL, 12);
     auto* picture = Gtk::make_managed<FinishedSetView>(PictureSize, PictureSize);
     auto* label = Gtk::make_managed<Gtk::Label>(choice.text);
-    picture->show(choice.set, bundle);
+    picture->showSet(choice.set, bundle);
+    button->get_accessible()->set_description(DescribeFinishedSet(choice.set, bundle));
     label->set_line_wrap(true);
     label->set_xalign(0);
-    label->set_width_chars(CharactersOfLabel);
     label->set_max_width_chars(CharactersOfLabel);
     label->set_mnemonic_widget(*button);
     content->pack_start(*picture, Gtk::PACK_SHRINK);
@@ -77,6 +78,20 @@ Gtk::RadioButton& AddRadioButton(Gtk::Box& column, const PicturedChoice& choice,
     button->add(*content);
     column.pack_start(*button, Gtk::PACK_SHRINK);
     return *button;
+}
+
+// With large text columns beside each other are wider than a small screen: then they come below
+// each other.
+void ArrangeColumns(Gtk::Box& box)
+{
+    constexpr int RoomOnSmallScreen = 960;
+    int least = 0;
+    int natural = 0;
+    box.get_preferred_width(least, natural);
+    if (least > RoomOnSmallScreen) {
+        box.set_orientation(Gtk::ORIENTATION_VERTICAL);
+        box.set_spacing(SpaceBetweenChoices);
+    }
 }
 
 // Fills the box, column by column; the button of the chosen value is on and has the focus.
@@ -88,7 +103,7 @@ void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::
     Gtk::RadioButton::Group group;
     for (std::size_t place = 0; place < choices.size(); ++place) {
         if (place % MostInAColumn == 0) {
-            column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, 6);
+            column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, SpaceBetweenChoices);
             box.pack_start(*column);
         }
         Gtk::RadioButton& button = AddRadioButton(*column, choices[place], bundle);
@@ -102,6 +117,7 @@ void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::
         }));
     }
     box.show_all_children();
+    ArrangeColumns(box);
 }
 
 /// @param chosen  the value that is on first
@@ -112,7 +128,7 @@ std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundl
                                               std::int32_t chosen)
 {
     auto nib = Nib::Open(bundle, "Finishing", row.window);
-    if (!nib || choices.empty()) {
+    if (!nib) {
         return std::nullopt;
     }
     const auto dialog = nib->window<Gtk::Dialog>(row.window);
@@ -128,12 +144,6 @@ std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundl
     return chosen;
 }
 
-FinishedSet WithChoice(FinishedSet set, FinishingChoice finishing)
-{
-    set.finishing = std::move(finishing);
-    return set;
-}
-
 std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBundle& bundle,
                                                const PositionDialogRow& row,
                                                const FinishedSet& current,
@@ -143,7 +153,7 @@ std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBund
     std::vector<PicturedChoice> choices;
     for (const MenuItem& item : positions) {
         const auto finishing = ChooseFinishing(current.finishing, row.option, item.value);
-        choices.push_back({item.value, item.text, WithChoice(current, finishing)});
+        choices.push_back({item.value, item.text, WithFinishing(current, finishing)});
     }
     const auto chosen = RunPositionDialog(parent, bundle, row, choices, CheckedValue(positions));
     return chosen ? std::optional(ChooseFinishing(current.finishing, row.option, *chosen))
@@ -179,6 +189,9 @@ std::optional<FinishingChoice> RunFinishingDialog(Gtk::Window* parent, const CFB
                                                   std::int32_t option, const FinishedSet& current,
                                                   const std::vector<FinishingOffer>& offers)
 {
+    if (!HasFinishingChoices(bundle, offers, option, current.finishing)) {
+        return std::nullopt;
+    }
     if (const auto* row = PositionDialogOf(option)) {
         return RunFamilyDialog(parent, bundle, *row, current, offers);
     }

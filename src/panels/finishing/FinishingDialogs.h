@@ -14,7 +14,8 @@ namespace tarvo {
 class CFBundle;
 
 // Each of these shows a modal dialog and gives what the user chose, or nothing when the user
-// cancels or the bundle lacks the dialog. The application may end the parent meanwhile.
+// cancels, there is nothing to choose or the bundle lacks the dialog. The application may end the
+// parent meanwhile.
 
 /// Lets the user choose within a family of the finishing menu; the pictures show the job's paper.
 /// @param option  the value of the menu's item; of a family that HasFinishingDialog

@@ -30,8 +30,6 @@ constexpr OffsetButton OffsetButtons[] = {
     {5, "TPDE1105", true },
 };
 
-constexpr std::int32_t SlipSheetsOn = 2;
-constexpr std::int32_t SlipSheetsOff = 1;
 constexpr std::int32_t MostPages = 9999;
 
 bool HasSubsets(std::int32_t offset)
@@ -94,15 +92,22 @@ struct OffsetChoice {
         }
     }
 
-    // What the printer does not offer stays as it was.
-    FinishingChoice storedIn(FinishingChoice finishing, const OffsetOffers& offers) const
+    // The job's finishing with what the user has changed. The rest stays as it was, also what the
+    // controls cannot show.
+    FinishingChoice storedIn(FinishingChoice finishing) const
     {
-        if (offers.offset) {
+        const OffsetChoice former(finishing);
+        if (hasSubset != former.hasSubset) {
+            finishing.offsetSubset = hasSubset;
+        }
+        if (offset != former.offset) {
             finishing.offset = offset;
             finishing.offsetSubset = HasSubsets(offset) ? hasSubset : 0;
-            finishing.pagesPerSubset = finishing.offsetSubset == 0 ? 0 : pages;
         }
-        if (offers.slipSheets) {
+        if (pages != former.pages || hasSubset > former.hasSubset) {
+            finishing.pagesPerSubset = pages;
+        }
+        if (hasSlipSheets != former.hasSlipSheets) {
             finishing.slipSheet = hasSlipSheets == 0 ? SlipSheetsOff : SlipSheetsOn;
         }
         return finishing;
@@ -132,8 +137,11 @@ std::optional<FinishingChoice> RunOffsetSetupDialog(Gtk::Window* parent, const C
                                                     const OffsetOffers& offers)
 {
     constexpr int PreviewSize = 180;
+    if (!offers.offset && !offers.slipSheets) {
+        return std::nullopt;
+    }
     const auto controls = OpenOffsetControls(bundle);
-    if (!controls || (!offers.offset && !offers.slipSheets)) {
+    if (!controls) {
         return std::nullopt;
     }
     HideWhatIsNotOffered(*controls, offers);
@@ -144,9 +152,7 @@ std::optional<FinishingChoice> RunOffsetSetupDialog(Gtk::Window* parent, const C
     ControlBindings bindings;
     Bind(bindings, *controls, chosen);
     bindings.bindView([&, preview] {
-        FinishedSet set = current;
-        set.finishing = chosen.storedIn(current.finishing, offers);
-        preview->show(set, bundle);
+        preview->showSet(WithFinishing(current, chosen.storedIn(current.finishing)), bundle);
         controls->subset->set_sensitive(HasSubsets(chosen.offset));
         controls->pages->set_sensitive(HasSubsets(chosen.offset) && chosen.hasSubset != 0);
     });
@@ -154,7 +160,7 @@ std::optional<FinishingChoice> RunOffsetSetupDialog(Gtk::Window* parent, const C
     if (RunModalWindow(bundle, *controls->dialog.get(), parent) != DialogOk) {
         return std::nullopt;
     }
-    return chosen.storedIn(current.finishing, offers);
+    return chosen.storedIn(current.finishing);
 }
 
 } // namespace tarvo

@@ -7,8 +7,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t SlipSheetsOn = 2;
-constexpr double LongSide = 1.4142; // of a page with a short side of 1
 constexpr double HeightOnPicture = 0.6;
 constexpr double Margin = 0.04; // around the picture, of the area's smaller measure
 
@@ -103,8 +101,8 @@ std::vector<PileSheet> PileOf(const FinishedSet& set, const FinishingMarks& mark
 SheetGeometry::SheetGeometry(const FinishedSet& set, const FinishingMarks& marks,
                              const std::vector<PileSheet>& pile, double width, double height)
     : folds_(marks.folds),
-      width_(set.isLandscape ? LongSide : 1),
-      height_(set.isLandscape ? 1 : LongSide)
+      width_(set.isLandscape ? PageProportion : 1),
+      height_(set.isLandscape ? 1 : PageProportion)
 {
     if (marks.isBooklet) {
         width_ *= 2; // two pages

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace tarvo {
 namespace {
@@ -115,16 +116,17 @@ private:
         context_->stroke();
     }
 
-    bool hasTurnedCorner() const
+    std::optional<TurnedCorner> turnedCorner() const
     {
         const bool isTwoSided = set_.sides == TwoSidedLongEdge || set_.sides == TwoSidedShortEdge;
-        return isTwoSided && marks_.folds.points.empty() && !marks_.isBooklet;
+        const bool showsIt = isTwoSided && marks_.folds.points.empty() && !marks_.isBooklet;
+        return showsIt ? CornerToTurn(set_, marks_) : std::nullopt;
     }
 
     void drawSheet(bool isSlipSheet, bool isTop)
     {
-        if (isTop && hasTurnedCorner()) {
-            drawWithTurnedCorner(CornerToTurn(set_, marks_));
+        if (const auto turned = isTop ? turnedCorner() : std::nullopt) {
+            drawWithTurnedCorner(*turned);
             return;
         }
         const Ink paper = isSlipSheet ? SlipSheetInk : PaperInk(set_.paperColor);
@@ -258,8 +260,8 @@ private:
     void drawBinding()
     {
         constexpr double Depth = 0.1; // of the tape, in parts of the short side
-        const double x = set_.isLandscape ? Depth / 1.4142 : Depth;
-        const double y = set_.isLandscape ? Depth : Depth / 1.4142;
+        const double x = set_.isLandscape ? Depth / PageProportion : Depth;
+        const double y = set_.isLandscape ? Depth : Depth / PageProportion;
         switch (marks_.binding) {
         case SheetEdge::None:
             return;

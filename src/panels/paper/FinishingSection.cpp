@@ -55,7 +55,8 @@ FinishedSet FinishedSetOf(const PaperOutputSettings& settings)
     return {.finishing = settings.finishing,
             .paperColor = settings.stock.color(),
             .sides = settings.sides,
-            .isLandscape = IsLandscape(GetCurrentPrintSession())};
+            .isLandscape = IsLandscape(GetCurrentPrintSession()),
+            .ownColor = settings.stock.customColor()};
 }
 
 } // namespace
@@ -82,47 +83,52 @@ void FinishingSection::bind()
     offset_->signal_clicked().connect(Guarded([this] { setUpOffset(); }));
 }
 
-// A family's dialog waits until its pop-up button has closed: it would run inside it. One that is
-// chosen already is changed with the button beside it.
+// A family that is chosen already is changed with the button beside it.
 void FinishingSection::bindFamily()
 {
     bindings_.bindMenu(
         family_,
         [this] { return FinishingMenu(*GetPDEBundle(), OffersOfPrinter(), settings_.finishing); },
-        [this](std::int32_t option) {
-            Glib::signal_idle().connect_once(Guarded([this, option, alive = std::weak_ptr(alive_)] {
-                if (!alive.expired()) {
-                    choose(option);
-                }
-            }));
-        });
+        [this](std::int32_t option) { choose(option); });
     setup_->signal_clicked().connect(
-        Guarded([this] { choose(FinishingMenuValue(settings_.finishing)); }));
+        Guarded([this] { runDialog(FinishingMenuValue(settings_.finishing)); }));
 }
 
 void FinishingSection::bindPicture()
 {
-    view_.Gtk::Widget::show();
+    view_.show();
     picture_->add(view_);
     bindings_.bindView([this] {
         const CFBundle& bundle = *GetPDEBundle();
-        setup_->set_sensitive(HasFinishingDialog(FinishingMenuValue(settings_.finishing)));
+        setup_->set_sensitive(HasFinishingChoices(bundle, OffersOfPrinter(),
+                                                  FinishingMenuValue(settings_.finishing),
+                                                  settings_.finishing));
         summary_->set_text(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle)));
-        view_.show(FinishedSetOf(settings_), bundle);
+        view_.showSet(FinishedSetOf(settings_), bundle);
     });
 }
 
+// A dialog waits until the pop-up button has closed: it would run inside it. Meanwhile the user may
+// go to another print dialog.
 void FinishingSection::choose(std::int32_t option)
 {
-    if (HasFinishingDialog(option)) {
-        take([option](const FinishedSet& set) {
-            return RunFinishingDialog(GetPDEWindow(), *GetPDEBundle(), option, set,
-                                      OffersOfPrinter());
-        });
+    if (!HasFinishingDialog(option)) {
+        settings_.finishing = ChooseFinishing(settings_.finishing, option);
         return;
     }
-    settings_.finishing = ChooseFinishing(settings_.finishing, option);
-    bindings_.show();
+    Glib::signal_idle().connect_once(
+        Guarded([this, option, alive = std::weak_ptr(alive_), printDialog = DialogHandle()] {
+            if (!alive.expired() && printDialog.restore()) {
+                runDialog(option);
+            }
+        }));
+}
+
+void FinishingSection::runDialog(std::int32_t option)
+{
+    take([option](const FinishedSet& set) {
+        return RunFinishingDialog(GetPDEWindow(), *GetPDEBundle(), option, set, OffersOfPrinter());
+    });
 }
 
 void FinishingSection::setUpOffset()
@@ -134,10 +140,10 @@ void FinishingSection::setUpOffset()
 
 // A dialog that is cancelled leaves the family as it was, in its pop-up button too.
 void FinishingSection::take(
-    const std::function<std::optional<FinishingChoice>(const FinishedSet&)>& runDialog)
+    const std::function<std::optional<FinishingChoice>(const FinishedSet&)>& ask)
 {
     const std::weak_ptr<bool> alive = alive_;
-    const auto choice = runDialog(FinishedSetOf(settings_));
+    const auto choice = ask(FinishedSetOf(settings_));
     if (alive.expired()) {
         return;
     }

@@ -30,8 +30,9 @@ private:
     void bindFamily();
     void bindPicture();
     void choose(std::int32_t option);
+    void runDialog(std::int32_t option);
     void setUpOffset();
-    void take(const std::function<std::optional<FinishingChoice>(const FinishedSet&)>& runDialog);
+    void take(const std::function<std::optional<FinishingChoice>(const FinishedSet&)>& ask);
 
     PaperOutputSettings& settings_;
     ControlBindings& bindings_;

@@ -1,6 +1,7 @@
 #include "panels/toolkit/Dialogs.h"
 
 #include "panels/PanelEnvironment.h"
+#include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/TextFilters.h"
 #include "panels/toolkit/WidgetTexts.h"
@@ -8,8 +9,20 @@
 
 #include <gtkmm/entry.h>
 #include <gtkmm/messagedialog.h>
+#include <gtkmm/spinbutton.h>
 
 namespace tarvo {
+namespace {
+
+// Alt and a letter press OK without leaving the field that is being typed into.
+void TakeNumberBeingTyped(Gtk::Dialog& dialog)
+{
+    if (auto* field = dynamic_cast<Gtk::SpinButton*>(dialog.get_focus())) {
+        field->update();
+    }
+}
+
+} // namespace
 
 std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Window* parent)
 {
@@ -24,6 +37,8 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
     if (dialog.get_title().empty()) {
         dialog.set_title(bundle.localizedString("PDE Shell"));
     }
+    dialog.signal_response().connect(
+        Guarded([window = &dialog](int) { TakeNumberBeingTyped(*window); }), false);
     const DialogHandle printDialog;
     const int response = dialog.run();
     gtk_widget_destroy(GTK_WIDGET(dialog.gobj()));
@@ -60,9 +75,12 @@ OSStatus RunModalCustomValueDialog(const CFBundle& bundle, Gtk::Window* parent, 
     LimitInputLength(field.get(), limit);
     field->set_text(former);
     field->grab_focus();
+    std::string entered;
+    dialog->signal_response().connect(
+        Guarded([control = field.get(), &entered](int) { entered = control->get_text(); }));
     result = RunModalWindow(bundle, *dialog.get(), parent);
     if (result == DialogOk) {
-        text = field->get_text();
+        text = entered;
     }
     return StatusOk;
 }

@@ -21,9 +21,11 @@ inline constexpr std::int32_t DialogCancel = 2; // also its close box and Escape
 /// A dialog description that the bundle lacks, or that cannot be read.
 inline constexpr OSStatus StatusNoWindow = -10960;
 
-/// Shows a dialog until it is answered; everything else in the window waits. It is gone afterwards,
-/// and the print dialog that was current before is so again. The application may end that one
-/// meanwhile: then callers, who hear of it as DialogCancel, touch nothing that went with it.
+/// Shows a dialog until it is answered; everything else in the window waits. It is gone afterwards
+/// with all that its controls hold, which is to be read while it runs; a number that is being typed
+/// counts then. And the print dialog that was
+/// current before is so again. The application may end that one meanwhile: then callers, who hear
+/// of it as DialogCancel, touch nothing that went with it.
 /// @param parent  may be null
 /// @return DialogOk or DialogCancel
 std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Window* parent);

@@ -4,11 +4,23 @@
 #include "platform/bundle/CFBundle.h"
 
 #include <glibmm/error.h>
+#include <gtk/gtk.h>
 #include <gtkmm/container.h>
 
 #include <utility>
 
 namespace tarvo {
+
+namespace {
+
+// Makes plain widgets. Those of a builder that gtkmm makes are of derived types, which stay alive
+// when a dialog is destroyed: it would only be hidden.
+Glib::RefPtr<Gtk::Builder> PlainBuilder()
+{
+    return Glib::wrap(gtk_builder_new());
+}
+
+} // namespace
 
 std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name)
 {
@@ -34,7 +46,7 @@ std::optional<Nib> Nib::Open(const CFBundle& bundle, const std::string& name,
     if (!path) {
         return std::nullopt;
     }
-    auto builder = Gtk::Builder::create();
+    auto builder = PlainBuilder();
     try {
         read(*builder.get(), *path, window);
     } catch (const Glib::Error&) { // who opens a window says that there is none
