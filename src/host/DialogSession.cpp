@@ -142,16 +142,26 @@ void DialogSession::removeTab()
     tab_ = nullptr;
 }
 
+// The tab comes to the front, perhaps after choices in the dialog's own tabs: those are later than
+// the plug-in's, and it shows them.
 void DialogSession::open()
 {
-    if (!isOpen_) {
-        isOpen_ = true;
-        plugIn_->operations().Open(context_);
+    if (isOpen_) {
+        fillTicket();
+        plugIn_->operations().Sync(context_, AsInterface(session_), true);
+        return;
     }
+    takeDialogSettings();
+    isOpen_ = true;
+    plugIn_->operations().Open(context_);
 }
 
-bool DialogSession::allowsButton(std::int32_t control) const
+// Whether what is chosen can be printed depends on the dialog's own tabs, too.
+bool DialogSession::allowsButton(std::int32_t control)
 {
+    if (control == TARVO_DEFAULT_BUTTON) {
+        takeDialogSettings();
+    }
     if (handler_ == nullptr) {
         return true;
     }

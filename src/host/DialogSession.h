@@ -22,9 +22,10 @@ public:
     DialogSession& operator=(const DialogSession&) = delete;
     ~DialogSession();
 
-    /// Asks the plug-in about a button of the dialog.
+    /// Asks the plug-in about a button of the dialog. Before the default one, the ticket has what
+    /// is chosen in the dialog's own tabs.
     /// @return false when it refuses
-    bool allowsButton(std::int32_t control) const;
+    bool allowsButton(std::int32_t control);
 
     /// Brings the dialog's own tabs and the plug-in's into the ticket.
     /// @return the job ticket, borrowed from the session

@@ -157,6 +157,17 @@ inline constexpr PPDKeywordMap OutputBinMap[] = {
     {nullptr,   0},
 };
 
+// The same trays as the output destinations of OutputMaps.h number them.
+inline constexpr PPDKeywordMap OutputDestinationBinMap[] = {
+    {"Auto",    1},
+    {"Top",     3},
+    {"Stacker", 4},
+    {"Upper",   5},
+    {"Lower",   6},
+    {"Booklet", 7},
+    {nullptr,   0},
+};
+
 inline constexpr PPDKeywordMap TRFoldOptionsMap[] = {
     {"None",                 1 },
     {"HolePunch",            2 },
@@ -213,6 +224,7 @@ inline constexpr const auto& JCLTrueGrayImagesMap = JCLTrueGrayGraphicsMap;
 // Main keywords that are asked for by name.
 inline constexpr const char* DuplexMainKeyword = "Duplex";
 inline constexpr const char* FoldMainKeyword = "TRFoldOptions";
+inline constexpr const char* OutputBinMainKeyword = "OutputBin";
 
 inline constexpr MainKeyword MainKeywordMap[] = {
     {"MediaColor",          MediaColorMap         },
@@ -221,7 +233,7 @@ inline constexpr MainKeyword MainKeywordMap[] = {
     {DuplexMainKeyword,     PPDDuplexMap          },
     {"JCLBanner",           BannerPageMap         },
     {"Jog",                 RequestOffsetMap      },
-    {"OutputBin",           OutputBinMap          },
+    {OutputBinMainKeyword,  OutputBinMap          },
     {FoldMainKeyword,       TRFoldOptionsMap      },
     {"JCLPrintQuality",     JCLPrintQualityMap    },
     {"JCLRGBColorSpace",    TRRGBColorSpaceMap    },

@@ -1,6 +1,7 @@
 #include "records/BackgroundFormsChoice.h"
 
 #include "platform/text/Utf8.h"
+#include "platform/text/WhiteSpace.h"
 #include "records/BackgroundFormsOptions.h"
 
 #include <algorithm>
@@ -25,6 +26,12 @@ std::int32_t Scaled(std::int64_t value, std::int64_t factor, std::int64_t diviso
 std::int32_t InOtherUnit(std::int32_t offset, bool toInches)
 {
     return toInches ? Scaled(offset, Hundredths, Tenths) : Scaled(offset, Tenths, Hundredths);
+}
+
+// Blanks are no name.
+bool IsName(const std::string& name)
+{
+    return !Trimmed(name).empty() && Utf8Length(name) <= LongestFormNameInput;
 }
 
 } // namespace
@@ -54,15 +61,14 @@ void SwitchOffsetUnit(BackgroundFormsChoice& choice, bool isInches)
 
 bool IsAcceptable(const BackgroundFormsChoice& choice)
 {
-    if (Utf8Length(choice.newForm) > LongestFormNameInput) {
-        return false;
+    if (!choice.mergesWithForm) {
+        return IsName(choice.newForm);
     }
-    return !choice.mergesWithForm ||
-           (!choice.existingForm.empty() &&
-            Utf8Length(choice.existingForm) <= LongestFormNameInput && choice.cyclePages >= 0 &&
-            choice.cyclePages <= MostCyclePages);
+    return IsName(choice.existingForm) && choice.cyclePages >= 0 &&
+           choice.cyclePages <= MostCyclePages;
 }
 
+// A name that does not count would do something of its own: a form may be merged and made at once.
 OSStatus AcceptBackgroundForms(BackgroundFormsOptions& options, const BackgroundFormsChoice& choice)
 {
     if (!IsAcceptable(choice)) {
@@ -70,13 +76,13 @@ OSStatus AcceptBackgroundForms(BackgroundFormsOptions& options, const Background
     }
     options.setUseExistingForm(choice.mergesWithForm ? FormUse::Merge : FormUse::None);
     if (choice.mergesWithForm) {
-        options.setMergeWithString(choice.existingForm);
         static_cast<void>(options.setCyclePages(choice.cyclePages)); // in range
     }
+    options.setMergeWithString(choice.mergesWithForm ? choice.existingForm : "");
+    options.setNewFormString(choice.mergesWithForm ? "" : choice.newForm);
     options.setInches(choice.isInches);
     options.setXOffset(choice.xOffset);
     options.setYOffset(choice.yOffset);
-    options.setNewFormString(choice.newForm);
     options.rememberForms();
     return StatusOk;
 }

@@ -17,7 +17,7 @@ struct BackgroundFormsChoice {
     bool isInches = true;
     std::int32_t xOffset = 0; // in 1/100 in or 1/10 mm
     std::int32_t yOffset = 0;
-    std::string newForm = {}; // "" leaves it to the job's name
+    std::string newForm = {}; // counts when the job makes a form
     bool operator==(const BackgroundFormsChoice&) const = default;
 };
 
@@ -27,12 +27,12 @@ BackgroundFormsChoice ChoiceFromBackgroundForms(const BackgroundFormsOptions& op
 /// Shows the offsets in the other unit, to the nearest that it can show.
 void SwitchOffsetUnit(BackgroundFormsChoice& choice, bool isInches);
 
-/// Whether OK may be pressed: a job that merges needs the name of a form, a name has at most
-/// LongestFormNameInput characters, and pages cycle by 0 to MostCyclePages.
+/// Whether OK may be pressed: there is the name that counts, of at most LongestFormNameInput
+/// characters, and pages cycle by 0 to MostCyclePages.
 bool IsAcceptable(const BackgroundFormsChoice& choice);
 
-/// Takes over what the dialog shows when OK is pressed, and remembers the names. What only counts
-/// for a merge stays as it was when the job does not merge.
+/// Takes over what the dialog shows when OK is pressed, and remembers the name that counts; the
+/// other one is cleared. The pages' cycle stays as it was when the job does not merge.
 /// @return StatusBadArgument, with nothing changed, for a choice that IsAcceptable refuses
 [[nodiscard]] OSStatus AcceptBackgroundForms(BackgroundFormsOptions& options,
                                              const BackgroundFormsChoice& choice);

@@ -16,13 +16,16 @@ inline constexpr std::string_view SaveFormatKey = "MediaType"; // of a saved job
 /// Where a job is saved that names no place.
 inline constexpr std::string_view DefaultSavedJobLocation = "file:///job-repository/";
 
-/// The job types that an export tells apart; all others print at once.
+/// What JobTypeNumberKey says; JobTypeMap and OptionalJobTypeMap have their texts.
 enum class JobType : std::int32_t {
+    Normal = 1,
     Hold = 2,
     Save = 3,
     SaveAndPrint = 4,
+    Fax = 5,
     SecurePrint = 6,
     DelayedPrint = 7,
+    SampleSet = 8,
     BackgroundForms = 9,
 };
 

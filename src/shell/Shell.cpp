@@ -397,8 +397,8 @@ void Shell::openPanel(Record& record) const
     if (!record.isOpen) {
         record.isOpen = true;
         record.panel->open();
-        view_->assignMnemonics(*record.pane);
     }
+    view_->assignMnemonics(*record.pane); // labels may have changed since it was last seen
 }
 
 void Shell::selectPanel(std::int32_t index)
@@ -527,13 +527,12 @@ bool Shell::confirmConflicts() const
     std::string conflicts;
     for (const Record& record : records_) {
         for (const std::string& conflict : record.panel->conflicts()) {
-            conflicts += "\n\n" + conflict;
+            conflicts += (conflicts.empty() ? "" : "\n\n") + conflict;
         }
     }
     return conflicts.empty() || bundle_ == nullptr ||
-           AskUser(*bundle_, window(),
-                   bundle_->localizedString("Print With Conflicts Header") + conflicts,
-                   "Print Anyway", "Cancel Command");
+           AskUser(*bundle_, window(), bundle_->localizedString("Print With Conflicts Header"),
+                   "Print Anyway", "Cancel Command", conflicts);
 }
 
 // The worker has an answer of the printer.

@@ -10,6 +10,7 @@
 
 #include <gtk/gtk.h>
 #include <gtkmm/button.h>
+#include <gtkmm/cellrenderertext.h>
 #include <gtkmm/image.h>
 
 namespace tarvo {
@@ -67,6 +68,16 @@ void ConnectButton(const Glib::RefPtr<Gtk::Widget>& widget, const ShellViewHandl
     }
 }
 
+// What the panel is called is not cut short.
+void ShowWhole(Gtk::ComboBox& button)
+{
+    for (Gtk::CellRenderer* cell : button.get_cells()) {
+        if (auto* text = dynamic_cast<Gtk::CellRendererText*>(cell)) {
+            text->property_ellipsize() = Pango::ELLIPSIZE_NONE;
+        }
+    }
+}
+
 } // namespace
 
 std::unique_ptr<ShellView> ShellView::Load(const CFBundle& bundle, std::string& failedStep)
@@ -115,6 +126,7 @@ void ShellView::connect(const Menu& panels, const ShellViewHandlers& handlers)
     lettersOutside_ = MnemonicsOnScreen(*content_->get_toplevel());
     AssignMnemonics(*content_.get(), lettersOutside_);
     PopulatePopupButton(*popup_.get(), panels);
+    ShowWhole(*popup_.get());
     popup_->signal_changed().connect(
         Guarded([hit = handlers.controlHit] { hit(PanelPopupControl); }));
     ConnectButton(previous_, handlers, PreviousPanelControl);

@@ -35,15 +35,6 @@ struct Context {
     std::string title = "Fake Features";
 };
 
-TarvoStatus RefuseToPrint(const TarvoEvent* event, void* /*userData*/)
-{
-    const bool isPrint = event->eventClass == TARVO_CONTROL_CLASS &&
-                         event->kind == TARVO_CONTROL_HIT && event->signature == 0 &&
-                         event->control == TARVO_DEFAULT_BUTTON;
-    Called(isPrint ? "print?" : "cancel?");
-    return isPrint && State().refusesToPrint ? 0 : TARVO_EVENT_NOT_HANDLED;
-}
-
 TarvoStatus Prologue(void** context, std::uint32_t* /*creator*/, const char** /*kind*/,
                      const char** title, std::int32_t* /*width*/, std::int32_t* /*height*/)
 {
@@ -64,6 +55,16 @@ void Look(const PMPrintSession& session)
     ParseError error;
     const auto ppd = ppdOpenCompiledPPDFromTicket(session.ticket(PrinterInfoTicketName), error);
     state.maker = ppd ? ppd->manufacturer() : error.reason;
+}
+
+TarvoStatus RefuseToPrint(const TarvoEvent* event, void* userData)
+{
+    const bool isPrint = event->eventClass == TARVO_CONTROL_CLASS &&
+                         event->kind == TARVO_CONTROL_HIT && event->signature == 0 &&
+                         event->control == TARVO_DEFAULT_BUTTON;
+    Look(*static_cast<Context*>(userData)->session);
+    Called(isPrint ? "print?" : "cancel?");
+    return isPrint && State().refusesToPrint ? 0 : TARVO_EVENT_NOT_HANDLED;
 }
 
 TarvoStatus Initialize(void* context, std::uint32_t /*flags*/, const TarvoPDEHost* host,

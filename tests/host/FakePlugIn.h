@@ -14,7 +14,7 @@ struct FakePlugInState {
     int instances = 0;
     int interfaces = 0;
     int contexts = 0;
-    // The last session as Initialize and Sync found it.
+    // The last session as Initialize, Sync and the question about a button found it.
     PMPrinter printer;
     std::string maker; // of the description that the printer information ticket names
     PageFormat pageFormat;

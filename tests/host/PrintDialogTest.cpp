@@ -166,6 +166,30 @@ TEST_F(PrintDialogTest, ThePlugInCanKeepTheDialogOpen)
     EXPECT_EQ(State().calls, " print? print? Sync(false) cancel?");
 }
 
+TEST_F(PrintDialogTest, ThePlugInIsAskedAboutWhatIsChosenNow)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(driver.chooseOption("DuplexTumble"));
+    State().refusesToPrint = true;
+    EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
+    EXPECT_EQ(*State().choices.get<std::string>("Duplex"), "DuplexTumble");
+}
+
+TEST_F(PrintDialogTest, ThePlugInLearnsOfTheDialogsChoicesWhenItsTabIsShownAgain)
+{
+    DialogDriver driver;
+    ASSERT_TRUE(driver.choose(OurPrinter));
+    ASSERT_TRUE(driver.showTab(Tab));
+    gtk_notebook_set_current_page(GTK_NOTEBOOK(gtk_widget_get_parent(driver.tab(Tab))), 0);
+    ASSERT_TRUE(driver.chooseOption("DuplexTumble"));
+    State().calls.clear();
+    ASSERT_TRUE(driver.showTab(Tab));
+    EXPECT_EQ(State().calls, " Sync(false) Sync(true)") << "its own choices are not lost";
+    EXPECT_EQ(*State().choices.get<std::string>("Duplex"), "DuplexTumble");
+}
+
 // The ticket of a job with every kind of value, more entries than a small map, and a passcode.
 CFDictionary OddTicket(bool hasPasscode)
 {

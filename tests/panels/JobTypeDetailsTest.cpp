@@ -43,6 +43,12 @@ TEST(JobTypeDetails, AreCheckedAndStoredByTheirType)
         {"SavedJobLocation", "file:///job-repository/"},
         {"MediaType",        1                        }
     });
+    const CFDictionary blank = Entries({
+        {"UseJobName",       false                    },
+        {"SavedJobName",     " \t"                    },
+        {"SavedJobLocation", "file:///job-repository/"},
+        {"MediaType",        1                        }
+    });
     const CFDictionary jobsName = Entries({
         {"UseJobName",       true      },
         {"SavedJobLocation", "smb://x/"},
@@ -55,6 +61,7 @@ TEST(JobTypeDetails, AreCheckedAndStoredByTheirType)
     const DetailsCase cases[] = {
         {"saved, in the usual place", details(3, asItIs), true, JobTypeFault::None, menu},
         {"saved without a name", details(3, [](auto& it) { it.savedName = ""; }), false, JobTypeFault::None, nameless},
+        {"saved under blanks", details(3, [](auto& it) { it.savedName = " \t"; }), false, JobTypeFault::None, blank},
         {"saved by the job's name, elsewhere", details(4, [](auto& it) {
              it = {.type = 4, .usesJobName = true, .savedLocation = "smb://x/", .saveFormat = 3};
          }), true, JobTypeFault::None, jobsName},

@@ -68,6 +68,8 @@ TEST_F(PaperPrinter, MenusHaveWhatItOffersAndWhatTheTicketSays)
                             "Delayed Print", "Sample Set", "Background Forms"));
     EXPECT_EQ(TextsOf(JobTypeMenu(bundle_, &*printer_, 5)).back(), "[Fax]");
     EXPECT_EQ(TextsOf(JobTypeMenu(bundle_, &*printer_, 77)).back(), "[Unknown]");
+    EXPECT_THAT(TextsOf(JobTypeMenu(bundle_, &*printer_, 1, 5)),
+                testing::AllOf(testing::Contains("[Normal]"), testing::Contains("Fax")));
     EXPECT_THAT(TextsOf(JobTypeMenu(bundle_, nullptr, 9)),
                 ElementsAre("Normal", "Save", "[Background Forms]"));
     EXPECT_THAT(TextsOf(OutputDestinationMenu(bundle_, &*printer_, UnsetValue)),
@@ -126,6 +128,9 @@ TEST_F(PaperPrinter, NothingIsWrongWithWhatItCanDo)
     settings_.finishing.twoStaples = 10;
     settings_.finishing.oneStaple = 5; // of another family: does not count
     EXPECT_THAT(found(), ElementsAre());
+    settings_.finishing = FinishingChoice();
+    settings_.finishing.option = UnsetValue;
+    EXPECT_THAT(found(), ElementsAre());
     settings_.sides = 9;
     settings_.outputDestination = 5;
     EXPECT_THAT(found(), ElementsAre()) << "a number without a keyword";
@@ -178,6 +183,12 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
          "3 This printer does not offer “C-fold”. Use “Printer Default”"},
         {"a number of holes without its punch", finish(30, &FinishingChoice::punch, 32), "",
          "3 This printer does not offer “Hole punch, left or top”. Use “Printer Default”"},
+        {"a family with an unknown position", finish(14, &FinishingChoice::bind, 99), "",
+         "3 This printer does not offer “Bind…”. Use “Printer Default”"},
+        {"a combination without positions", [](auto& it) { it.finishing.option = 51; it.finishing.zFold = 99; }, "",
+         "3 This printer does not offer “Multiple Finishing…”. Use “Printer Default”"},
+        {"a finishing that nobody knows", [](auto& it) { it.finishing.option = 77; }, "",
+         "3 This printer does not offer “Unknown”. Use “Printer Default”"},
         {"a tray that it lacks", [](auto& it) { it.outputDestination = 6; }, "",
          "5 This printer does not offer “Stacker 2”. Use “Printer Default”"},
     };
@@ -196,6 +207,19 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
         }
         EXPECT_THAT(found(), ElementsAre()) << "resolved";
     }
+}
+
+TEST_F(PaperPrinter, SidesOfTheDialogsOwnTabCountWhenTheyAreNewer)
+{
+    use("*UIConstraints: *OutputBin Booklet *Duplex None\n");
+    settings_.outputDestination = 7;
+    settings_.dialogSides = "None";
+    dialog_ = Entries({
+        {"Duplex", "DuplexTumble"}
+    });
+    EXPECT_THAT(found(), ElementsAre());
+    settings_.dialogSides = "DuplexTumble"; // the panel's choice is the later one
+    EXPECT_THAT(found(), ElementsAre(testing::StartsWith("5 “OutputBin: Booklet”")));
 }
 
 TEST_F(PaperPrinter, APrinterWithNothingChosenHasNoConflicts)

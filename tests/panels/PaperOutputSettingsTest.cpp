@@ -107,47 +107,71 @@ struct SidesCase {
     std::int32_t system;
     const char* dialog; // the PPD dictionary's, "" for none
     std::int32_t read;
-    const char* changedTo; // in the dialog's own tab, before printing
+    const char* changedTo;   // in the dialog's own tab, before printing
+    std::int32_t chosenThen; // in the panel; 0: nothing
     std::int32_t written;
     const char* writtenToDialog;
 };
 
 constexpr SidesCase SidesCases[] = {
-    {"nothing said",                0, 0, "",               1, "",               1, "None"          },
-    {"the panel's first",           2, 3, "None",           2, "None",           2, "DuplexNoTumble"},
-    {"then the system's",           0, 3, "None",           3, "None",           3, "DuplexTumble"  },
-    {"then the dialog's",           0, 0, "DuplexNoTumble", 2, "DuplexNoTumble", 2, "DuplexNoTumble"},
-    {"changed in the dialog's tab", 2, 2, "None",           2, "DuplexTumble",   3, "DuplexTumble"  },
-    {"to what has no number",       2, 2, "None",           2, "Fancy",          2, "DuplexNoTumble"},
-    {"a number without a choice",   9, 9, "None",           9, "None",           9, "None"          },
+    {"nothing said",                0, 0, "",               1, "",               0, 1, "None"          },
+    {"the panel's first",           2, 3, "None",           2, "None",           0, 2, "DuplexNoTumble"},
+    {"then the system's",           0, 3, "None",           3, "None",           0, 3, "DuplexTumble"  },
+    {"then the dialog's",           0, 0, "DuplexNoTumble", 2, "DuplexNoTumble", 0, 2, "DuplexNoTumble"},
+    {"changed in the dialog's tab", 2, 2, "None",           2, "DuplexTumble",   0, 3, "DuplexTumble"  },
+    {"there, then in the panel",    1, 1, "None",           1, "DuplexNoTumble", 3, 3, "DuplexTumble"  },
+    {"there, then back",            1, 1, "None",           1, "DuplexNoTumble", 1, 1, "None"          },
+    {"to what has no number",       2, 2, "None",           2, "Fancy",          0, 2, "DuplexNoTumble"},
+    {"a number without a choice",   9, 9, "None",           9, "None",           0, 9, "None"          },
 };
+
+PMTicket TicketOf(const SidesCase& row)
+{
+    PMTicket ticket;
+    if (row.panel != 0) {
+        ticket.setItem("x", "com.tarvo.print.FinishingDuplex", row.panel);
+    }
+    if (row.system != 0) {
+        ticket.setItem("x", "com.apple.print.PrintSettings.PMDuplexing", row.system);
+    }
+    if (*row.dialog != '\0') {
+        ticket.ppdDictionary().set("Duplex", row.dialog);
+    }
+    return ticket;
+}
+
+// The panel may be shown after a change in the dialog's tab or not; to be chosen from, it is.
+void ChangeSides(const SidesCase& row, bool isShown, PaperOutputSettings& settings,
+                 PMTicket& ticket)
+{
+    if (*row.changedTo != '\0') {
+        ticket.ppdDictionary().set("Duplex", row.changedTo);
+    }
+    if (isShown || row.chosenThen != 0) {
+        ReadPaperOutputSettings(ticket, settings);
+    }
+    if (row.chosenThen != 0) {
+        settings.sides = row.chosenThen;
+    }
+}
 
 TEST(PaperOutputSettings, SidesAreThoseThatTheUserChoseLast)
 {
     for (const SidesCase& row : SidesCases) {
-        SCOPED_TRACE(row.name);
-        PMTicket ticket;
-        if (row.panel != 0) {
-            ticket.setItem("x", "com.tarvo.print.FinishingDuplex", row.panel);
-        }
-        if (row.system != 0) {
-            ticket.setItem("x", "com.apple.print.PrintSettings.PMDuplexing", row.system);
-        }
-        if (*row.dialog != '\0') {
-            ticket.ppdDictionary().set("Duplex", row.dialog);
-        }
-        PaperOutputSettings settings;
-        ReadPaperOutputSettings(ticket, settings);
-        EXPECT_EQ(settings.sides, row.read);
-        if (*row.changedTo != '\0') {
-            ticket.ppdDictionary().set("Duplex", row.changedTo);
-        }
-        for (const char* time : {"first", "again"}) {
-            SCOPED_TRACE(time);
-            WritePaperOutputSettings(settings, ticket);
-            EXPECT_EQ(ticket.item("com.tarvo.print.FinishingDuplex")->value,
-                      CFPropertyList(row.written));
-            EXPECT_EQ(*ticket.ppdDictionary().get<std::string>("Duplex"), row.writtenToDialog);
+        for (const bool isShown : {false, true}) {
+            SCOPED_TRACE(testing::Message() << row.name << (isShown ? ", shown" : ""));
+            PMTicket ticket = TicketOf(row);
+            PaperOutputSettings settings;
+            ReadPaperOutputSettings(ticket, settings);
+            EXPECT_EQ(settings.sides, row.read);
+            ChangeSides(row, isShown, settings, ticket);
+            for (const char* time : {"first", "again"}) {
+                SCOPED_TRACE(time);
+                WritePaperOutputSettings(settings, ticket);
+                EXPECT_EQ(ticket.item("com.tarvo.print.FinishingDuplex")->value,
+                          CFPropertyList(row.written));
+                EXPECT_EQ(*ticket.ppdDictionary().get<std::string>("Duplex"), row.writtenToDialog);
+            }
         }
     }
 }
@@ -187,6 +211,34 @@ TEST(PaperOutputSettings, ASavedJobTakesTheJobsNameAndADelayedOneHasATime)
     settings = PaperOutputSettings();
     ReadPaperOutputSettings(ticket, settings);
     EXPECT_EQ(settings.delayedPrintTime.secondsSinceEpoch, Now.secondsSinceEpoch + 86'400);
+}
+
+TEST(PaperOutputSettings, WhatBelongsToAnotherJobTypeLeavesTheTicket)
+{
+    const std::tuple<std::int32_t, bool, bool> rows[] = {
+  // job type, has passcode, has time
+        {1, false, false},
+        {6, true,  false},
+        {7, false, true },
+    };
+    for (const auto& [type, hasPasscode, hasTime] : rows) {
+        SCOPED_TRACE(type);
+        PMTicket ticket;
+        ticket.setItem(
+            "x", "com.tarvo.print.JobType",
+            Entries({
+                {"JobType",             type  },
+                {"SecurePrintPassword", "4711"},
+                {"DelayedPrintTime",    Now   }
+        }));
+        PaperOutputSettings settings;
+        ReadPaperOutputSettings(ticket, settings);
+        WritePaperOutputSettings(settings, ticket);
+        const auto& jobType = *ticket.item("com.tarvo.print.JobType")->value.get<CFDictionary>();
+        EXPECT_EQ(jobType.contains("SecurePrintPassword"), hasPasscode);
+        EXPECT_EQ(jobType.contains("DelayedPrintTime"), hasTime);
+        EXPECT_EQ(settings.delayedPrintTime, Now) << "for whoever chooses a delayed job again";
+    }
 }
 
 } // namespace

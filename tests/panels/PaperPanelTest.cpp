@@ -25,6 +25,7 @@
 #include <gtkmm/togglebutton.h>
 
 #include <ctime>
+#include <limits>
 
 namespace tarvo {
 namespace {
@@ -134,6 +135,8 @@ TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
     ticket_->setItem("x", DuplexKey, 3);
     panel_->sync(&session_, SyncDirection::FromTicket);
     EXPECT_EQ(shown("Tshl220"), "2-Sided, Flip on Short Edge");
+    choose("Tshl201", "Fax"); // as the ticket had it
+    EXPECT_EQ(panel_->jobType()->int32("JobType"), 5);
     EXPECT_EQ(panel_->sync(nullptr, SyncDirection::ToTicket), -30879);
     EXPECT_EQ(panel_->open(), -9530);
 }
@@ -180,8 +183,12 @@ TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
     EXPECT_EQ(panel_->conflicts(),
               std::vector<std::string>{"“OutputBin: Booklet” does not go with “Duplex: None”."});
     EXPECT_THAT(AccessibilityFaults(control<Gtk::Box>("Tshl2206")), IsEmpty());
+    remedy("Tshl2206")->grab_focus();
     remedy("Tshl2206")->clicked();
     EXPECT_EQ(remedy("Tshl2206"), nullptr);
+    ASSERT_NE(window_.get_focus(), nullptr);
+    EXPECT_TRUE(window_.get_focus()->is_ancestor(control<Gtk::ComboBox>("Tshl240")))
+        << "the keyboard goes on where the choice was";
     EXPECT_EQ(shown("Tshl240"), "Printer Default");
     choose("Tshl240", "Booklet Tray");
     choose("Tshl220", "2-Sided, Flip on Long Edge"); // the other one changes
@@ -381,6 +388,44 @@ TEST(SaveJobAsDialog, StaysOpenWithANoticeWhileSomethingIsWrong)
               Glib::DateTime::create_local(2099, 7, 9, 17, 5, 0).to_unix());
 }
 
+TEST(SaveJobAsDialog, GoesWithThePrintDialogAndSoDoesANoticeBeforeIt)
+{
+    GtkWidget* printDialog = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    gtk_widget_show(printDialog);
+    const DialogAnswer answer([printDialog](Gtk::Dialog& dialog) {
+        const DialogAnswer end([printDialog](Gtk::Dialog&) { gtk_widget_destroy(printDialog); });
+        dialog.response(Gtk::RESPONSE_OK); // brings the notice
+    });
+    EXPECT_FALSE(
+        RunSaveJobAsDialog(Glib::wrap(GTK_WINDOW(printDialog)), BuiltBundle(), {.type = 6}));
+    for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+        EXPECT_FALSE(window->get_mapped()) << window->get_title();
+    }
+}
+
+// As an application's user presses OK at once.
+std::optional<JobTypeDetails> PressOk(const CFBundle& bundle, CFDate printTime)
+{
+    const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+    return RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = printTime});
+}
+
+TEST(SaveJobAsDialog, OkAloneChangesNoTime)
+{
+    constexpr std::int64_t Day = 86'400;
+    constexpr std::int64_t Hour = 3'600;
+    const CFBundle bundle = BuiltBundle();
+    const auto now = static_cast<std::int64_t>(std::time(nullptr));
+    const CFDate withSeconds = {(now + Day) / 60 * 60 + 37};
+    const auto kept = PressOk(bundle, withSeconds);
+    ASSERT_TRUE(kept);
+    EXPECT_EQ(kept->printTime, withSeconds);
+    const auto tomorrow = PressOk(bundle, {std::numeric_limits<std::int64_t>::max()});
+    ASSERT_TRUE(tomorrow) << "a time of no calendar can be accepted";
+    const std::int64_t later = tomorrow->printTime.secondsSinceEpoch - now;
+    EXPECT_TRUE(later > Day - 2 * Hour && later < Day + 2 * Hour) << later; // clocks may change
+}
+
 TEST(SaveJobAsDialog, ASavedJobNeedsANameOrTheJobs)
 {
     const CFBundle bundle = BuiltBundle();
@@ -421,7 +466,9 @@ TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
             EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
             auto* isOk = dialog.get_widget_for_response(Gtk::RESPONSE_OK);
             auto* existing = FindWidget<Gtk::ComboBoxText>(dialog, "TPDE4");
-            EXPECT_TRUE(isOk->get_sensitive()) << "a new form may have the job's name";
+            EXPECT_FALSE(isOk->get_sensitive()) << "a new form needs a name";
+            FindWidget<Gtk::ComboBoxText>(dialog, "TPDE2")->get_entry()->set_text("Draft");
+            EXPECT_TRUE(isOk->get_sensitive());
             EXPECT_FALSE(existing->is_sensitive());
             FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
             existing->get_entry()->set_text("");
@@ -441,7 +488,8 @@ TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
                                                       .cyclePages = 12,
                                                       .isInches = false,
                                                       .xOffset = 254,
-                                                      .yOffset = -35}));
+                                                      .yOffset = -35,
+                                                      .newForm = "Draft"}));
         }
     }
 }

@@ -47,6 +47,36 @@ TEST(Mnemonics, AreLettersOfTheirOwn)
     }
 }
 
+TEST(Mnemonics, StayOfTheirOwnWhenButtonsComeAndChange)
+{
+    Gtk::Window window;
+    Gtk::Box box;
+    Gtk::Button setup("Setup");
+    Gtk::Button remedy("Use");
+    window.add(box);
+    box.add(setup);
+    box.add(remedy);
+    std::set<gunichar> taken;
+    AssignMnemonics(box, taken);
+    window.show_all();
+    EXPECT_EQ(remedy.get_label(), "_Use");
+    remedy.hide();
+    RelabelButton(setup, "Undo");
+    EXPECT_EQ(setup.get_label(), "_Undo") << "what is hidden has no use for it";
+    remedy.show();
+    RelabelButton(remedy, "Use");
+    EXPECT_EQ(remedy.get_label(), "U_se") << "the letter is another's now";
+    RelabelButton(setup, "Undo");
+    EXPECT_EQ(setup.get_label(), "_Undo") << "its own letter is free for it";
+
+    box.hide();
+    RelabelButton(setup, "Save");
+    std::set<gunichar> outside = {'a'};
+    AssignMnemonics(box, outside);
+    EXPECT_EQ(remedy.get_label(), "U_se");
+    EXPECT_EQ(setup.get_label(), "Sa_ve");
+}
+
 TEST(WidgetTexts, AreLocalizedAndRead)
 {
     const CFBundle bundle = EchoBundle({"Name:", "Send", "Tip", "Title"});

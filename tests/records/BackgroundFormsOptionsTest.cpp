@@ -3,6 +3,8 @@
 #include "../prefs/PreferenceFolderFixture.h"
 #include "records/BackgroundFormsChoice.h"
 
+#include <algorithm>
+
 namespace tarvo {
 namespace {
 
@@ -170,15 +172,19 @@ struct AcceptCase {
 };
 
 const AcceptCase AcceptCases[] = {
-    {"nothing at all",               {},                                                                   true },
+    {"no name for a new form",       {},                                                                   false},
+    {"blanks for a name",            {.newForm = "  "},                                                    false},
     {"a new form",                   {.newForm = std::string(255, 'x')},                                   true },
     {"a new form's name too long",   {.newForm = std::string(256, 'x')},                                   false},
-    {"no form to merge with",        {.mergesWithForm = true},                                             false},
+    {"no form to merge with",        {.mergesWithForm = true, .newForm = "a"},                             false},
     {"a form to merge with",         {.mergesWithForm = true, .existingForm = "a"},                        true },
     {"its name too long",            {.mergesWithForm = true, .existingForm = std::string(256, 'x')},      false},
     {"too many pages",               {.mergesWithForm = true, .existingForm = "a", .cyclePages = 1000000}, false},
     {"fewer than none",              {.mergesWithForm = true, .existingForm = "a", .cyclePages = -1},      false},
-    {"what counts for a merge only", {.existingForm = "b", .cyclePages = -1},                              true },
+    {"what counts for a merge only", {.existingForm = "b", .cyclePages = -1, .newForm = "a"},              true },
+    {"what counts for a new form",
+     {.mergesWithForm = true, .existingForm = "a", .newForm = "b"},
+     true                                                                                                       },
 };
 
 TEST(BackgroundFormsDialog, AcceptsWhatTheDriverTakes)
@@ -187,17 +193,21 @@ TEST(BackgroundFormsDialog, AcceptsWhatTheDriverTakes)
         SCOPED_TRACE(row.name);
         BackgroundFormsOptions options;
         options.setMergeWithString("before");
+        options.setNewFormString("before");
         const BackgroundFormsOptions before = options;
         EXPECT_EQ(IsAcceptable(row.choice), row.isAcceptable);
         EXPECT_EQ(AcceptBackgroundForms(options, row.choice), row.isAcceptable ? 0 : -50);
         if (!row.isAcceptable) {
             EXPECT_EQ(options, before);
-        } else if (row.choice.mergesWithForm) {
-            EXPECT_EQ(ChoiceFromBackgroundForms(options), row.choice);
-        } else {
-            EXPECT_EQ(options.mergeWithString(), "before");
-            EXPECT_EQ(options.existingForms(), FormHistory());
+            continue;
         }
+        BackgroundFormsChoice expected = row.choice; // but for what does not count
+        (expected.mergesWithForm ? expected.newForm : expected.existingForm) = "";
+        expected.cyclePages = std::max(expected.cyclePages, 0);
+        EXPECT_EQ(ChoiceFromBackgroundForms(options), expected);
+        const Names used{expected.existingForm + expected.newForm};
+        EXPECT_EQ(options.existingForms().names(), expected.mergesWithForm ? used : Names());
+        EXPECT_EQ(options.newForms().names(), expected.mergesWithForm ? Names() : used);
     }
 }
 

@@ -53,6 +53,23 @@ void FillWithConflicts(PMTicket& ticket)
     ticket.setItem(PanelClient, OutputDestinationKey, 7);
 }
 
+// Draws the dialog that the function runs, and cancels it.
+void DrawDialog(const std::string& path, const std::function<void()>& run)
+{
+    const DialogAnswer answer([&path](Gtk::Dialog& dialog) {
+        for (int turn = 0; turn < 50; ++turn) { // until it has its size
+            TurnMainLoop();
+            g_usleep(2'000);
+        }
+        const auto window = dialog.get_window();
+        Gdk::Pixbuf::create(window, 0, 0, window->get_width(), window->get_height())
+            ->save(path, "png");
+        std::puts(path.c_str());
+        dialog.response(Gtk::RESPONSE_CANCEL);
+    });
+    run();
+}
+
 void DrawPanels(const CFBundle& bundle, const std::string& prefix)
 {
     DialogSession dialog;
@@ -78,23 +95,8 @@ void DrawPanels(const CFBundle& bundle, const std::string& prefix)
     shell.sync(&dialog.session, SyncDirection::FromTicket);
     TurnMainLoop();
     window.get_pixbuf()->save(prefix + "-conflicts.png", "png");
-}
-
-// Draws the dialog that the function runs, and cancels it.
-void DrawDialog(const std::string& path, const std::function<void()>& run)
-{
-    const DialogAnswer answer([&path](Gtk::Dialog& dialog) {
-        for (int turn = 0; turn < 50; ++turn) { // until it has its size
-            TurnMainLoop();
-            g_usleep(2'000);
-        }
-        const auto window = dialog.get_window();
-        Gdk::Pixbuf::create(window, 0, 0, window->get_width(), window->get_height())
-            ->save(path, "png");
-        std::puts(path.c_str());
-        dialog.response(Gtk::RESPONSE_CANCEL);
-    });
-    run();
+    DrawDialog(prefix + "-print-anyway.png",
+               [&shell] { shell.handleControlHit(0, TARVO_DEFAULT_BUTTON); });
 }
 
 // One for each job type that has something to set up.

@@ -14,6 +14,14 @@ namespace {
 constexpr int Gap = 6;                // points
 constexpr int CharactersInALine = 40; // the longest do not make the panel wider
 
+// The label is another whenever its text or letter changes.
+void WrapLabel(Gtk::Button& button)
+{
+    if (auto* label = dynamic_cast<Gtk::Label*>(button.get_child())) {
+        label->set_line_wrap(true);
+    }
+}
+
 } // namespace
 
 ConflictNotice::ConflictNotice(Glib::RefPtr<Gtk::Box> place, const std::function<void()>& resolve)
@@ -26,6 +34,9 @@ ConflictNotice::ConflictNotice(Glib::RefPtr<Gtk::Box> place, const std::function
     text_.set_xalign(0);
     text_.set_hexpand(true);
     remedy_.set_halign(Gtk::ALIGN_START);
+    for (const char* property : {"label", "use-underline"}) {
+        remedy_.connect_property_changed(property, Guarded([this] { WrapLabel(remedy_); }));
+    }
     remedy_.signal_clicked().connect(Guarded(resolve));
     line_.add(picture_);
     line_.add(text_);

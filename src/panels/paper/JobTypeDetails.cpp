@@ -1,6 +1,7 @@
 #include "panels/paper/JobTypeDetails.h"
 
 #include "panels/paper/PaperOutputSettings.h"
+#include "platform/text/WhiteSpace.h"
 #include "records/JobTypeKeys.h"
 #include "settings/TicketKeys.h"
 
@@ -64,7 +65,7 @@ JobTypeDetails DetailsOfJobType(const PaperOutputSettings& settings)
 
 bool IsComplete(const JobTypeDetails& details)
 {
-    return !IsSaved(details) || details.usesJobName || !details.savedName.empty();
+    return !IsSaved(details) || details.usesJobName || !Trimmed(details.savedName).empty();
 }
 
 JobTypeFault FaultOf(const JobTypeDetails& details, CFDate now)

@@ -18,7 +18,7 @@ inline constexpr std::size_t LongestPasscode = 10;
 /// What the dialog of a job type shows, as its user has left it. Only what belongs to the type
 /// counts.
 struct JobTypeDetails {
-    std::int32_t type = 1;
+    std::int32_t type = 1; // a JobType
 
     // A saved job.
     bool usesJobName = false;
@@ -39,7 +39,8 @@ struct JobTypeDetails {
 /// What the dialog shows first.
 JobTypeDetails DetailsOfJobType(const PaperOutputSettings& settings);
 
-/// Whether OK may be pressed: a saved job has a name of its own or uses the job's.
+/// Whether OK may be pressed: a saved job has a name of its own, which blanks are not, or uses the
+/// job's.
 bool IsComplete(const JobTypeDetails& details);
 
 /// Why OK does not end the dialog.

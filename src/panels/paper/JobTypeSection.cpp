@@ -31,10 +31,7 @@ void JobTypeSection::bind()
 {
     const CFBundle& bundle = *GetPDEBundle();
     bindings_.bindMenu(
-        type_,
-        [this, &bundle] {
-            return JobTypeMenu(bundle, PrinterDescription::Current(), JobTypeOf(settings_));
-        },
+        type_, [this, &bundle] { return menu(bundle); },
         [this](std::int32_t chosen) { settings_.jobType.set(JobTypeNumberKey, chosen); });
     bindings_.bindPicture(picture_, bundle,
                           [this] { return JobTypePicture(JobTypeOf(settings_)); });
@@ -44,6 +41,17 @@ void JobTypeSection::bind()
         setup_->set_sensitive(setup.isEnabled);
     });
     setup_->signal_clicked().connect(Guarded([this] { setUp(); }));
+}
+
+// A type that the printer does not offer stays to be chosen again.
+Menu JobTypeSection::menu(const CFBundle& bundle)
+{
+    const auto* printer = PrinterDescription::Current();
+    const std::int32_t type = JobTypeOf(settings_);
+    if (!OffersJobType(printer, type)) {
+        brought_ = type;
+    }
+    return JobTypeMenu(bundle, printer, type, brought_);
 }
 
 void JobTypeSection::setUp()

@@ -1,13 +1,18 @@
 #pragma once
 
+#include "settings/Menu.h"
+
 #include <gtkmm/button.h>
 #include <gtkmm/combobox.h>
 #include <gtkmm/image.h>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace tarvo {
 
+class CFBundle;
 class ControlBindings;
 class Nib;
 struct PaperOutputSettings;
@@ -21,6 +26,7 @@ public:
     void bind();
 
 private:
+    Menu menu(const CFBundle& bundle);
     void setUp();
     void setUpBackgroundForms();
 
@@ -29,6 +35,7 @@ private:
     Glib::RefPtr<Gtk::ComboBox> type_;
     Glib::RefPtr<Gtk::Image> picture_;
     Glib::RefPtr<Gtk::Button> setup_;
+    std::optional<std::int32_t> brought_; // type of a ticket that the printer does not offer
     const std::shared_ptr<bool> alive_ = std::make_shared<bool>(true); // asked after dialogs
 };
 

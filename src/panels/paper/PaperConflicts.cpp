@@ -21,7 +21,6 @@ namespace {
 
 namespace Family = FinishingFamily;
 
-constexpr std::int32_t NormalJob = 1;
 constexpr std::int32_t DefaultOffset = 1; // OffsetMap
 
 // What resolving a control's conflict chooses.
@@ -103,10 +102,12 @@ bool OffersParts(const std::vector<FinishingOffer>& offers, const CombinedFinish
 
 bool OffersFinishing(const PrinterDescription& printer, const FinishingChoice& choice)
 {
-    if (printer.installable() == nullptr) {
+    const auto* ui = printer.uiDictionary();
+    if (printer.installable() == nullptr || ui == nullptr ||
+        FinishingMenuValue(choice) == Family::PrinterDefault) {
         return true;
     }
-    const auto folds = printer.uiDictionary()->copyOptions(FoldMainKeyword);
+    const auto folds = ui->copyOptions(FoldMainKeyword);
     const auto offers = FinishingOffers(*printer.installable(), folds.value_or(PPDKeywordInfos()));
     if (PartsOfFinishing(choice.option)) {
         return OffersParts(offers, PartsOf(choice));
@@ -119,25 +120,33 @@ bool OffersFinishing(const PrinterDescription& printer, const FinishingChoice& c
                                         : choice.*position);
 }
 
-std::string FirstLine(const std::string& text)
+std::string CheckedText(const Menu& menu, const std::string& otherwise)
 {
-    return text.substr(0, text.find('\n'));
+    const auto checked =
+        std::find_if(menu.begin(), menu.end(), [](const MenuItem& item) { return item.isChecked; });
+    return checked == menu.end() ? otherwise : checked->text;
+}
+
+// The first line of its summary. That of an unknown position says nothing of what is chosen.
+std::string NameOf(const CFBundle& bundle, const FinishingChoice& choice)
+{
+    const std::string summary = CreateFinishingString(choice, bundle);
+    const std::string line = summary.substr(0, summary.find('\n'));
+    const bool isName = !line.empty() && line != bundle.localizedString("PrinterDefault");
+    return isName
+               ? line
+               : CheckedText(FinishingMenu(bundle, {}, choice), bundle.localizedString("Unknown"));
 }
 
 void FindNotOffered(const CFBundle& bundle, const PaperOutputSettings& settings,
                     const PrinterDescription& printer, Conflicts& conflicts)
 {
-    const auto textOf = [](const Menu& menu) {
-        return std::find_if(menu.begin(), menu.end(),
-                            [](const auto& item) { return item.isChecked; })
-            ->text;
-    };
+    const auto textOf = [](const Menu& menu) { return CheckedText(menu, ""); }; // each has one
     if (const std::int32_t type = JobTypeOf(settings); !OffersJobType(&printer, type)) {
         conflicts.addNotOffered(PaperControl::JobType, textOf(JobTypeMenu(bundle, &printer, type)));
     }
     if (!OffersFinishing(printer, settings.finishing)) {
-        conflicts.addNotOffered(PaperControl::Finishing,
-                                FirstLine(CreateFinishingString(settings.finishing, bundle)));
+        conflicts.addNotOffered(PaperControl::Finishing, NameOf(bundle, settings.finishing));
     }
     if (!OffersOutputDestination(&printer, settings.outputDestination)) {
         conflicts.addNotOffered(
@@ -190,11 +199,12 @@ void FindBrokenConstraints(const PaperOutputSettings& settings, const PPDFile& p
 
 } // namespace
 
-std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle,
-                                          const PaperOutputSettings& settings,
+std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle, const PaperOutputSettings& chosen,
                                           const PrinterDescription* printer,
                                           const CFDictionary& dialog)
 {
+    PaperOutputSettings settings = chosen;
+    settings.sides = SidesInForce(chosen, dialog);
     Conflicts conflicts(bundle);
     FindTwoSidedTransparency(settings, conflicts);
     if (printer != nullptr) {
@@ -210,7 +220,7 @@ void ResolvePaperConflict(PaperOutputSettings& settings, PaperControl control)
 {
     switch (control) {
     case PaperControl::JobType:
-        settings.jobType.set(JobTypeNumberKey, NormalJob);
+        settings.jobType.set(JobTypeNumberKey, static_cast<std::int32_t>(JobType::Normal));
         break;
     case PaperControl::Stock:
         settings.stock.setType(UnsetValue);

@@ -27,9 +27,9 @@ struct PaperConflict {
 /// description exclude; of each control the first, in the order of the controls. Constraints
 /// between choices that are not the panel's are the dialog's own matter.
 /// @param printer  null excludes nothing but what no printer can do
-/// @param dialog   the ticket's PPD dictionary: the choices made elsewhere
-std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle,
-                                          const PaperOutputSettings& settings,
+/// @param dialog   the ticket's PPD dictionary: the choices made elsewhere, and the sides when they
+///                 are newer than the panel's
+std::vector<PaperConflict> PaperConflicts(const CFBundle& bundle, const PaperOutputSettings& chosen,
                                           const PrinterDescription* printer,
                                           const CFDictionary& dialog);
 

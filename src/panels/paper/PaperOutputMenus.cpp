@@ -3,7 +3,9 @@
 #include "panels/paper/PaperOutputSettings.h"
 #include "platform/bundle/CFBundle.h"
 #include "printer/JobTypeOffers.h"
+#include "printer/PPDKeywordMaps.h"
 #include "printer/PrinterDescription.h"
+#include "records/JobTypeKeys.h"
 #include "settings/ColorMaps.h"
 #include "settings/OutputMaps.h"
 #include "settings/SettingMenu.h"
@@ -14,43 +16,44 @@ namespace tarvo {
 namespace {
 
 struct TypeRow {
-    std::int32_t type;
+    JobType type;
     const char* picture;
     JobTypeSetup setup;
 };
 
 constexpr TypeRow TypeRows[] = {
-    {1, "Normal-Print.gif",   {"Setup...", false}     },
-    {2, "HoldJob.gif",        {"Setup...", false}     },
-    {3, "SaveJob.gif",        {"Save Job As...", true}},
-    {4, "Print&SaveJob.gif",  {"Save Job As...", true}},
-    {5, "Fax.gif",            {"Setup...", true}      },
-    {6, "Secure-Print.gif",   {"Setup...", true}      },
-    {7, "Delayed-Print.gif",  {"Setup...", true}      },
-    {8, "Sample-Set.gif",     {"Setup...", false}     },
-    {9, "BackgroundForm.gif", {"Setup...", true}      },
+    {JobType::Normal,          "Normal-Print.gif",   {"Setup...", false}     },
+    {JobType::Hold,            "HoldJob.gif",        {"Setup...", false}     },
+    {JobType::Save,            "SaveJob.gif",        {"Save Job As...", true}},
+    {JobType::SaveAndPrint,    "Print&SaveJob.gif",  {"Save Job As...", true}},
+    {JobType::Fax,             "Fax.gif",            {"Setup...", true}      },
+    {JobType::SecurePrint,     "Secure-Print.gif",   {"Setup...", true}      },
+    {JobType::DelayedPrint,    "Delayed-Print.gif",  {"Setup...", true}      },
+    {JobType::SampleSet,       "Sample-Set.gif",     {"Setup...", false}     },
+    {JobType::BackgroundForms, "BackgroundForm.gif", {"Setup...", true}      },
 };
 
-// What a tray needs: an installed feature, or a choice of the PPD's output trays.
+// Trays that not every printer has; they need a feature that is installed, or without one that the
+// printer's description has the tray.
 struct TrayRow {
     std::int32_t destination;
     const char* feature;
-    const char* bin;
 };
 
-constexpr const char* OutputBinMainKeyword = "OutputBin";
 constexpr TrayRow TrayRows[] = {
-    {3, "SimpleCatchTrayKey", nullptr  },
-    {4, "StackerTray1Key",    nullptr  },
-    {5, nullptr,              "Upper"  },
-    {6, nullptr,              "Lower"  },
-    {7, nullptr,              "Booklet"},
+    {3, "SimpleCatchTrayKey"},
+    {4, "StackerTray1Key"   },
+    {5, nullptr             },
+    {6, nullptr             },
+    {7, nullptr             },
 };
 
 const TypeRow* RowOfType(std::int32_t type)
 {
-    const auto* row = std::find_if(std::begin(TypeRows), std::end(TypeRows),
-                                   [type](const TypeRow& entry) { return entry.type == type; });
+    const auto* row =
+        std::find_if(std::begin(TypeRows), std::end(TypeRows), [type](const TypeRow& entry) {
+            return static_cast<std::int32_t>(entry.type) == type;
+        });
     return row == std::end(TypeRows) ? nullptr : row;
 }
 
@@ -62,15 +65,19 @@ MenuItem Item(const CFBundle& bundle, const char* key, std::int32_t value)
     return item;
 }
 
-// With an item of its own for a value that the menu lacks.
+// Adds an item for a value that the menu lacks.
+void Complete(const CFBundle& bundle, Menu& menu, const char* key, std::int32_t value)
+{
+    const bool isThere = std::any_of(menu.begin(), menu.end(),
+                                     [value](const MenuItem& item) { return item.value == value; });
+    if (!isThere) {
+        menu.push_back(Item(bundle, key == nullptr ? "Unknown" : key, value));
+    }
+}
+
 Menu Checked(const CFBundle& bundle, Menu menu, const char* key, std::int32_t current)
 {
-    const bool isThere = std::any_of(menu.begin(), menu.end(), [current](const MenuItem& item) {
-        return item.value == current;
-    });
-    if (!isThere) {
-        menu.push_back(Item(bundle, key == nullptr ? "Unknown" : key, current));
-    }
+    Complete(bundle, menu, key, current);
     CheckMenuItemWithValue(menu, current);
     return menu;
 }
@@ -93,11 +100,12 @@ const char* KeyOfType(std::int32_t type)
     return key == nullptr ? LocalizedKeyForTicketValue(OptionalJobTypeMap, type) : key;
 }
 
-bool HasBin(const PrinterDescription& printer, const char* bin)
+bool HasBin(const PrinterDescription& printer, std::int32_t destination)
 {
     const auto* ui = printer.uiDictionary();
     const auto bins = ui == nullptr ? std::nullopt : ui->copyOptions(OutputBinMainKeyword);
-    return bins && FindPPDKeyPairsMatch(*bins, OutputBinMainKeyword, bin) >= 0;
+    const char* bin = GetPPDOptionKeywordForTicketValue(OutputDestinationBinMap, destination);
+    return bins && bin != nullptr && FindPPDKeyPairsMatch(*bins, OutputBinMainKeyword, bin) >= 0;
 }
 
 bool HasFeature(const PrinterDescription& printer, const char* feature)
@@ -108,11 +116,15 @@ bool HasFeature(const PrinterDescription& printer, const char* feature)
 
 } // namespace
 
-Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current)
+Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current,
+                 std::optional<std::int32_t> brought)
 {
     Menu menu;
     for (const JobTypeOffer& offer : TypesOf(printer)) {
         menu.push_back(Item(bundle, offer.key, offer.type));
+    }
+    if (brought) {
+        Complete(bundle, menu, KeyOfType(*brought), *brought);
     }
     return Checked(bundle, std::move(menu), KeyOfType(current), current);
 }
@@ -158,7 +170,7 @@ bool OffersOutputDestination(const PrinterDescription* printer, std::int32_t des
     if (printer == nullptr) {
         return true;
     }
-    return row->feature == nullptr ? HasBin(*printer, row->bin)
+    return row->feature == nullptr ? HasBin(*printer, destination)
                                    : HasFeature(*printer, row->feature);
 }
 

@@ -3,6 +3,7 @@
 #include "settings/Menu.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tarvo {
 
@@ -16,7 +17,9 @@ struct PaperOutputSettings;
 // in the menu too, so that to open it changes nothing.
 
 /// @param printer  null offers what every printer has; so in OutputDestinationMenu
-Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current);
+/// @param brought  a type that is in the menu, too, as a ticket had it
+Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current,
+                 std::optional<std::int32_t> brought = std::nullopt);
 Menu SidesMenu(const CFBundle& bundle, std::int32_t current);
 /// The trays that are installed, or that the printer's description names.
 Menu OutputDestinationMenu(const CFBundle& bundle, const PrinterDescription* printer,

@@ -27,17 +27,25 @@ CFDate CurrentTime()
     return {static_cast<std::int64_t>(std::time(nullptr))};
 }
 
+// Where conflicts are told of, and what can be changed there by keyboard; null for nothing.
 struct NoticeRow {
     PaperControl control;
     const char* name;
+    const char* controlName;
 };
 constexpr NoticeRow NoticeRows[] = {
-    {PaperControl::JobType,     "Tshl2201"},
-    {PaperControl::Stock,       "Tshl2202"},
-    {PaperControl::Sides,       "Tshl2203"},
-    {PaperControl::Finishing,   "Tshl2204"},
-    {PaperControl::Offset,      "Tshl2205"},
-    {PaperControl::Destination, "Tshl2206"},
+    {PaperControl::JobType,     "Tshl2201", "Tshl201"},
+    {PaperControl::Stock,       "Tshl2202", nullptr  },
+    {PaperControl::Sides,       "Tshl2203", "Tshl220"},
+    {PaperControl::Finishing,   "Tshl2204", "Tshl230"},
+    {PaperControl::Offset,      "Tshl2205", "Tshl232"},
+    {PaperControl::Destination, "Tshl2206", "Tshl240"},
+};
+
+// A notice's place and the control that it is about.
+struct NoticePlace {
+    Glib::RefPtr<Gtk::Box> box;
+    Glib::RefPtr<Gtk::Widget> control; // may be null
 };
 
 class PaperOutputPanel : public Panel {
@@ -132,9 +140,12 @@ private:
         auto finishing = std::make_unique<FinishingSection>(nib, settings_, controls_);
         const auto destination = nib.widget<Gtk::ComboBox>("Tshl240");
         const auto color = nib.widget<Gtk::ComboBox>("Tshl250");
-        std::vector<Glib::RefPtr<Gtk::Box>> notices;
+        std::vector<NoticePlace> notices;
         for (const NoticeRow& row : NoticeRows) {
-            notices.push_back(nib.widget<Gtk::Box>(row.name));
+            notices.push_back({nib.widget<Gtk::Box>(row.name), {}});
+            if (row.controlName != nullptr) {
+                notices.back().control = nib.widget<Gtk::Widget>(row.controlName);
+            }
         }
         if (!nib.isComplete()) {
             return;
@@ -178,16 +189,25 @@ private:
             [this](std::int32_t chosen) { settings_.outputColor = chosen; });
     }
 
-    void bindNotices(const std::vector<Glib::RefPtr<Gtk::Box>>& places)
+    void bindNotices(const std::vector<NoticePlace>& places)
     {
         for (std::size_t index = 0; index < places.size(); ++index) {
             const PaperControl control = NoticeRows[index].control;
-            notices_.push_back(std::make_unique<ConflictNotice>(places[index], [this, control] {
-                ResolvePaperConflict(settings_, control);
-                controls_.show();
-            }));
+            notices_.push_back(std::make_unique<ConflictNotice>(
+                places[index].box,
+                [this, control, place = places[index].control] { resolve(control, place.get()); }));
         }
         controls_.bindView([this] { showConflicts(); });
+    }
+
+    // The button that has been pressed goes, and the focus would go with it.
+    void resolve(PaperControl control, Gtk::Widget* place)
+    {
+        if (place != nullptr) {
+            place->grab_focus();
+        }
+        ResolvePaperConflict(settings_, control);
+        controls_.show();
     }
 
     void showConflicts()

@@ -6,13 +6,13 @@
 #include "records/JobTypeKeys.h"
 #include "settings/TicketKeys.h"
 
+#include <optional>
 #include <utility>
 
 namespace tarvo {
 namespace {
 
 constexpr std::int64_t SecondsOfADay = 86'400;
-constexpr std::int32_t NormalJob = 1; // JobTypeMap
 
 struct NumberRow {
     std::string_view key;
@@ -68,46 +68,61 @@ void ReadFinishing(const PMTicket& ticket, FinishingChoice& finishing)
     ReadSwitch(ticket, BookletLayoutKey, finishing.bookletLayout);
 }
 
-std::string DialogSides(const PMTicket& ticket)
+// "" while nothing is chosen there.
+std::string DialogSides(const CFDictionary& dialog)
 {
-    std::string keyword;
-    PPDGetMainKeywordValue(&ticket, DuplexMainKeyword, &keyword);
-    return keyword;
+    const auto* keyword = dialog.get<std::string>(DuplexMainKeyword);
+    return keyword == nullptr ? "" : *keyword;
 }
 
 // A choice without a number, of a printer's own, says nothing.
-void TakeSides(const std::string& keyword, std::int32_t& sides)
+std::optional<std::int32_t> SidesOfKeyword(const std::string& keyword)
 {
     constexpr std::int32_t NoSuchKeyword = -1;
     const std::int32_t value = GetTicketValueForPPDOptionKeyword(PPDDuplexMap, keyword);
-    if (value != NoSuchKeyword) {
-        sides = value;
-    }
+    return value == NoSuchKeyword ? std::nullopt : std::optional(value);
 }
 
+// What has been chosen in the dialog since the last look at it.
+std::optional<std::int32_t> NewDialogSides(const PaperOutputSettings& settings,
+                                           const CFDictionary& dialog)
+{
+    const std::string now = DialogSides(dialog);
+    const bool isNew = !settings.dialogSides.empty() && now != settings.dialogSides;
+    return isNew ? SidesOfKeyword(now) : std::nullopt;
+}
+
+// A number in the ticket is older than what the dialog has got since it was written.
 void ReadSides(const PMTicket& ticket, PaperOutputSettings& settings)
 {
-    settings.dialogSides = DialogSides(ticket);
-    if (ticket.getNumber(DuplexKey, &settings.sides) != StatusOk &&
-        ticket.getNumber(SystemDuplexKey, &settings.sides) != StatusOk) {
-        TakeSides(settings.dialogSides, settings.sides);
+    const CFDictionary& dialog = ticket.ppdDictionary();
+    if (const auto newer = NewDialogSides(settings, dialog)) {
+        settings.sides = *newer;
+    } else if (ticket.getNumber(DuplexKey, &settings.sides) != StatusOk &&
+               ticket.getNumber(SystemDuplexKey, &settings.sides) != StatusOk) {
+        settings.sides = SidesOfKeyword(DialogSides(dialog)).value_or(settings.sides);
     }
+    settings.dialogSides = DialogSides(dialog);
 }
 
 void WriteSides(PaperOutputSettings& settings, PMTicket& ticket)
 {
-    if (const std::string now = DialogSides(ticket); now != settings.dialogSides) {
-        TakeSides(now, settings.sides);
-    }
+    settings.sides = SidesInForce(settings, ticket.ppdDictionary());
     if (const char* keyword = GetPPDOptionKeywordForTicketValue(PPDDuplexMap, settings.sides)) {
         PPDSetMainKeyword(&ticket, DuplexMainKeyword, keyword);
     }
-    settings.dialogSides = DialogSides(ticket);
+    settings.dialogSides = DialogSides(ticket.ppdDictionary());
     ticket.setItem(PanelClient, DuplexKey, settings.sides);
     ticket.setItem(PanelClient, SystemDuplexKey, settings.sides);
 }
 
-// The entries that follow from others.
+bool IsJobOfType(const PaperOutputSettings& settings, JobType type)
+{
+    return JobTypeOf(settings) == static_cast<std::int32_t>(type);
+}
+
+// Sets the entries that follow from others, and drops those of job types that were chosen before: a
+// passcode that no job needs is not kept.
 void CompleteJobType(PaperOutputSettings& settings, const PMTicket& ticket)
 {
     std::string jobName;
@@ -115,8 +130,13 @@ void CompleteJobType(PaperOutputSettings& settings, const PMTicket& ticket)
         ticket.getString(SystemJobNameKey, &jobName) == StatusOk && !jobName.empty()) {
         settings.jobType.set(SavedJobNameKey, jobName);
     }
-    if (JobTypeOf(settings) == static_cast<std::int32_t>(JobType::DelayedPrint)) {
+    if (IsJobOfType(settings, JobType::DelayedPrint)) {
         settings.jobType.set(DelayedPrintTimeKey, settings.delayedPrintTime);
+    } else {
+        settings.jobType.remove(DelayedPrintTimeKey);
+    }
+    if (!IsJobOfType(settings, JobType::SecurePrint)) {
+        settings.jobType.remove(SecurePrintPasswordKey);
     }
 }
 
@@ -177,9 +197,15 @@ void WritePaperOutputSettings(PaperOutputSettings& settings, PMTicket& ticket)
     }
 }
 
+std::int32_t SidesInForce(const PaperOutputSettings& settings, const CFDictionary& dialog)
+{
+    return NewDialogSides(settings, dialog).value_or(settings.sides);
+}
+
 std::int32_t JobTypeOf(const PaperOutputSettings& settings)
 {
-    return settings.jobType.int32(JobTypeNumberKey).value_or(NormalJob);
+    return settings.jobType.int32(JobTypeNumberKey)
+        .value_or(static_cast<std::int32_t>(JobType::Normal));
 }
 
 } // namespace tarvo

@@ -11,18 +11,6 @@ namespace {
 
 constexpr const char* StapleMainKeyword = "TRStaple";
 constexpr const char* OffsetMainKeyword = "Jog";
-constexpr const char* TrayMainKeyword = "OutputBin";
-
-// The trays of OutputMaps.h, which number some of them in another way than PPDs do.
-constexpr PPDKeywordMap TrayMap[] = {
-    {"Auto",    1},
-    {"Top",     3},
-    {"Stacker", 4},
-    {"Upper",   5},
-    {"Lower",   6},
-    {"Booklet", 7},
-    {nullptr,   0},
-};
 
 // Values of OffsetMap; a printer's description knows no subsets.
 constexpr PPDKeywordMap JogMap[] = {
@@ -127,7 +115,8 @@ std::vector<PrinterChoice> PrinterChoicesOf(const PaperOutputSettings& settings)
     list.add(PaperControl::Sides, DuplexMainKeyword, PPDDuplexMap, settings.sides);
     AddFinishing(settings.finishing, list);
     list.add(PaperControl::Offset, OffsetMainKeyword, JogMap, settings.finishing.offset);
-    list.add(PaperControl::Destination, TrayMainKeyword, TrayMap, settings.outputDestination);
+    list.add(PaperControl::Destination, OutputBinMainKeyword, OutputDestinationBinMap,
+             settings.outputDestination);
     return std::move(list).take();
 }
 

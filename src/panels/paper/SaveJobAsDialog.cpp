@@ -38,19 +38,24 @@ struct GroupRow {
     const char* name;
     JobType types[2];
 };
-constexpr auto Fax = static_cast<JobType>(5); // OptionalJobTypeMap
 constexpr GroupRow Groups[] = {
     {"TPDE11", {JobType::Save, JobType::SaveAndPrint}        },
     {"TPDE12", {JobType::SecurePrint, JobType::SecurePrint}  },
     {"TPDE13", {JobType::DelayedPrint, JobType::DelayedPrint}},
-    {"TPDE14", {Fax, Fax}                                    },
+    {"TPDE14", {JobType::Fax, JobType::Fax}                  },
 };
 
-// A time that no calendar has, as a ticket may bring, is shown as the present one.
+// A time that no calendar has, as a ticket may bring, is shown as that of tomorrow.
 Glib::DateTime LocalTime(CFDate time)
 {
     const auto local = Glib::DateTime::create_now_local(time.secondsSinceEpoch);
-    return local ? local : Glib::DateTime::create_now_local();
+    return local ? local : Glib::DateTime::create_now_local().add_days(1);
+}
+
+// The fields end with the minute.
+bool IsSameMinute(const Glib::DateTime& one, const Glib::DateTime& other)
+{
+    return one.format("%F %H:%M") == other.format("%F %H:%M");
 }
 
 class SaveJobAsDialog {
@@ -122,6 +127,7 @@ private:
     void showTime()
     {
         const auto time = LocalTime(details_.printTime);
+        details_.printTime = {time.to_unix()};
         date_->select_month(static_cast<guint>(time.get_month() - 1),
                             static_cast<guint>(time.get_year()));
         date_->select_day(static_cast<guint>(time.get_day_of_month()));
@@ -162,7 +168,8 @@ private:
         takeTime();
     }
 
-    // What is typed into a field counts without leaving it.
+    // What is typed into a field counts without leaving it. A time that is as it was shown keeps
+    // its seconds: without them it might be over.
     void takeTime()
     {
         hour_->update();
@@ -174,7 +181,7 @@ private:
         const auto time = Glib::DateTime::create_local(
             static_cast<int>(year), static_cast<int>(month) + 1, static_cast<int>(day),
             hour_->get_value_as_int(), minute_->get_value_as_int(), 0);
-        if (time) {
+        if (time && !IsSameMinute(time, LocalTime(details_.printTime))) {
             details_.printTime = {time.to_unix()};
         }
     }

@@ -96,11 +96,15 @@ void ControlBindings::bindPicture(const Glib::RefPtr<Gtk::Image>& image, const C
     });
 }
 
+// A value that cannot be shown must not leave the others deaf to the user.
 void ControlBindings::show()
 {
-    state_->isAwake = false;
-    ShowAll(show_);
-    state_->isAwake = true;
+    const auto wake = [](State* state) { state->isAwake = true; };
+    {
+        const std::unique_ptr<State, decltype(wake)> asleep(state_.get(), wake);
+        asleep->isAwake = false;
+        ShowAll(show_);
+    }
     ShowAll(state_->views);
 }
 

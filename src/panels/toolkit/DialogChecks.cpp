@@ -32,9 +32,10 @@ void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit)
 }
 
 bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
-             const char* yesKey, const char* noKey)
+             const char* yesKey, const char* noKey, const std::string& details)
 {
     Gtk::MessageDialog window(question, false, Gtk::MESSAGE_QUESTION, Gtk::BUTTONS_NONE, true);
+    window.set_secondary_text(details);
     window.add_button(bundle.localizedString(noKey), Gtk::RESPONSE_CANCEL);
     window.add_button(bundle.localizedString(yesKey), Gtk::RESPONSE_OK);
     window.set_default_response(Gtk::RESPONSE_CANCEL);

@@ -19,10 +19,11 @@ void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept);
 void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit);
 
 /// Asks for a decision. Return and Escape both mean that the user does not want it.
-/// @param question  for people
+/// @param question  for people, as are the details
+/// @param details   what is to be known for the decision
 /// @return whether the user wants it
 bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
-             const char* yesKey, const char* noKey);
+             const char* yesKey, const char* noKey, const std::string& details = "");
 
 /// Tells what is wrong; the message is for people, unlike that of DisplayNotice.
 void TellUser(const CFBundle& bundle, Gtk::Window* parent, const char* headerKey,

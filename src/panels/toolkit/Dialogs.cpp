@@ -1,6 +1,7 @@
 #include "panels/toolkit/Dialogs.h"
 
 #include "panels/PanelEnvironment.h"
+#include "panels/toolkit/DialogChecks.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/TextFilters.h"
@@ -8,7 +9,6 @@
 #include "platform/bundle/CFBundle.h"
 
 #include <gtkmm/entry.h>
-#include <gtkmm/messagedialog.h>
 #include <gtkmm/spinbutton.h>
 
 namespace tarvo {
@@ -56,12 +56,7 @@ std::int32_t RunModalWindow(const CFBundle& bundle, Gtk::Dialog& dialog, Gtk::Wi
 void DisplayNotice(const CFBundle& bundle, Gtk::Window* parent, const char* headerKey,
                    const char* messageKey)
 {
-    Gtk::MessageDialog notice(bundle.localizedString(headerKey), false, Gtk::MESSAGE_WARNING,
-                              Gtk::BUTTONS_NONE, true);
-    notice.set_secondary_text(bundle.localizedString(messageKey));
-    notice.add_button(bundle.localizedString("OK Command"), Gtk::RESPONSE_OK);
-    notice.set_default_response(Gtk::RESPONSE_OK);
-    RunModalWindow(bundle, notice, parent);
+    TellUser(bundle, parent, headerKey, bundle.localizedString(messageKey));
 }
 
 OSStatus RunModalCustomValueDialog(const CFBundle& bundle, Gtk::Window* parent, std::int32_t limit,

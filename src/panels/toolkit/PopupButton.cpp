@@ -31,9 +31,12 @@ const Columns& TheColumns()
     return columns;
 }
 
+// Its longest text does not widen the window; the menu shows it whole.
 void PrepareButton(Gtk::ComboBox& button)
 {
     auto* renderer = Gtk::make_managed<Gtk::CellRendererText>();
+    renderer->property_ellipsize() = Pango::ELLIPSIZE_END;
+    button.set_popup_fixed_width(false);
     button.pack_start(*renderer);
     button.add_attribute(renderer->property_text(), TheColumns().text);
     button.add_attribute(renderer->property_sensitive(), TheColumns().isEnabled);

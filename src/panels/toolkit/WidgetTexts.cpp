@@ -125,6 +125,70 @@ gunichar MnemonicOf(const Gtk::Label& label)
     return key == GDK_KEY_VoidSymbol ? 0 : gdk_keyval_to_unicode(gdk_keyval_to_lower(key));
 }
 
+// The label of a control; null for any other widget.
+Gtk::Label* LabelOfControl(Gtk::Widget& widget)
+{
+    auto* label = dynamic_cast<Gtk::Label*>(&widget);
+    return label != nullptr && label->get_mnemonic_widget() != nullptr ? label : nullptr;
+}
+
+// @return whether there is a letter and it is free, and taken from now on
+bool Take(const Gtk::Label& label, std::set<gunichar>& taken)
+{
+    const gunichar letter = MnemonicOf(label);
+    return letter != 0 && taken.insert(letter).second;
+}
+
+// A letter that has been given stays, unless another has it meanwhile.
+void KeepMnemonic(Gtk::Widget& widget, std::set<gunichar>& taken)
+{
+    if (auto* button = dynamic_cast<Gtk::Button*>(&widget)) {
+        const auto* label = dynamic_cast<Gtk::Label*>(button->get_child());
+        if (label != nullptr && HasMark(*button) && !Take(*label, taken)) {
+            const std::string text = WithoutMark(*button);
+            button->set_use_underline(false);
+            button->set_label(text);
+        }
+        return;
+    }
+    auto* label = LabelOfControl(widget);
+    if (label != nullptr && label->get_use_underline() && !Take(*label, taken)) {
+        label->set_text(label->get_text());
+    }
+}
+
+void AddMnemonic(Gtk::Widget& widget, std::set<gunichar>& taken)
+{
+    if (auto* button = dynamic_cast<Gtk::Button*>(&widget)) {
+        if (!button->get_label().empty() && !HasMark(*button)) {
+            button->set_label(WithMnemonic(button->get_label(), taken));
+            button->set_use_underline(true);
+        }
+        return;
+    }
+    auto* label = LabelOfControl(widget);
+    if (label != nullptr && !label->get_use_underline()) {
+        label->set_text_with_mnemonic(WithMnemonic(label->get_text(), taken));
+    }
+}
+
+// @param except  a button whose letter does not count; may be null
+std::set<gunichar> MnemonicsOnScreen(Gtk::Widget& window, const Gtk::Button* except)
+{
+    std::set<gunichar> letters;
+    ForEachWidget(window, [&letters, except](Gtk::Widget& widget) {
+        auto* label = dynamic_cast<Gtk::Label*>(&widget);
+        if (label == nullptr || !label->get_mapped()) {
+            return;
+        }
+        if (except == nullptr || label->get_ancestor(GTK_TYPE_BUTTON) != except) {
+            letters.insert(MnemonicOf(*label));
+        }
+    });
+    letters.erase(0);
+    return letters;
+}
+
 } // namespace
 
 void ForEachWidget(Gtk::Widget& root, const std::function<void(Gtk::Widget&)>& function)
@@ -158,44 +222,23 @@ void NameForScreenReaders(Gtk::Widget& root)
 
 void AssignMnemonics(Gtk::Widget& root, std::set<gunichar>& taken)
 {
-    ForEachWidget(root, [&taken](Gtk::Widget& widget) {
-        if (auto* button = dynamic_cast<Gtk::Button*>(&widget)) {
-            if (!button->get_label().empty() && !HasMark(*button)) {
-                button->set_label(WithMnemonic(button->get_label(), taken));
-                button->set_use_underline(true);
-            }
-            return;
-        }
-        auto* label = dynamic_cast<Gtk::Label*>(&widget);
-        if (label != nullptr && label->get_mnemonic_widget() != nullptr &&
-            !label->get_use_underline()) {
-            label->set_text_with_mnemonic(WithMnemonic(label->get_text(), taken));
-        }
-    });
+    ForEachWidget(root, [&taken](Gtk::Widget& widget) { KeepMnemonic(widget, taken); });
+    ForEachWidget(root, [&taken](Gtk::Widget& widget) { AddMnemonic(widget, taken); });
 }
 
 std::set<gunichar> MnemonicsOnScreen(Gtk::Widget& window)
 {
-    std::set<gunichar> letters;
-    ForEachWidget(window, [&letters](Gtk::Widget& widget) {
-        auto* label = dynamic_cast<Gtk::Label*>(&widget);
-        if (label != nullptr && label->get_mapped()) {
-            letters.insert(MnemonicOf(*label));
-        }
-    });
-    letters.erase(0);
-    return letters;
+    return MnemonicsOnScreen(window, nullptr);
 }
 
 void RelabelButton(Gtk::Button& button, const std::string& label)
 {
-    if (WithoutMark(button) == label) {
-        return;
+    if (WithoutMark(button) != label) {
+        button.set_use_underline(false);
+        button.set_label(label);
     }
-    button.set_use_underline(false);
-    button.set_label(label);
     if (button.get_mapped()) {
-        std::set<gunichar> taken = MnemonicsOnScreen(*button.get_toplevel());
+        std::set<gunichar> taken = MnemonicsOnScreen(*button.get_toplevel(), &button);
         AssignMnemonics(button, taken);
     }
 }

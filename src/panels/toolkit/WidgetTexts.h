@@ -21,15 +21,16 @@ void LocalizeTexts(const CFBundle& bundle, Gtk::Widget& root);
 void NameForScreenReaders(Gtk::Widget& root);
 
 /// Underlines a letter in each button's and control's label that no other one has, so that Alt and
-/// the letter lead to it: a first letter of a word if there is one left.
+/// the letter lead to it: a first letter of a word if there is one left. Letters that have been
+/// given stay, but for those that are taken.
 /// @param taken  letters that are in use, in lower case; those that are given are added
 void AssignMnemonics(Gtk::Widget& root, std::set<gunichar>& taken);
 
 /// The letters in use by what is on the screen in a window, in lower case.
 std::set<gunichar> MnemonicsOnScreen(Gtk::Widget& window);
 
-/// Gives a button another label; on the screen, with a letter underlined that nothing else there
-/// has. Nothing when it has that label already.
+/// Gives a button a label; on the screen, with a letter underlined that nothing else there has. Off
+/// the screen it gets one from AssignMnemonics.
 void RelabelButton(Gtk::Button& button, const std::string& label);
 
 } // namespace tarvo
