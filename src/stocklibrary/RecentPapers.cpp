@@ -82,12 +82,6 @@ LibraryPapers::LibraryPapers(PreferenceFolders folders, StockLibraryList* printe
 {
 }
 
-bool LibraryPapers::haveMatch(const Stock& stock)
-{
-    return ReadUserStockList(folders_)->findMatch(stock) != nullptr ||
-           (printerList_ != nullptr && printerList_->findMatch(stock) != nullptr);
-}
-
 std::optional<Stock> LibraryPapers::use(std::string_view uuid)
 {
     const std::string chosen(uuid);

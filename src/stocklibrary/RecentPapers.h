@@ -29,7 +29,6 @@ public:
     /// @param printerList  borrowed
     LibraryPapers(PreferenceFolders folders, StockLibraryList* printerList);
 
-    bool haveMatch(const Stock& stock) override;
     std::optional<Stock> use(std::string_view uuid) override;
     void clearRecentlyUsed() override;
 

@@ -11,6 +11,10 @@ namespace tarvo {
 class StockLibraryList;
 struct TicketSpecialPages;
 
+/// Whether one of the papers is just that stock, by its custom name and all else.
+/// @param papers  uuid to entry, keys of StockLibraryKeys.h
+bool HasPaper(const CFDictionary& papers, const Stock& stock);
+
 /// The user's papers as they are looked at and changed. Every change is written at once and may
 /// wait for the disk, so it is for a task, one at a time; what cannot be written stays in memory
 /// and is told on standard error, as by StockLibraryList.

@@ -80,14 +80,6 @@ TEST_F(RecentPapersTest, ComeToTheFrontWhenTheyAreUsed)
     EXPECT_EQ(StockLibraryList(folders_).stockList().size(), 2U);
 }
 
-TEST_F(RecentPapersTest, MatchTheirStocksInEitherLibrary)
-{
-    EXPECT_TRUE(papers_.haveMatch(own_.stock()));
-    EXPECT_TRUE(papers_.haveMatch(printersOwn_.stock()));
-    EXPECT_FALSE(papers_.haveMatch(Paper("Other").stock()));
-    EXPECT_FALSE(LibraryPapers(folders_, nullptr).haveMatch(printersOwn_.stock()));
-}
-
 TEST_F(RecentPapersTest, CanBeUsedThoughNothingCanBeSaved)
 {
     testing::internal::CaptureStderr();

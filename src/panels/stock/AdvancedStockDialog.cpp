@@ -52,7 +52,6 @@ constexpr std::size_t CoatingPopup = 6;
 // What the dialog's pop-ups ask never comes from a library.
 class NoPapers : public NamedPapers {
 public:
-    bool haveMatch(const Stock& /*stock*/) override { return true; }
     std::optional<Stock> use(std::string_view /*uuid*/) override { return std::nullopt; }
     void clearRecentlyUsed() override {}
 };

@@ -26,37 +26,6 @@ Gtk::Window* WindowOf(Gtk::Widget& widget)
     return dynamic_cast<Gtk::Window*>(widget.get_toplevel());
 }
 
-// The libraries, with the paper that the user has just chosen in the library's dialog: it counts
-// as one of the library even when that cannot be saved.
-class PapersWithChoice : public LibraryPapers {
-public:
-    PapersWithChoice(StockLibraryList* printerList, const std::optional<Stock>& choice)
-        : LibraryPapers(UserPreferenceFolders(), printerList), choice_(choice)
-    {
-    }
-    bool haveMatch(const Stock& stock) override
-    {
-        return (choice_ && *choice_ == stock) || LibraryPapers::haveMatch(stock);
-    }
-
-private:
-    const std::optional<Stock>& choice_;
-};
-
-class WindowsWithChoice : public StockWindows {
-public:
-    using StockWindows::StockWindows;
-    bool askStockLibrary(JobContext context, Stock& stock) override
-    {
-        const bool isChosen = StockWindows::askStockLibrary(context, stock);
-        if (isChosen) {
-            choice = stock;
-        }
-        return isChosen;
-    }
-    std::optional<Stock> choice;
-};
-
 } // namespace
 
 // Outlives the control while one of its dialogs is open.
@@ -138,8 +107,8 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         }
         const auto printerList = ThePanelEnvironment().printerStockList;
         Stock edited(*stock);
-        WindowsWithChoice dialogs(*bundle, WindowOf(*menuButton.get()));
-        PapersWithChoice papers(printerList.get(), dialogs.choice);
+        StockWindows dialogs(*bundle, WindowOf(*menuButton.get()));
+        LibraryPapers papers(UserPreferenceFolders(), printerList.get());
         const StockMenuEffect effect =
             StockMenuCommandEventHandler(item, context, edited, dialogs, papers);
         if (stock == nullptr || !effect.changesStock) {

@@ -112,6 +112,7 @@ public:
           context_(context),
           stock_(stock),
           papers_(std::move(papers)),
+          mine_(papers_->papers()),
           view_(ReadStockLibraryView(UserPreferenceFolders())),
           dialog_(nib.window<Gtk::Dialog>("StockLibrary")),
           source_(nib.widget<Gtk::ComboBox>("TPDE1")),
@@ -122,6 +123,7 @@ public:
           status_(nib.widget<Gtk::Label>("TPDE9")),
           events_([this](const Event& event) { return handleEvent(event); })
     {
+        hadPaper_ = isOfALibrary(stock);
     }
     StockLibraryWindow(const StockLibraryWindow&) = delete;
     StockLibraryWindow& operator=(const StockLibraryWindow&) = delete;
@@ -156,8 +158,19 @@ public:
     }
 
     const Stock& stock() const { return stock_; }
+    /// Whether a library had the stock when this was opened and none has it now.
+    bool hasLost(const Stock& stock) const { return hadPaper_ && !isOfALibrary(stock); }
 
 private:
+    // A stock without a custom name came from no library.
+    bool isOfALibrary(const Stock& stock) const
+    {
+        const auto printers = ThePanelEnvironment().printerStockList;
+        return !stock.customName().empty() &&
+               (HasPaper(*mine_, stock) ||
+                (printers != nullptr && printers->findMatch(stock) != nullptr));
+    }
+
     bool showsMine() const { return GetPopupButtonTicketValue(*source_.get(), MyPaper) == MyPaper; }
 
     // Everything of fixed height and width: the list must not look at all of its rows.
@@ -206,8 +219,7 @@ private:
     // Shows the chosen library as it is now.
     void showPapers(const std::string& uuid)
     {
-        model_ =
-            StockListModel::Create(bundle_, showsMine() ? papers_->papers() : PapersOfPrinter());
+        model_ = StockListModel::Create(bundle_, showsMine() ? mine_ : PapersOfPrinter());
         list_->set_model(model_);
         list_->set_search_column(0); // a new model forgets it
         const auto row = uuid.empty() ? std::nullopt : model_->rowOf(uuid);
@@ -283,6 +295,7 @@ private:
         if (!isDone || !dialog_->get_mapped()) {
             return;
         }
+        mine_ = papers_->papers();
         showPapers(*uuid);
         if (Gtk::Widget* focus = dialog_->get_focus(); focus == nullptr || !focus->is_sensitive()) {
             list_->grab_focus(); // the button that was pressed has nothing left to do
@@ -461,6 +474,8 @@ private:
     JobContext context_;
     Stock stock_;
     std::shared_ptr<UserPapers> papers_; // of a task while one runs
+    std::shared_ptr<const CFDictionary> mine_;
+    bool hadPaper_ = false;
     StockLibraryView view_;
     Glib::RefPtr<StockListModel> model_;
     Glib::RefPtr<Gtk::Dialog> dialog_;
@@ -474,9 +489,9 @@ private:
 } // namespace
 
 OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent, JobContext context,
-                                    Stock& stock, std::int32_t& result)
+                                    Stock& stock, LibraryAnswer& answer)
 {
-    result = DialogCancel;
+    answer = LibraryAnswer::Cancelled;
     const auto papers = std::make_shared<UserPapers>(UserPreferenceFolders());
     const auto job = std::make_shared<JobStocks>(StocksOfJob(context, stock));
     if (!RunInBackground(parent, [papers, job] { papers->load(job->stock, job->pages); })) {
@@ -491,9 +506,11 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
         return StatusNoWindow;
     }
     nib.reset();
-    result = window.run(parent);
-    if (result == DialogOk) {
+    if (window.run(parent) == DialogOk) {
+        answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());
+    } else if (window.hasLost(stock)) {
+        answer = LibraryAnswer::PaperLost;
     }
     return StatusOk;
 }

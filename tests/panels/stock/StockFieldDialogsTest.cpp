@@ -122,7 +122,11 @@ OSStatus RunAdvanced(const CFBundle& bundle, Gtk::Window* parent, Stock& stock,
 
 OSStatus RunLibrary(const CFBundle& bundle, Gtk::Window* parent, Stock& stock, std::int32_t& result)
 {
-    return RunModalStockLibraryDialog(bundle, parent, JobContext::Cover, stock, result);
+    LibraryAnswer answer = LibraryAnswer::Chosen;
+    const OSStatus status =
+        RunModalStockLibraryDialog(bundle, parent, JobContext::Cover, stock, answer);
+    result = answer == LibraryAnswer::Chosen ? DialogOk : DialogCancel;
+    return status;
 }
 
 TEST(StockDialogs, AreGoneAfterwards)
