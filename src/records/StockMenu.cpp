@@ -91,7 +91,7 @@ bool Ask(StockDialogs& dialogs, StockQuestion question, JobContext context, Stoc
     if (!(dialogs.*question)(context, edited)) {
         return false;
     }
-    stock = edited; // through the setters
+    stock.takeAsItIs(std::move(edited)); // a dialog changes nothing that the user did not
     return true;
 }
 

@@ -237,6 +237,14 @@ TEST(StockCommands, KeepOrClearWhatBelongsToAnotherChoice)
     EXPECT_EQ(desk.dialogs.asked, "");
 }
 
+TEST(StockCommands, LeaveWhatADialogLeaves)
+{
+    Desk desk;
+    Stock foil = StockOf("Type=2 Color=2");
+    desk.choose(Choice(StockCommand::Advanced), foil);
+    EXPECT_EQ(StockText(foil), "Type=2 Color=2") << "of a ticket, and OK alone was pressed";
+}
+
 TEST(StockCommands, TakeANameThatNoLibraryHas)
 {
     Desk desk;
