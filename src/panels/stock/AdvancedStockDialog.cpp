@@ -159,6 +159,7 @@ private:
     {
         for (std::size_t index = 0; index < PopupCount; ++index) {
             popups_[index]->signal_changed().connect(Guarded([this, index] { choose(index); }));
+            WhenChosenAgain(*popups_[index].get(), [this, index] { choose(index); });
         }
         const auto connectShown = [this](auto&& signal, void (AdvancedStockWindow::*enter)()) {
             signal.connect(Guarded([this, enter] {
