@@ -80,6 +80,13 @@ std::shared_ptr<const CFDictionary> PapersOfPrinter()
     return {list, list ? &list->stockList() : nullptr};
 }
 
+// Without a shell it is what the worker says.
+PrinterStocksState StateOfPrinter()
+{
+    const auto state = ThePanelEnvironment().printerStocksState;
+    return state ? state() : PrinterStocksState{CurrentPrinterStockStatus(), PrinterStocksCause()};
+}
+
 const char* StatusKey(PrinterStockStatus status)
 {
     switch (status) {
@@ -147,7 +154,7 @@ public:
         PopulatePopupButton(*source_.get(), sources);
         connect();
         showPapers(view_.selectedRow);
-        if (CurrentPrinterStockStatus() == PrinterStockStatus::InProgress) {
+        if (StateOfPrinter().status == PrinterStockStatus::InProgress) {
             SendMessageToThread(PollStatusMessage, WindowData(events_.window()));
         }
         list_->grab_focus();
@@ -253,7 +260,7 @@ private:
     {
         const auto paper = selected();
         const bool isMine = showsMine();
-        const PrinterStockStatus status = CurrentPrinterStockStatus();
+        const PrinterStockStatus status = StateOfPrinter().status;
         const bool canAsk =
             status == PrinterStockStatus::Complete || status == PrinterStockStatus::Failed;
         buttons_.add->set_sensitive(isMine);
@@ -393,7 +400,11 @@ private:
 
     void refresh()
     {
-        RetrievePrinterStocksFor(events_.window());
+        if (const auto ask = ThePanelEnvironment().askForPrinterStocks) {
+            ask(events_.window());
+        } else {
+            RetrievePrinterStocksFor(events_.window());
+        }
         showState();
     }
 
