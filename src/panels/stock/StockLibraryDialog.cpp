@@ -269,7 +269,7 @@ private:
         buttons_.copy->set_sensitive(!isMine && paper);
         buttons_.refresh->set_sensitive(!isMine && canAsk);
         dialog_->set_response_sensitive(Gtk::RESPONSE_OK, paper && !paper->isInvalid());
-        status_->set_text(isMine ? ownStatus(paper) : printerStatus(status));
+        status_->set_text(isMine ? ownStatus(paper) : printerStatus(paper));
     }
 
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
@@ -286,10 +286,19 @@ private:
                                   : "";
     }
 
-    std::string printerStatus(PrinterStockStatus status) const
+    std::string printerStatus(const std::optional<StockLibrary>& paper) const
     {
-        const char* key = StatusKey(status);
-        return key == nullptr ? "" : bundle_.localizedString(key);
+        const PrinterStocksState state = StateOfPrinter();
+        if (const char* key = StatusKey(state.status)) {
+            return bundle_.localizedString(key);
+        }
+        if (paper && paper->isInvalid()) {
+            return bundle_.localizedString("PrinterPaperNotOffered");
+        }
+        if (!state.cause.empty()) { // a former list stays, but is not the newest
+            return FilledFormat(bundle_.localizedString("PrinterLibraryNotRead"), state.cause);
+        }
+        return model_->size() == 0 ? bundle_.localizedString("PrinterLibraryEmpty") : "";
     }
 
     // Works on the library in a task, then shows it. The application may end the dialog meanwhile.

@@ -365,6 +365,69 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
 }
 
+struct AnswerCase {
+    const char* name;
+    std::vector<std::string> printer;
+    const char* status;
+};
+
+TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
+{
+    const AnswerCase cases[] = {
+        {"none",    {"--repeat", "0"}, "The printer reports no papers."                       },
+        {"refused",
+         {"--misbehave", "401"},
+         "The papers of the printer could not be read: the printer answered 401 Unauthorized."},
+        {"gone",
+         {"--misbehave", "refuse"},
+         "The papers of the printer could not be retrieved. Check that it is switched on and "
+         "connected, then press Refresh."                                                     },
+    };
+    for (const AnswerCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        const DemoPrinter printer(row.printer);
+        testing::internal::CaptureStderr();
+        MySpawnThread("com.tarvo.test", printer.authority(), 0);
+        EXPECT_TRUE(turnUntil([] {
+            return CurrentPrinterStockStatus() == PrinterStockStatus::Complete ||
+                   CurrentPrinterStockStatus() == PrinterStockStatus::Failed;
+        }));
+        testing::internal::GetCapturedStderr(); // the worker's
+        const DialogScript user({
+            {Library, [&row](Gtk::Dialog& dialog) {
+                 showPrinter(dialog);
+                 EXPECT_EQ(status(dialog), row.status);
+                 EXPECT_TRUE(isEnabled(dialog, Refresh));
+                 dialog.response(Gtk::RESPONSE_CANCEL);
+             }}
+        });
+        EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+        MyRemoveThread(0);
+    }
+}
+
+TEST_F(StockLibraryDialog, SaysWhyAPapersOfThePrinterCannotBeChosen)
+{
+    const DemoPrinter printer({"--repeat", "0"});
+    MySpawnThread("com.tarvo.test", printer.authority(), 0);
+    EXPECT_TRUE(
+        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::Complete; }));
+    StockLibrary odd = Paper("Odd", 77);
+    odd.validateStockEntry();
+    ThePanelEnvironment().printerStockList = std::make_shared<StockLibraryList>();
+    ThePanelEnvironment().printerStockList->add(odd);
+    const DialogScript user({
+        {Library, [](Gtk::Dialog& dialog) {
+             showPrinter(dialog);
+             select(dialog, 0);
+             EXPECT_FALSE(CanPressOk(dialog));
+             EXPECT_THAT(status(dialog), testing::HasSubstr("Copy it to your papers"));
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }}
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+}
+
 // Neither opening nor closing waits for it, and what it says later goes nowhere.
 TEST_F(StockLibraryDialog, OpensAndClosesWhileThePrinterHangs)
 {
