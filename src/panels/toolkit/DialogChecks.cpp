@@ -5,11 +5,27 @@
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
 
+#include <gtkmm/box.h>
+#include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 
 #include <cstdint>
 
 namespace tarvo {
+
+namespace {
+
+// A name without a blank would make the window wider than the screen.
+void WrapLongWords(Gtk::MessageDialog& window)
+{
+    for (Gtk::Widget* child : window.get_message_area()->get_children()) {
+        if (auto* label = dynamic_cast<Gtk::Label*>(child)) {
+            label->set_line_wrap_mode(Pango::WRAP_WORD_CHAR);
+        }
+    }
+}
+
+} // namespace
 
 void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
 {
@@ -38,6 +54,7 @@ bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& que
     window.add_button(bundle.localizedString(noKey), Gtk::RESPONSE_CANCEL);
     window.add_button(bundle.localizedString(yesKey), Gtk::RESPONSE_OK);
     window.set_default_response(Gtk::RESPONSE_CANCEL);
+    WrapLongWords(window);
     return RunModalWindow(bundle, window, parent) == DialogOk;
 }
 
