@@ -274,6 +274,9 @@ private:
 
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
     {
+        if (!areSaved_) {
+            return bundle_.localizedString("StockLibraryNotSaved");
+        }
         if (model_->size() == 0) {
             return bundle_.localizedString("StockLibraryEmpty");
         }
@@ -312,6 +315,7 @@ private:
             return;
         }
         mine_ = papers_->papers();
+        areSaved_ = papers_->areSaved();
         showPapers(*uuid);
         if (Gtk::Widget* focus = dialog_->get_focus(); focus == nullptr || !focus->is_sensitive()) {
             list_->grab_focus(); // the button that was pressed has nothing left to do
@@ -403,7 +407,8 @@ private:
             return uuid;
         });
         if (dialog_->get_mapped()) {
-            status_->set_text(bundle_.localizedString("StockLibraryCopied"));
+            status_->set_text(
+                bundle_.localizedString(areSaved_ ? "StockLibraryCopied" : "StockLibraryNotSaved"));
         }
     }
 
@@ -496,6 +501,7 @@ private:
     std::shared_ptr<UserPapers> papers_; // of a task while one runs
     std::shared_ptr<const CFDictionary> mine_;
     bool hadPaper_ = false;
+    bool areSaved_ = true; // what the user has changed
     StockLibraryView view_;
     Glib::RefPtr<StockListModel> model_;
     Glib::RefPtr<Gtk::Dialog> dialog_;

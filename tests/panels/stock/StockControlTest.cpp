@@ -188,13 +188,18 @@ TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
     testing::internal::CaptureStderr();
     const DialogScript user({
         {"StockLibrary",
-         [](Gtk::Dialog& dialog) { FindWidget<Gtk::Button>(dialog, "TPDE3")->clicked(); }          },
+         [](Gtk::Dialog& dialog) { FindWidget<Gtk::Button>(dialog, "TPDE3")->clicked(); }},
         {"NamedPaperStockSelection",
          [](Gtk::Dialog& dialog) {
              FindWidget<Gtk::Entry>(dialog, "TPDE12")->set_text("New");
              dialog.response(Gtk::RESPONSE_OK);
-         }                                                                                         },
-        {"StockLibrary",             [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); }},
+         }                                                                               },
+        {"StockLibrary",
+         [](Gtk::Dialog& dialog) {
+             EXPECT_THAT(FindWidget<Gtk::Label>(dialog, "TPDE9")->get_text().raw(),
+                         testing::HasSubstr("could not be saved"));
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                                                               },
     });
     choose({"Stock Library", "Open Stock Library…"});
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
