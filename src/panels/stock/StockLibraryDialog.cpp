@@ -114,13 +114,13 @@ struct Buttons {
 class StockLibraryWindow {
 public:
     StockLibraryWindow(const CFBundle& bundle, Nib& nib, JobContext context, const Stock& stock,
-                       std::shared_ptr<UserPapers> papers)
+                       std::shared_ptr<UserPapers> papers, const StockLibraryView& view)
         : bundle_(bundle),
           context_(context),
           stock_(stock),
           papers_(std::move(papers)),
           mine_(papers_->papers()),
-          view_(ReadStockLibraryView(UserPreferenceFolders())),
+          view_(view),
           dialog_(nib.window<Gtk::Dialog>("StockLibrary")),
           source_(nib.widget<Gtk::ComboBox>("TPDE1")),
           list_(nib.widget<Gtk::TreeView>("TPDE2")),
@@ -520,14 +520,19 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     answer = LibraryAnswer::Cancelled;
     const auto papers = std::make_shared<UserPapers>(UserPreferenceFolders());
     const auto job = std::make_shared<JobStocks>(StocksOfJob(context, stock));
-    if (!RunInBackground(parent, [papers, job] { papers->load(job->stock, job->pages); })) {
+    const auto view = std::make_shared<StockLibraryView>();
+    const auto load = [papers, job, view] {
+        papers->load(job->stock, job->pages);
+        *view = ReadStockLibraryView(UserPreferenceFolders()); // of the same file, however large
+    };
+    if (!RunInBackground(parent, load)) {
         return StatusOk; // the print dialog has gone
     }
     auto nib = Nib::Open(bundle, "StockLibrary");
     if (!nib) {
         return StatusNoWindow;
     }
-    StockLibraryWindow window(bundle, *nib, context, stock, papers);
+    StockLibraryWindow window(bundle, *nib, context, stock, papers, *view);
     if (!nib->isComplete()) {
         return StatusNoWindow;
     }
