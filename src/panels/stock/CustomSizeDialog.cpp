@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 
 namespace tarvo {
 namespace {
@@ -39,6 +40,14 @@ std::optional<std::int32_t> NumberIn(const std::string& text, const CustomSizeEn
         return std::nullopt;
     }
     return static_cast<std::int32_t>(std::lround(number));
+}
+
+// As the spin writes it: what people group by thousands it would not take.
+std::string FieldText(std::int32_t value, const CustomSizeEntry& entry)
+{
+    const std::unique_ptr<char, decltype(&g_free)> text(
+        g_strdup_printf("%.*f", entry.decimals(), value / UnitsPerNumber(entry)), g_free);
+    return text.get();
 }
 
 StockDimensions LargestPage(const CustomSizeEntry& entry)
@@ -165,9 +174,7 @@ private:
         shown_[field] = spin.get_value();
         if (!isValid(field)) {
             const auto wrong = entry_.value(field);
-            spin.set_text(
-                wrong ? CreateLocalizedCFStringFromNumberWithDecimals(*wrong, entry_.decimals())
-                      : "");
+            spin.set_text(wrong ? FieldText(*wrong, entry_) : "");
         }
     }
 
