@@ -181,7 +181,7 @@ private:
     void enterDefaultWeight() { ChooseDefaultWeight(edited_, isDefaultWeight_->get_active()); }
     void enterName() { EnterPaperName(edited_, name_->get_text().raw()); }
     void enterNameOnly() { edited_.setCustomNameOnly(isNameOnly_->get_active()); }
-    void enterComment() { edited_.setComment(comment_->get_text()); }
+    void enterComment() { edited_.setComment(PlainText(comment_->get_text().raw())); }
     void revert()
     {
         RevertAdvancedStock(edited_, request_.context);

@@ -61,7 +61,7 @@ OSStatus RunTextWindow(const CFBundle& bundle, Gtk::Window* parent, const TextWi
     PrepareField(*dialog.get(), *field.get(), former, row.limit, row.isRequired);
     std::string text;
     AcceptOnlyIf(*dialog.get(), [&] {
-        text = field->get_text();
+        text = PlainText(field->get_text().raw());
         return !row.isRequired || !text.empty();
     });
     result = RunModalWindow(bundle, *dialog.get(), parent);

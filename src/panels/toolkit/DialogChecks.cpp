@@ -4,6 +4,7 @@
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
+#include "platform/text/WhiteSpace.h"
 
 #include <gtkmm/box.h>
 #include <gtkmm/label.h>
@@ -41,10 +42,13 @@ void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
 void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit)
 {
     Gtk::Dialog* const window = &dialog;
-    dialog.set_response_sensitive(Gtk::RESPONSE_OK, field.get_text_length() > 0);
-    LimitInputLength(&field, static_cast<std::int32_t>(limit), [window](const Event& event) {
-        window->set_response_sensitive(Gtk::RESPONSE_OK, event.kind == FieldFilled.kind);
-    });
+    Gtk::Entry* const entry = &field;
+    const auto showState = [window, entry] {
+        window->set_response_sensitive(Gtk::RESPONSE_OK, !Trimmed(entry->get_text().raw()).empty());
+    };
+    showState();
+    LimitInputLength(&field, static_cast<std::int32_t>(limit),
+                     [showState](const Event& /*event*/) { showState(); });
 }
 
 bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
