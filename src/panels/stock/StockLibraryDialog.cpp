@@ -464,13 +464,13 @@ private:
         RunInBackground(dialog_.get(), save);
     }
 
-    // The widths that differ from those that were shown.
+    // The widths that the user has set; the last column may be stretched besides.
     auto widths() const
     {
         auto widths = view_.widths;
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             const Gtk::TreeViewColumn* shown = list_->get_column(static_cast<int>(column));
-            const int width = shown->get_width();
+            const int width = shown->get_fixed_width();
             const int former = view_.widths[column] ? *view_.widths[column] : UsualWidth(column);
             if (shown->get_visible() && width > 0 && width != former) {
                 widths[column] = static_cast<std::int16_t>(std::min(width, 32'767));
