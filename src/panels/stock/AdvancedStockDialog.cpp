@@ -48,6 +48,7 @@ constexpr PopupRow PopupMap[] = {
 constexpr std::size_t PopupCount = std::size(PopupMap) - 1;
 constexpr std::size_t SizePopup = 0;
 constexpr std::size_t CoatingPopup = 6;
+constexpr std::size_t WeightLikePopup = 1; // its first item says whose choice is left
 
 // What the dialog's pop-ups ask never comes from a library.
 class NoPapers : public NamedPapers {
@@ -134,6 +135,7 @@ private:
         for (std::size_t index = 0; index < PopupCount; ++index) {
             PopulatePopupButton(*popups_[index].get(), all[index]);
         }
+        isDefaultWeight_->set_label(all[WeightLikePopup].front().text); // of a page: of its job
         popups_[SizePopup]->set_sensitive(menus.isSizeEnabled);
         ShowSpin(*weight_.get(), StockWeightRange, edited_.weight());
     }

@@ -6,10 +6,12 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "platform/bundle/CFBundle.h"
 #include "platform/text/TextFormat.h"
 #include "printer/PPDKeywordInfo.h"
 #include "settings/NumberText.h"
 
+#include <atkmm/object.h>
 #include <gtkmm/radiobutton.h>
 #include <gtkmm/spinbutton.h>
 
@@ -92,6 +94,7 @@ public:
         ShowDrawing(*outline_.get(), [this](const auto& context, const PictureBox& box) {
             DrawPageOutline(context, box, EnteredPage(entry_), LargestPage(entry_));
         });
+        outline_->get_accessible()->set_name(bundle_.localizedString("StockSize"));
         AcceptOnlyIf(*dialog_.get(), [this] { return accept(); });
         spins_[CustomSizeEntry::Width]->grab_focus();
         return RunModalWindow(bundle_, *dialog_.get(), parent);

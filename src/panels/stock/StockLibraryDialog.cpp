@@ -433,7 +433,7 @@ private:
             ThePanelEnvironment().printerStockList = stocks;
         }
         if (!showsMine()) {
-            showPapers("");
+            showPapers(selectedUuid()); // without an answer the papers are the same
         }
         return StatusOk;
     }

@@ -31,8 +31,10 @@ void WrapLongWords(Gtk::MessageDialog& window)
 void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
 {
     GtkDialog* const window = dialog.gobj();
-    dialog.signal_response().connect(Guarded([window, accept](int response) {
-                                         if (response == Gtk::RESPONSE_OK && !accept()) {
+    // An exception is no consent: it gives false.
+    const auto accepts = Guarded(accept);
+    dialog.signal_response().connect(Guarded([window, accepts](int response) {
+                                         if (response == Gtk::RESPONSE_OK && !accepts()) {
                                              g_signal_stop_emission_by_name(window, "response");
                                          }
                                      }),
