@@ -221,7 +221,7 @@ TEST_F(StockControlTest, MayGoWhileADialogIsOpen)
     EXPECT_EQ(stock_, Stock());
     EXPECT_EQ(changes_, 0);
     menu_->clicked();
-    window_.reset();
+    EXPECT_EQ(openMenu(), nullptr) << "the button stays, without effect";
 }
 
 } // namespace
