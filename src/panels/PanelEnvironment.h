@@ -2,6 +2,7 @@
 
 #include "panels/Panel.h"
 #include "platform/bundle/CFBundle.h"
+#include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/StockLibraryList.h"
 
 #include <gtkmm/window.h>
@@ -9,8 +10,15 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace tarvo {
+
+/// What is known of the papers of a dialog's printer.
+struct PrinterStocksState {
+    PrinterStockStatus status = PrinterStockStatus::NoThread;
+    std::string cause; // why the last retrieval brought no list, for people
+};
 
 /// What the panels find of the print dialog that they are in. The shell fills it; of several
 /// dialogs at a time it is the one at which the user is. After the end of the last one everything
@@ -25,6 +33,9 @@ struct PanelEnvironment {
     std::function<Gtk::Window*()> window;               // of the dialog; may give null
     std::shared_ptr<StockLibraryList> printerStockList; // what the printer has reported last
     std::function<void()> takePrinterStocks;            // after a retrieval for a window of a panel
+    std::function<PrinterStocksState()> printerStocksState;
+    /// Asks the dialog's printer again, for a window of a panel: see RetrievePrinterStocksFor.
+    std::function<void(WindowID window)> askForPrinterStocks;
 };
 PanelEnvironment& ThePanelEnvironment();
 

@@ -105,6 +105,9 @@ CustomSizeEntry::Range CustomSizeEntry::range(Field field) const
 
 void CustomSizeEntry::setValue(Field field, std::optional<std::int32_t> value)
 {
+    if (value != values_[field]) {
+        untouched_[field].reset();
+    }
     values_[field] = value;
     if (isValid(field)) {
         lastValid_[field] = *value;
@@ -120,10 +123,15 @@ void CustomSizeEntry::setDefaults()
 std::optional<StockDimensions> CustomSizeEntry::accept()
 {
     if (isValid(Width) && isValid(Length)) {
-        return StockDimensions{StoredFromField(*values_[Width], unit_),
-                               StoredFromField(*values_[Length], unit_)};
+        const auto stored = [this](Field field) {
+            return untouched_[field].value_or(StoredFromField(*values_[field], unit_));
+        };
+        return StockDimensions{stored(Width), stored(Length)};
     }
     for (const Field field : Fields) {
+        if (!isValid(field)) {
+            untouched_[field].reset();
+        }
         values_[field] = lastValid_[field];
     }
     return std::nullopt;
@@ -138,14 +146,16 @@ bool CustomSizeEntry::isValid(Field field) const
 
 void CustomSizeEntry::setStored(const StockDimensions& dimensions)
 {
-    start(Width, FieldFromStored(dimensions.width, unit_));
-    start(Length, FieldFromStored(dimensions.length, unit_));
+    start(Width, dimensions.width);
+    start(Length, dimensions.length);
 }
 
 // Shown as it is; what is out of the printer's range goes to its nearest end when it is refused.
-void CustomSizeEntry::start(Field field, std::int32_t value)
+void CustomSizeEntry::start(Field field, std::int32_t stored)
 {
     const Range allowed = range(field);
+    const std::int32_t value = FieldFromStored(stored, unit_);
+    untouched_[field] = stored;
     values_[field] = value;
     lastValid_[field] = std::clamp(value, allowed.minimum, allowed.maximum);
 }

@@ -59,7 +59,8 @@ public:
     /// Back to the locale's unit and its default size.
     void setDefaults();
 
-    /// What OK stores. A width above the length is nothing special.
+    /// What OK stores; a field whose number was never changed keeps what was stored, whatever its
+    /// number is rounded to. A width above the length is nothing special.
     /// @return nullopt when a field is no number within its range; then both are back at their last
     /// valid values
     std::optional<StockDimensions> accept();
@@ -67,13 +68,14 @@ public:
 private:
     bool isValid(Field field) const;
     void setStored(const StockDimensions& dimensions);
-    void start(Field field, std::int32_t value);
+    void start(Field field, std::int32_t stored);
 
     PPDSizeLimits limits_;
     LengthUnit& unit_;
     LengthUnit localeUnit_;
     std::array<std::optional<std::int32_t>, 2> values_;
     std::array<std::int32_t, 2> lastValid_ = {};
+    std::array<std::optional<std::int32_t>, 2> untouched_; // 1/100 mm, as they were stored
 };
 
 } // namespace tarvo

@@ -3,6 +3,7 @@
 #include "platform/bundle/CFBundle.h"
 #include "platform/text/TextFormat.h"
 #include "platform/text/Utf8.h"
+#include "platform/text/WhiteSpace.h"
 #include "records/Stock.h"
 
 #include <algorithm>
@@ -12,10 +13,23 @@ namespace {
 
 std::string FirstCharacters(std::string_view text, std::size_t count)
 {
-    return std::string(Utf8FirstCharacters(text, count));
+    const std::string plain = PlainText(text);
+    return std::string(Utf8FirstCharacters(plain, count));
+}
+
+bool IsControl(char byte)
+{
+    return (byte >= 0 && byte < ' ') || byte == '\x7f';
 }
 
 } // namespace
+
+std::string PlainText(std::string_view text)
+{
+    std::string plain(text);
+    std::replace_if(plain.begin(), plain.end(), IsControl, ' ');
+    return std::string(Trimmed(plain));
+}
 
 std::int32_t SpinValue(const SpinRange& range, std::int32_t stored)
 {
@@ -24,7 +38,7 @@ std::int32_t SpinValue(const SpinRange& range, std::int32_t stored)
 
 bool EnterCustomColor(Stock& stock, std::string_view name)
 {
-    if (name.empty()) {
+    if (PlainText(name).empty()) {
         return false;
     }
     stock.setCustomColor(FirstCharacters(name, LongestStockName));
@@ -33,7 +47,7 @@ bool EnterCustomColor(Stock& stock, std::string_view name)
 
 bool EnterCustomType(Stock& stock, std::string_view name)
 {
-    if (name.empty()) {
+    if (PlainText(name).empty()) {
         return false;
     }
     stock.setCustomType(FirstCharacters(name, LongestStockName));

@@ -15,6 +15,10 @@ inline constexpr std::size_t LongestStockName = 30; // custom colour, custom typ
 inline constexpr std::size_t LongestStockDescription = 255;
 inline constexpr std::size_t LongestPaperName = 255;
 
+/// A text as it is kept: without blanks around it, and with a blank for each line end and other
+/// control character, which neither a menu nor a printer could show.
+std::string PlainText(std::string_view text);
+
 /// A spin field; it proposes a value where the stock has none.
 struct SpinRange {
     std::int32_t minimum;

@@ -10,6 +10,13 @@
 
 namespace tarvo {
 
+/// How the user left the stock library.
+enum class LibraryAnswer {
+    Chosen, // the stock is the chosen paper's
+    Cancelled,
+    PaperLost, // cancelled; the stock's own paper was there before and has gone
+};
+
 /// The questions that choosing a stock may ask; who has a screen answers them with a dialog each.
 /// What each allows and proposes stands in StockDialogRules.h and CustomSizeEntry.h. Each returns
 /// true for OK; after Cancel what was handed in is not looked at.
@@ -32,7 +39,7 @@ public:
     /// The name of a paper that no library need have; at most 255 characters.
     virtual bool askPaperName(std::string& name) = 0;
     /// The stock library, which the user may change whatever the result.
-    virtual bool askStockLibrary(JobContext context, Stock& stock) = 0;
+    virtual LibraryAnswer askStockLibrary(JobContext context, Stock& stock) = 0;
 };
 
 /// What the stock menu needs of the stock libraries.
@@ -43,8 +50,6 @@ public:
     NamedPapers& operator=(const NamedPapers&) = delete;
     virtual ~NamedPapers() = default;
 
-    /// Whether the user's library or the printer's has an equal stock.
-    virtual bool haveMatch(const Stock& stock) = 0;
     /// Finds a paper in the user's library, then in the printer's, marks it used and moves it to
     /// the front of the recently used ones.
     /// @return its stock; nullopt when neither has it, with nothing changed

@@ -91,7 +91,7 @@ bool Ask(StockDialogs& dialogs, StockQuestion question, JobContext context, Stoc
     if (!(dialogs.*question)(context, edited)) {
         return false;
     }
-    stock = edited; // through the setters
+    stock.takeAsItIs(std::move(edited)); // a dialog changes nothing that the user did not
     return true;
 }
 
@@ -205,18 +205,20 @@ StockMenuEffect AskPaperName(Stock& stock, StockDialogs& dialogs)
     return StockChanged;
 }
 
-// The library may have lost the stock's paper even when the dialog was cancelled. A stock that no
-// library ever named has nothing to lose.
-StockMenuEffect OpenStockLibrary(JobContext context, Stock& stock, StockDialogs& dialogs,
-                                 NamedPapers& papers)
+// The library may have lost the stock's paper even when the dialog was cancelled. A stock whose
+// paper was in none has nothing to lose: the printer may not have told its papers yet.
+StockMenuEffect OpenStockLibrary(JobContext context, Stock& stock, StockDialogs& dialogs)
 {
     Stock chosen(stock);
-    if (dialogs.askStockLibrary(context, chosen)) {
-        const Stock& paper = chosen;
-        stock = paper; // through the setters
-    }
-    if (!stock.customName().empty() && !papers.haveMatch(stock)) {
+    switch (dialogs.askStockLibrary(context, chosen)) {
+    case LibraryAnswer::Chosen:
+        stock.takeAsItIs(std::move(chosen));
+        break;
+    case LibraryAnswer::PaperLost:
         DefaultStock(stock, context);
+        break;
+    case LibraryAnswer::Cancelled:
+        break;
     }
     return {StatusOk, true, true};
 }
@@ -276,7 +278,7 @@ StockMenuEffect StockMenuCommandEventHandler(const MenuItem& item, JobContext co
         DefaultStock(stock, context);
         return StockChanged;
     case StockCommand::OpenLibrary:
-        return OpenStockLibrary(context, stock, dialogs, papers);
+        return OpenStockLibrary(context, stock, dialogs);
     case StockCommand::PaperName:
         return AskPaperName(stock, dialogs);
     case StockCommand::ClearRecentlyUsed:

@@ -178,6 +178,8 @@ void Shell::publish()
     environment.window = [this] { return window(); };
     environment.printerStockList = printerStockList_;
     environment.takePrinterStocks = [this] { takePrinterStocks(); };
+    environment.printerStocksState = [this] { return printerStocksState(); };
+    environment.askForPrinterStocks = [this](WindowID window) { askForPrinterStocks(window); };
     if (printer_) {
         printer_->makeCurrent();
     }
@@ -362,13 +364,47 @@ OSStatus Shell::open()
     return StatusOk;
 }
 
+// The authority of the printer's device URI; nullopt for a printer that cannot be asked.
+std::optional<std::string> Shell::host() const
+{
+    auto host = session_ != nullptr && session_->currentPrinter
+                    ? AuthorityOfDeviceURI(session_->currentPrinter->deviceUri)
+                    : std::nullopt;
+    return host && !host->empty() ? host : std::nullopt;
+}
+
 void Shell::startWorker()
 {
-    const auto host = session_->currentPrinter
-                          ? AuthorityOfDeviceURI(session_->currentPrinter->deviceUri)
-                          : std::nullopt;
-    if (host && !host->empty()) {
-        static_cast<void>(MySpawnThread(BundleIdentifier, *host, windowEvents_->window()));
+    if (const auto printer = host()) {
+        static_cast<void>(MySpawnThread(BundleIdentifier, *printer, windowEvents_->window()));
+    }
+}
+
+bool Shell::hasWorker() const
+{
+    return windowEvents_ && HasPrinterStockThread(windowEvents_->window());
+}
+
+// Of several dialogs the newest has the worker, until it closes. The others keep what they have and
+// may ask again.
+PrinterStocksState Shell::printerStocksState() const
+{
+    if (hasWorker()) {
+        return {CurrentPrinterStockStatus(), PrinterStocksCause()};
+    }
+    if (!host()) {
+        return {};
+    }
+    return {printerStockList_ ? PrinterStockStatus::Complete : PrinterStockStatus::Failed, ""};
+}
+
+void Shell::askForPrinterStocks(WindowID window)
+{
+    if (windowEvents_ && !hasWorker()) {
+        startWorker();
+    }
+    if (hasWorker()) {
+        RetrievePrinterStocksFor(window);
     }
 }
 
@@ -547,7 +583,7 @@ OSStatus Shell::handleWindowEvent(const Event& event)
 
 void Shell::takePrinterStocks()
 {
-    const auto stocks = PrinterStockList();
+    const auto stocks = PrinterStockHost() == host() ? PrinterStockList() : nullptr;
     if (CurrentPrinterStockStatus() == PrinterStockStatus::Complete && stocks) {
         printerStockList_ = stocks;
         LivingShells().back()->publish();

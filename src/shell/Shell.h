@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panels/Panel.h"
+#include "panels/PanelEnvironment.h"
 #include "platform/events/WindowEvents.h"
 #include "printer/PrinterDescription.h"
 #include "shell/PlugInInterface.h"
@@ -78,6 +79,7 @@ private:
     void initializePanels();
 
     void buildView();
+    std::optional<std::string> host() const;
     void startWorker();
     void openPanel(Record& record) const;
     void selectPanel(std::int32_t index);
@@ -87,6 +89,9 @@ private:
     bool confirmConflicts() const;
     OSStatus handleWindowEvent(const Event& event);
     void takePrinterStocks();
+    bool hasWorker() const;
+    PrinterStocksState printerStocksState() const;
+    void askForPrinterStocks(WindowID window);
     Gtk::Window* window() const;
     void publish();
 

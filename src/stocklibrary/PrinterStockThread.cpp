@@ -283,7 +283,6 @@ public:
                    const ExchangeLimits& limits)
     {
         remove();
-        workerPort_.reset();
         if (host != host_) {
             list_.reset();
             cause_.clear();
@@ -326,17 +325,26 @@ public:
 
     void retrieveFor(WindowID window)
     {
-        if (workerPort_ && status_ != PrinterStockStatus::InProgress) {
+        if (!isAlive() || status_ == PrinterStockStatus::InProgress) {
+            return;
+        }
+        status_ = PrinterStockStatus::InProgress;
+        if (workerPort_) {
             send(RetrieveStocksMessage, WindowData(window));
-            status_ = PrinterStockStatus::InProgress;
+        } else {
+            firstFor_ = WindowData(window);
         }
     }
 
+    bool isOf(WindowID window) const { return isAlive() && window == window_; }
+    const std::string& host() const { return host_; }
     PrinterStockStatus status() const { return status_; }
     const StockList& list() const { return list_; }
     const std::string& cause() const { return cause_; }
 
 private:
+    bool isAlive() const { return state_ && !state_->stop.stop_requested(); }
+
     void remove()
     {
         if (!state_) {
@@ -344,6 +352,11 @@ private:
         }
         state_->stop.request_stop(); // the worker may be busy, or not have announced itself yet
         send(EndThreadMessage, "");
+        workerPort_.reset();
+        firstFor_.clear();
+        if (status_ == PrinterStockStatus::InProgress) { // nobody would ever end it
+            status_ = list_ ? PrinterStockStatus::Complete : PrinterStockStatus::NoThread;
+        }
     }
 
     // MainThreadResponseHandler of the print dialog's protocol.
@@ -351,11 +364,12 @@ private:
     {
         switch (message) {
         case ThreadReadyMessage:
+            if (!isAlive()) { // it was called off before it was ready, and ends by itself
+                return std::nullopt;
+            }
             workerPort_ = RemoteMessagePort::Create(data);
-            if (state_->stop.stop_requested()) { // it was called off before it was ready
-                send(EndThreadMessage, "");
-            } else if (workerPort_) {
-                send(RetrieveStocksMessage, "");
+            if (workerPort_) {
+                send(RetrieveStocksMessage, std::exchange(firstFor_, {}));
                 status_ = PrinterStockStatus::InProgress;
             }
             return std::nullopt;
@@ -403,6 +417,7 @@ private:
     std::unique_ptr<MessagePort> port_;
     std::optional<RemoteMessagePort> workerPort_; // from when the worker has announced itself
     std::shared_ptr<SharedState> state_;          // of the newest worker
+    std::string firstFor_; // the window of its first retrieval; empty: window_
     PrinterStockStatus status_ = PrinterStockStatus::NoThread;
     StockList list_;
     std::string cause_;
@@ -432,6 +447,16 @@ OSStatus SendMessageToThread(std::int32_t message, std::string_view data)
 {
     TheMainSide().send(message, data);
     return StatusOk;
+}
+
+bool HasPrinterStockThread(WindowID window)
+{
+    return TheMainSide().isOf(window);
+}
+
+const std::string& PrinterStockHost()
+{
+    return TheMainSide().host();
 }
 
 void RetrievePrinterStocksFor(WindowID window)

@@ -52,7 +52,7 @@ OSStatus MySpawnThread(std::string_view bundleIdentifier, std::string host, Wind
                        const ExchangeLimits& limits = {});
 
 /// Asks the worker to end that was started for the window, if it is still there; it is gone within
-/// a second, whatever the printer does.
+/// a second, whatever the printer does. What it was asked for last counts as never asked.
 /// @return StatusOk
 OSStatus MyRemoveThread(WindowID window);
 
@@ -60,14 +60,21 @@ OSStatus MyRemoveThread(WindowID window);
 /// @return StatusOk
 OSStatus SendMessageToThread(std::int32_t message, std::string_view data);
 
-/// Asks the printer again; the status is InProgress until the window's RetrievalFinishedEvent.
-/// Nothing without a worker, or while it is asking.
+/// Whether the worker is there that was started for the window.
+bool HasPrinterStockThread(WindowID window);
+
+/// Asks the printer again; the status is InProgress until the window's RetrievalFinishedEvent. The
+/// first retrieval of a worker that has not announced itself yet is for this window then. Nothing
+/// without a worker, or while it is asking.
 void RetrievePrinterStocksFor(WindowID window);
 
 /// The data that name a window in a message.
 std::string WindowData(WindowID window);
 
 PrinterStockStatus CurrentPrinterStockStatus();
+
+/// The printer that status, stocks and cause are of, as MySpawnThread was told.
+const std::string& PrinterStockHost();
 
 /// The stocks that a printer reported last; null as long as none has answered. A retrieval without
 /// an answer leaves them as they are.

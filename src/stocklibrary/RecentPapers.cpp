@@ -11,21 +11,12 @@
 namespace tarvo {
 namespace {
 
-// The name of a paper in one list; null when the list does not have the paper, or no name for it.
-const std::string* NameIn(const CFDictionary* list, const std::string& uuid)
+// A paper in one list; null when the list does not have the paper, or no name for it.
+const CFDictionary* NamedEntryIn(const CFDictionary* list, const std::string& uuid)
 {
     const auto* entry = list == nullptr ? nullptr : list->get<CFDictionary>(uuid);
     const auto* name = entry == nullptr ? nullptr : entry->get<std::string>(EntryNameKey);
-    return name == nullptr || name->empty() ? nullptr : name;
-}
-
-// Marks the paper in the list.
-// @return its stock; nullopt when the list does not have it
-std::optional<Stock> StockInUse(StockLibraryList& list, const std::string& uuid)
-{
-    const auto entry = list.entry(uuid);
-    list.setInUse(uuid);
-    return entry ? std::optional(entry->stock()) : std::nullopt;
+    return name == nullptr || name->empty() ? nullptr : entry;
 }
 
 void PrintUnsaved(const PreferenceFailure& failure)
@@ -55,7 +46,8 @@ void MarkMatches(StockLibraryList& list, const SpecialPageList& pages)
 } // namespace
 
 std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
-                                     const StockLibraryList* printerList)
+                                     const StockLibraryList* printerList,
+                                     std::vector<Stock>* stocks)
 {
     const CFDictionary root = ReadStockLibraryFile(folders);
     const auto* order = root.get<CFArray>(StockMenuListKey);
@@ -68,66 +60,40 @@ std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
         if (uuid == nullptr) {
             continue;
         }
-        const std::string* name = NameIn(own, *uuid);
-        name = name == nullptr ? NameIn(printers, *uuid) : name;
-        if (name != nullptr) {
-            papers.push_back({*uuid, *name});
+        const CFDictionary* entry = NamedEntryIn(own, *uuid);
+        entry = entry == nullptr ? NamedEntryIn(printers, *uuid) : entry;
+        if (entry == nullptr) {
+            continue;
+        }
+        papers.push_back({*uuid, *entry->get<std::string>(EntryNameKey)});
+        if (stocks != nullptr) {
+            stocks->push_back(StockLibrary(*entry).stock());
         }
     }
     return papers;
 }
 
-LibraryPapers::LibraryPapers(PreferenceFolders folders, StockLibraryList* printerList)
-    : folders_(std::move(folders)), printerList_(printerList)
+void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uuid)
 {
-}
-
-bool LibraryPapers::haveMatch(const Stock& stock)
-{
-    return ReadUserStockList(folders_)->findMatch(stock) != nullptr ||
-           (printerList_ != nullptr && printerList_->findMatch(stock) != nullptr);
-}
-
-std::optional<Stock> LibraryPapers::use(std::string_view uuid)
-{
-    const std::string chosen(uuid);
-    std::optional<Stock> stock;
-    const auto change = [&](StockLibraryList& list, CFArray& order) {
-        return useIn(list, order, chosen, stock);
+    const auto change = [&uuid](StockLibraryList& list, CFArray& order) {
+        list.setInUse(uuid);
+        MoveToFront(order, uuid);
+        return true;
     };
     PreferenceFailure failure;
-    if (ChangeStockLibrary(folders_, change, failure)) {
-        return stock;
+    if (!ChangeStockLibrary(folders, change, failure)) {
+        PrintUnsaved(failure);
     }
-    PrintUnsaved(failure);
-    if (!stock) { // the file could not even be locked
-        CFArray order;
-        useIn(*ReadUserStockList(folders_), order, chosen, stock);
-    }
-    return stock;
 }
 
-bool LibraryPapers::useIn(StockLibraryList& list, CFArray& order, const std::string& uuid,
-                          std::optional<Stock>& stock) const
-{
-    stock = StockInUse(list, uuid);
-    if (!stock && printerList_ != nullptr) {
-        stock = StockInUse(*printerList_, uuid);
-    }
-    if (stock) {
-        MoveToFront(order, uuid);
-    }
-    return stock.has_value();
-}
-
-void LibraryPapers::clearRecentlyUsed()
+void ForgetRecentPapers(const PreferenceFolders& folders)
 {
     const auto change = [](StockLibraryList&, CFArray& order) {
         order.clear();
         return true;
     };
     PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders_, change, failure)) {
+    if (!ChangeStockLibrary(folders, change, failure)) {
         PrintUnsaved(failure);
     }
 }

@@ -2,11 +2,9 @@
 
 #include "prefs/PreferenceFiles.h"
 #include "records/Stock.h"
-#include "records/StockDialogs.h"
 #include "settings/SettingMenu.h"
 
-#include <optional>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace tarvo {
@@ -19,27 +17,18 @@ struct TicketSpecialPages;
 
 /// The papers of the stock menu, the most recently used first, for PopulateMenuFromMapAndFile. One
 /// that no library has any more is passed over, and so is one without a name.
+/// @param stocks  if given, gets their stocks in the same order
 std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
-                                     const StockLibraryList* printerList);
+                                     const StockLibraryList* printerList,
+                                     std::vector<Stock>* stocks = nullptr);
 
-/// What the stock menu does with the libraries. What cannot be saved is told on standard error,
-/// "WriteUserPreferences() failed (errno)", and a paper is chosen all the same.
-class LibraryPapers : public NamedPapers {
-public:
-    /// @param printerList  borrowed
-    LibraryPapers(PreferenceFolders folders, StockLibraryList* printerList);
+// What the stock menu changes in the user's file. Both wait for the disk, and for whoever else
+// changes the file, so they are for a task. What cannot be saved is told on standard error,
+// "WriteUserPreferences() failed (errno)".
 
-    bool haveMatch(const Stock& stock) override;
-    std::optional<Stock> use(std::string_view uuid) override;
-    void clearRecentlyUsed() override;
-
-private:
-    bool useIn(StockLibraryList& list, CFArray& order, const std::string& uuid,
-               std::optional<Stock>& stock) const;
-
-    PreferenceFolders folders_;
-    StockLibraryList* printerList_;
-};
+/// Marks a paper in use if it is the user's, and puts it in front of the recently used ones.
+void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uuid);
+void ForgetRecentPapers(const PreferenceFolders& folders);
 
 /// Marks the papers that a job uses, for itself or for a special page, and no others as in use. A
 /// stock without a custom name came from no library. A list in memory, as ChangeStockLibrary hands

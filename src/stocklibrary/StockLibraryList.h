@@ -35,6 +35,9 @@ public:
     /// Saves what could not be saved before. Nothing for a list in memory only.
     void write();
 
+    /// Whether the user's file has every change; always for a list in memory only.
+    bool isSaved() const { return !file_ || file_->isSaved(); }
+
     /// uuid to entry, keys of StockLibraryKeys.h.
     const CFDictionary& stockList() const { return entries_; }
     /// The same; the list is of no use afterwards.

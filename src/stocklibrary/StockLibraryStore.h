@@ -45,6 +45,8 @@ public:
     /// gets the one in memory, and a user without a file one with that and whatever else the site
     /// gives. Prints "WriteUserPreferences() failed (errno)" to standard error when that fails.
     void write(const Value& inMemory);
+    /// Whether the file has every change.
+    bool isSaved() const { return unsaved_.empty(); }
 
 private:
     bool bringUpToDate(CFDictionary& root, const Value& inMemory) const;

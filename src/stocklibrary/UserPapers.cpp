@@ -39,7 +39,25 @@ void MarkInFile(const PreferenceFolders& folders, const Stock& jobStock,
     }
 }
 
+// The stock of an entry when it has that custom name, in any case; null when not.
+const CFDictionary* NamedStock(const CFDictionary::Entry& each, const std::string& name)
+{
+    const auto* entry = each.value.get<CFDictionary>();
+    const auto* ticket = entry == nullptr ? nullptr : entry->get<CFDictionary>(EntryStockKey);
+    const auto* own = ticket == nullptr ? nullptr : ticket->get<std::string>(StockCustomNameKey);
+    return own != nullptr && EqualIgnoringCase(*own, name) ? ticket : nullptr;
+}
+
 } // namespace
+
+// By the name first: few papers share one, and making a stock of each would be felt.
+bool HasPaper(const CFDictionary& papers, const Stock& stock)
+{
+    return std::any_of(papers.begin(), papers.end(), [&stock](const CFDictionary::Entry& each) {
+        const auto* ticket = NamedStock(each, stock.customName());
+        return ticket != nullptr && Stock(*ticket) == stock;
+    });
+}
 
 void UserPapers::load(const Stock& jobStock, const TicketSpecialPages& pages)
 {
@@ -109,15 +127,11 @@ void UserPapers::changed()
 
 std::string UserPapers::uuidOfName(const std::string& name) const
 {
-    const auto hasName = [&name](const CFDictionary::Entry& each) {
-        const auto* entry = each.value.get<CFDictionary>();
-        const auto* ticket = entry == nullptr ? nullptr : entry->get<CFDictionary>(EntryStockKey);
-        const auto* own =
-            ticket == nullptr ? nullptr : ticket->get<std::string>(StockCustomNameKey);
-        return own != nullptr && EqualIgnoringCase(*own, name);
-    };
     const CFDictionary& papers = *papers_;
-    const auto found = std::find_if(papers.begin(), papers.end(), hasName);
+    const auto found =
+        std::find_if(papers.begin(), papers.end(), [&name](const CFDictionary::Entry& each) {
+            return NamedStock(each, name) != nullptr;
+        });
     return found == papers.end() ? "" : found->key;
 }
 

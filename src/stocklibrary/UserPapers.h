@@ -2,14 +2,18 @@
 
 #include "prefs/PreferenceFiles.h"
 #include "records/Stock.h"
+#include "stocklibrary/StockLibraryList.h"
 
 #include <memory>
 #include <string>
 
 namespace tarvo {
 
-class StockLibraryList;
 struct TicketSpecialPages;
+
+/// Whether one of the papers is just that stock, by its custom name and all else.
+/// @param papers  uuid to entry, keys of StockLibraryKeys.h
+bool HasPaper(const CFDictionary& papers, const Stock& stock);
 
 /// The user's papers as they are looked at and changed. Every change is written at once and may
 /// wait for the disk, so it is for a task, one at a time; what cannot be written stays in memory
@@ -37,6 +41,9 @@ public:
     /// Marks a paper in use and puts it in front of the recently used ones. One of a printer's list
     /// is only put in front.
     void use(const std::string& uuid);
+
+    /// Whether the file has every change of the papers.
+    bool areSaved() const { return list_ == nullptr || list_->isSaved(); }
 
     /// Whether a paper has that custom name, in any case.
     bool hasName(const std::string& name) const;

@@ -40,6 +40,15 @@ TEST(StockNames, AreCutToCharactersAndNeverEmpty)
     EXPECT_EQ(stock.customName(), Repeated(255, "ü"));
 }
 
+TEST(StockNames, ArePlain)
+{
+    Stock stock;
+    EnterPaperName(stock, " \tGloss\r\nbrochure ü\x7f ");
+    EXPECT_EQ(stock.customName(), "Gloss  brochure ü");
+    EXPECT_FALSE(EnterCustomColor(stock, " \n"));
+    EXPECT_EQ(stock.customColor(), "");
+}
+
 TEST(StockModulus, StartsAtAProposalWithinItsRange)
 {
     EXPECT_EQ(SpinValue(OrderedModulusRange, UnsetValue), 5);

@@ -234,7 +234,8 @@ void DrawStockDialogs(const CFBundle& bundle, const std::string& prefix)
         RunModalNamedPaperStockSelection(bundle, nullptr, {}, stock, result, replaces);
     });
     DrawDialog(prefix + "-stock-library.png", [&] {
-        RunModalStockLibraryDialog(bundle, nullptr, JobContext::Cover, stock, result);
+        LibraryAnswer answer = LibraryAnswer::Cancelled;
+        RunModalStockLibraryDialog(bundle, nullptr, JobContext::Cover, stock, answer);
     });
     DrawDialog(prefix + "-stock-columns.png", [&] {
         StockLibraryView view;

@@ -8,6 +8,7 @@
 #include "platform/files/FileContents.h"
 #include "settings/TicketKeys.h"
 #include "shell/Shell.h"
+#include "stocklibrary/DemoPrinter.h"
 #include "support/BuiltBundle.h"
 #include "support/Widgets.h"
 
@@ -38,6 +39,10 @@ public:
         window_.show();
         start(session);
     }
+    PrintDialog(const PrintDialog&) = delete;
+    PrintDialog& operator=(const PrintDialog&) = delete;
+    ~PrintDialog() { shell_->close(); }
+
     // What another printer ends and begins while the window stays.
     void start(PMPrintSession& session)
     {
@@ -46,6 +51,7 @@ public:
         EXPECT_EQ(shell_->initialize(nullptr, GTK_CONTAINER(pane_.gobj()), &session), StatusOk);
     }
     void use() { shell_->makeCurrent(); }
+    void open() { EXPECT_EQ(shell_->open(), StatusOk); }
     Gtk::Window& window() { return window_; }
 
 private:
@@ -99,6 +105,15 @@ protected:
             }
         });
         return RunInBackground(&window, [] {});
+    }
+
+    static bool turnUntil(const std::function<bool()>& isReached)
+    {
+        for (int turn = 0; !isReached() && turn < 10'000; ++turn) {
+            TurnMainLoop();
+            g_usleep(1'000);
+        }
+        return isReached();
     }
 
     const DesktopServices former_ = TheDesktopServices();
@@ -171,6 +186,43 @@ TEST_F(SeveralDialogs, WhatHappensInAPanelsDialogIsAboutItsPrintDialog)
     EXPECT_EQ(sessionIn(ofSecond), &other_.session);
     EXPECT_EQ(sessionIn(ofApplication), &other_.session) << "nobody has gone elsewhere";
     EXPECT_EQ(sessionIn(notice), &first_.session);
+}
+
+// The newest dialog has the worker. After its end the others ask by themselves, each its printer.
+TEST_F(SeveralDialogs, APrintersPapersAreOfItsDialogAlone)
+{
+    const DemoPrinter printer({});
+    const DemoPrinter silent({"--misbehave", "silent"});
+    const auto uriOf = [](const DemoPrinter& each) { return "ipp://" + each.authority() + "/"; };
+    first_.session.currentPrinter.emplace().deviceUri = uriOf(printer);
+    other_.session.currentPrinter.emplace().deviceUri = uriOf(silent);
+    const PanelEnvironment& environment = ThePanelEnvironment();
+    dialog_->open();
+    ASSERT_TRUE(turnUntil([&] { return environment.printerStockList != nullptr; }));
+    const auto former = environment.printerStockList;
+
+    second_ = std::make_unique<PrintDialog>(other_.session);
+    second_->open();
+    EXPECT_TRUE(turnUntil(
+        [&] { return environment.printerStocksState().status == PrinterStockStatus::InProgress; }));
+    EXPECT_EQ(environment.printerStockList, nullptr);
+    dialog_->use();
+    EXPECT_EQ(environment.printerStocksState().status, PrinterStockStatus::Complete);
+    EXPECT_EQ(environment.printerStockList, former);
+
+    second_.reset();
+    bool isTold = false;
+    const WindowEventHandler window([&](const Event& /*event*/) {
+        environment.takePrinterStocks();
+        isTold = true;
+        return StatusOk;
+    });
+    environment.askForPrinterStocks(window.window());
+    EXPECT_EQ(environment.printerStocksState().status, PrinterStockStatus::InProgress);
+    EXPECT_TRUE(turnUntil([&] { return isTold; }));
+    EXPECT_EQ(environment.printerStocksState().status, PrinterStockStatus::Complete);
+    EXPECT_NE(environment.printerStockList, former);
+    EXPECT_EQ(environment.printerStockList->stockList().size(), DemoPrinter::MediaCount);
 }
 
 TEST_F(SeveralDialogs, AnExportIsOfTheJobWhoseButtonWasPressed)

@@ -367,6 +367,19 @@ TEST_F(StockThread, IsNotInProgressWhenItWasCalledOffBeforeItWasReady)
     EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);
 }
 
+// Another dialog of the process may still show the status.
+TEST_F(StockThread, IsNotInProgressAfterItsDialogHasClosed)
+{
+    const DemoPrinter printer({"--misbehave", "silent"});
+    spawn(printer.authority(), Hang * 100);
+    turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; });
+    EXPECT_TRUE(HasPrinterStockThread(window_.window()));
+    MyRemoveThread(window_.window());
+    EXPECT_FALSE(HasPrinterStockThread(window_.window()));
+    RetrievePrinterStocksFor(window_.window());
+    EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);
+}
+
 // An application that quits does not ask its dialogs to close.
 TEST(StockThreadDeathTest, LetsTheProcessEndWhileAPrinterIsSilent)
 {

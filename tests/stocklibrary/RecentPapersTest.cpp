@@ -42,7 +42,6 @@ protected:
     StockLibrary nameless_ = Paper("");
     StockLibrary printersOwn_ = Paper("Printer's", 3);
     StockLibraryList printers_;
-    LibraryPapers papers_{folders_, &printers_};
 };
 
 TEST_F(RecentPapersTest, AreThoseThatALibraryHas)
@@ -65,44 +64,34 @@ TEST_F(RecentPapersTest, AreNoMoreThanTheMenuTakes)
 TEST_F(RecentPapersTest, ComeToTheFrontWhenTheyAreUsed)
 {
     remember({own_.uuid()});
-    const auto stock = papers_.use(printersOwn_.uuid());
-    ASSERT_TRUE(stock.has_value());
-    EXPECT_EQ(stock->color(), 3);
-    EXPECT_EQ(printers_.entry(printersOwn_.uuid())->status(), 1);
+    RememberRecentPaper(folders_, printersOwn_.uuid());
     EXPECT_THAT(names(), ElementsAre("Printer's", "Own"));
-    EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
+    EXPECT_EQ(StockLibraryList(folders_).stockList().size(), 2U) << "it stays the printer's";
+    RememberRecentPaper(folders_, own_.uuid());
     EXPECT_EQ(StockLibraryList(folders_).entry(own_.uuid())->status(), 1);
     EXPECT_THAT(names(), ElementsAre("Own", "Printer's"));
-    EXPECT_EQ(papers_.use("gone"), std::nullopt);
-    EXPECT_THAT(names(), ElementsAre("Own", "Printer's"));
-    papers_.clearRecentlyUsed();
+    std::vector<Stock> stocks;
+    RecentPapers(folders_, &printers_, &stocks);
+    ASSERT_EQ(stocks.size(), 2U);
+    EXPECT_EQ(stocks[0].color(), 2);
+    EXPECT_EQ(stocks[1].color(), 3);
+    ForgetRecentPapers(folders_);
     EXPECT_THAT(names(), ElementsAre());
     EXPECT_EQ(StockLibraryList(folders_).stockList().size(), 2U);
 }
 
-TEST_F(RecentPapersTest, MatchTheirStocksInEitherLibrary)
+TEST_F(RecentPapersTest, StayAsTheyWereWhenNothingCanBeSaved)
 {
-    EXPECT_TRUE(papers_.haveMatch(own_.stock()));
-    EXPECT_TRUE(papers_.haveMatch(printersOwn_.stock()));
-    EXPECT_FALSE(papers_.haveMatch(Paper("Other").stock()));
-    EXPECT_FALSE(LibraryPapers(folders_, nullptr).haveMatch(printersOwn_.stock()));
-}
-
-TEST_F(RecentPapersTest, CanBeUsedThoughNothingCanBeSaved)
-{
+    remember({own_.uuid()});
     testing::internal::CaptureStderr();
     {
         const FailingCall call("write", ENOSPC);
-        EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
+        RememberRecentPaper(folders_, printersOwn_.uuid());
+        ForgetRecentPapers(folders_);
     }
-    // A link in the file's place is neither read nor written: the site's papers are left.
-    const std::string file = userPath("com.tarvo.print.stocklibrary");
-    std::filesystem::create_directories(folders_.site[0]);
-    std::filesystem::rename(file, sitePath("TarvoFeatures.plist"));
-    std::filesystem::create_symlink(sitePath("TarvoFeatures.plist"), file);
-    EXPECT_EQ(papers_.use(own_.uuid())->color(), 2);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "WriteUserPreferences() failed (28)\nWriteUserPreferences() failed (40)\n");
+              "WriteUserPreferences() failed (28)\nWriteUserPreferences() failed (28)\n");
+    EXPECT_THAT(names(), ElementsAre("Own"));
 }
 
 TEST_F(RecentPapersTest, AreInUseByTheJobThatNamesThem)

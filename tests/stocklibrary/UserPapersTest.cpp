@@ -106,9 +106,11 @@ TEST_F(UserPapersTest, StayInMemoryWhenTheyCannotBeSaved)
         papers_.add(named("Green", 4));
         EXPECT_THAT(shown(), ElementsAre("Blue:2 0", "Green:4 0"));
         EXPECT_THAT(stored(), ElementsAre("Blue:2 0"));
+        EXPECT_FALSE(papers_.areSaved());
     }
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "WriteUserPreferences() failed (28)\n");
     papers_.add(named("Red", 9)); // the disk has room again
+    EXPECT_TRUE(papers_.areSaved());
     EXPECT_THAT(stored(), ElementsAre("Blue:2 0", "Green:4 0", "Red:9 0"));
 }
 

@@ -48,11 +48,11 @@ constexpr PopupRow PopupMap[] = {
 constexpr std::size_t PopupCount = std::size(PopupMap) - 1;
 constexpr std::size_t SizePopup = 0;
 constexpr std::size_t CoatingPopup = 6;
+constexpr std::size_t WeightLikePopup = 1; // its first item says whose choice is left
 
 // What the dialog's pop-ups ask never comes from a library.
 class NoPapers : public NamedPapers {
 public:
-    bool haveMatch(const Stock& /*stock*/) override { return true; }
     std::optional<Stock> use(std::string_view /*uuid*/) override { return std::nullopt; }
     void clearRecentlyUsed() override {}
 };
@@ -135,6 +135,7 @@ private:
         for (std::size_t index = 0; index < PopupCount; ++index) {
             PopulatePopupButton(*popups_[index].get(), all[index]);
         }
+        isDefaultWeight_->set_label(all[WeightLikePopup].front().text); // of a page: of its job
         popups_[SizePopup]->set_sensitive(menus.isSizeEnabled);
         ShowSpin(*weight_.get(), StockWeightRange, edited_.weight());
     }
@@ -160,6 +161,7 @@ private:
     {
         for (std::size_t index = 0; index < PopupCount; ++index) {
             popups_[index]->signal_changed().connect(Guarded([this, index] { choose(index); }));
+            WhenChosenAgain(*popups_[index].get(), [this, index] { choose(index); });
         }
         const auto connectShown = [this](auto&& signal, void (AdvancedStockWindow::*enter)()) {
             signal.connect(Guarded([this, enter] {
@@ -181,7 +183,7 @@ private:
     void enterDefaultWeight() { ChooseDefaultWeight(edited_, isDefaultWeight_->get_active()); }
     void enterName() { EnterPaperName(edited_, name_->get_text().raw()); }
     void enterNameOnly() { edited_.setCustomNameOnly(isNameOnly_->get_active()); }
-    void enterComment() { edited_.setComment(comment_->get_text()); }
+    void enterComment() { edited_.setComment(PlainText(comment_->get_text().raw())); }
     void revert()
     {
         RevertAdvancedStock(edited_, request_.context);

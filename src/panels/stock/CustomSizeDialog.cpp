@@ -6,16 +6,19 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "platform/bundle/CFBundle.h"
 #include "platform/text/TextFormat.h"
 #include "printer/PPDKeywordInfo.h"
 #include "settings/NumberText.h"
 
+#include <atkmm/object.h>
 #include <gtkmm/radiobutton.h>
 #include <gtkmm/spinbutton.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 
 namespace tarvo {
 namespace {
@@ -39,6 +42,14 @@ std::optional<std::int32_t> NumberIn(const std::string& text, const CustomSizeEn
         return std::nullopt;
     }
     return static_cast<std::int32_t>(std::lround(number));
+}
+
+// As the spin writes it: what people group by thousands it would not take.
+std::string FieldText(std::int32_t value, const CustomSizeEntry& entry)
+{
+    const std::unique_ptr<char, decltype(&g_free)> text(
+        g_strdup_printf("%.*f", entry.decimals(), value / UnitsPerNumber(entry)), g_free);
+    return text.get();
 }
 
 StockDimensions LargestPage(const CustomSizeEntry& entry)
@@ -83,6 +94,7 @@ public:
         ShowDrawing(*outline_.get(), [this](const auto& context, const PictureBox& box) {
             DrawPageOutline(context, box, EnteredPage(entry_), LargestPage(entry_));
         });
+        outline_->get_accessible()->set_name(bundle_.localizedString("StockSize"));
         AcceptOnlyIf(*dialog_.get(), [this] { return accept(); });
         spins_[CustomSizeEntry::Width]->grab_focus();
         return RunModalWindow(bundle_, *dialog_.get(), parent);
@@ -165,9 +177,7 @@ private:
         shown_[field] = spin.get_value();
         if (!isValid(field)) {
             const auto wrong = entry_.value(field);
-            spin.set_text(
-                wrong ? CreateLocalizedCFStringFromNumberWithDecimals(*wrong, entry_.decimals())
-                      : "");
+            spin.set_text(wrong ? FieldText(*wrong, entry_) : "");
         }
     }
 

@@ -5,7 +5,9 @@
 #include "panels/stock/StockWindows.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/MenuWidget.h"
+#include "platform/ports/Task.h"
 #include "records/Stock.h"
+#include "records/StockDialogs.h"
 #include "records/StockMenu.h"
 #include "records/StockSummary.h"
 #include "stocklibrary/RecentPapers.h"
@@ -13,7 +15,9 @@
 #include <atkmm/object.h>
 #include <gtk/gtk.h>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace tarvo {
 namespace {
@@ -26,35 +30,49 @@ Gtk::Window* WindowOf(Gtk::Widget& widget)
     return dynamic_cast<Gtk::Window*>(widget.get_toplevel());
 }
 
-// The libraries, with the paper that the user has just chosen in the library's dialog: it counts
-// as one of the library even when that cannot be saved.
-class PapersWithChoice : public LibraryPapers {
+// The papers that an open menu offers. What choosing one changes in the user's file is left to a
+// task for which nobody waits: the disk may be slow, or another program hold the file.
+class OfferedPapers : public NamedPapers {
 public:
-    PapersWithChoice(StockLibraryList* printerList, const std::optional<Stock>& choice)
-        : LibraryPapers(UserPreferenceFolders(), printerList), choice_(choice)
+    explicit OfferedPapers(std::shared_ptr<StockLibraryList> printerList)
+        : printerList_(std::move(printerList)),
+          papers_(RecentPapers(UserPreferenceFolders(), printerList_.get(), &stocks_))
     {
     }
-    bool haveMatch(const Stock& stock) override
+
+    const std::vector<NamedPaper>& papers() const { return papers_; }
+
+    std::optional<Stock> use(std::string_view uuid) override
     {
-        return (choice_ && *choice_ == stock) || LibraryPapers::haveMatch(stock);
+        const auto paper =
+            std::find_if(papers_.begin(), papers_.end(),
+                         [uuid](const NamedPaper& each) { return each.uuid == uuid; });
+        if (paper == papers_.end()) {
+            return std::nullopt;
+        }
+        if (printerList_) {
+            printerList_->setInUse(paper->uuid);
+        }
+        changeFile([chosen = paper->uuid](const PreferenceFolders& folders) {
+            RememberRecentPaper(folders, chosen);
+        });
+        return stocks_[static_cast<std::size_t>(paper - papers_.begin())];
     }
+    void clearRecentlyUsed() override { changeFile(ForgetRecentPapers); }
 
 private:
-    const std::optional<Stock>& choice_;
-};
-
-class WindowsWithChoice : public StockWindows {
-public:
-    using StockWindows::StockWindows;
-    bool askStockLibrary(JobContext context, Stock& stock) override
+    template <typename Change>
+    static void changeFile(Change change)
     {
-        const bool isChosen = StockWindows::askStockLibrary(context, stock);
-        if (isChosen) {
-            choice = stock;
+        if (StartTask([change, folders = UserPreferenceFolders()] { change(folders); }) !=
+            StatusOk) {
+            change(UserPreferenceFolders());
         }
-        return isChosen;
     }
-    std::optional<Stock> choice;
+
+    std::shared_ptr<StockLibraryList> printerList_; // of the main thread
+    std::vector<Stock> stocks_;
+    std::vector<NamedPaper> papers_; // in the order of stocks_
 };
 
 } // namespace
@@ -67,7 +85,8 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
     Glib::RefPtr<Gtk::Button> menuButton;
     Glib::RefPtr<Gtk::Button> iconButton;
     Glib::RefPtr<Gtk::Label> summary;
-    std::unique_ptr<Gtk::Menu> menu; // the last one that was opened
+    std::unique_ptr<Gtk::Menu> menu;        // the last one that was opened
+    std::shared_ptr<OfferedPapers> offered; // in that menu
 
     void connect(Gtk::Button& button)
     {
@@ -117,9 +136,8 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         if (bundle == nullptr || stock == nullptr) {
             return;
         }
-        const auto printerList = ThePanelEnvironment().printerStockList;
-        const auto papers = RecentPapers(UserPreferenceFolders(), printerList.get());
-        menu = MakeMenuWidget(PopulateStockMenu(*bundle, context, *stock, papers),
+        offered = std::make_shared<OfferedPapers>(ThePanelEnvironment().printerStockList);
+        menu = MakeMenuWidget(PopulateStockMenu(*bundle, context, *stock, offered->papers()),
                               [weak = weak_from_this()](const MenuItem& item) {
                                   if (const auto state = weak.lock()) {
                                       state->choose(item);
@@ -135,12 +153,11 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         if (bundle == nullptr || stock == nullptr) {
             return;
         }
-        const auto printerList = ThePanelEnvironment().printerStockList;
+        const auto papers = offered; // a dialog may let another menu open
         Stock edited(*stock);
-        WindowsWithChoice dialogs(*bundle, WindowOf(*menuButton.get()));
-        PapersWithChoice papers(printerList.get(), dialogs.choice);
+        StockWindows dialogs(*bundle, WindowOf(*menuButton.get()));
         const StockMenuEffect effect =
-            StockMenuCommandEventHandler(item, context, edited, dialogs, papers);
+            StockMenuCommandEventHandler(item, context, edited, dialogs, *papers);
         if (stock == nullptr || !effect.changesStock) {
             return;
         }

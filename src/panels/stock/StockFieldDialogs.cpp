@@ -7,8 +7,11 @@
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
+#include "platform/bundle/CFBundle.h"
 #include "records/Stock.h"
 #include "records/StockDialogRules.h"
+
+#include <atkmm/object.h>
 
 #include <functional>
 
@@ -61,7 +64,7 @@ OSStatus RunTextWindow(const CFBundle& bundle, Gtk::Window* parent, const TextWi
     PrepareField(*dialog.get(), *field.get(), former, row.limit, row.isRequired);
     std::string text;
     AcceptOnlyIf(*dialog.get(), [&] {
-        text = field->get_text();
+        text = PlainText(field->get_text().raw());
         return !row.isRequired || !text.empty();
     });
     result = RunModalWindow(bundle, *dialog.get(), parent);
@@ -136,6 +139,7 @@ OSStatus RunModalPreCutTabStockSetup(const CFBundle& bundle, Gtk::Window* parent
     ShowDrawing(*picture.get(), [spin](const auto& context, const PictureBox& box) {
         DrawTabs(context, box, spin->get_value_as_int());
     });
+    picture->get_accessible()->set_name(bundle.localizedString("StockModulus"));
     spin->signal_value_changed().connect(Guarded([area = picture.get()] { area->queue_draw(); }));
     std::int32_t tabs = 0;
     AcceptOnlyIf(*dialog.get(), [&tabs, spin] {

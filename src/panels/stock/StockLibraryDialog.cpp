@@ -80,6 +80,13 @@ std::shared_ptr<const CFDictionary> PapersOfPrinter()
     return {list, list ? &list->stockList() : nullptr};
 }
 
+// Without a shell it is what the worker says.
+PrinterStocksState StateOfPrinter()
+{
+    const auto state = ThePanelEnvironment().printerStocksState;
+    return state ? state() : PrinterStocksState{CurrentPrinterStockStatus(), PrinterStocksCause()};
+}
+
 const char* StatusKey(PrinterStockStatus status)
 {
     switch (status) {
@@ -107,12 +114,13 @@ struct Buttons {
 class StockLibraryWindow {
 public:
     StockLibraryWindow(const CFBundle& bundle, Nib& nib, JobContext context, const Stock& stock,
-                       std::shared_ptr<UserPapers> papers)
+                       std::shared_ptr<UserPapers> papers, const StockLibraryView& view)
         : bundle_(bundle),
           context_(context),
           stock_(stock),
           papers_(std::move(papers)),
-          view_(ReadStockLibraryView(UserPreferenceFolders())),
+          mine_(papers_->papers()),
+          view_(view),
           dialog_(nib.window<Gtk::Dialog>("StockLibrary")),
           source_(nib.widget<Gtk::ComboBox>("TPDE1")),
           list_(nib.widget<Gtk::TreeView>("TPDE2")),
@@ -122,6 +130,7 @@ public:
           status_(nib.widget<Gtk::Label>("TPDE9")),
           events_([this](const Event& event) { return handleEvent(event); })
     {
+        hadPaper_ = isOfALibrary(stock);
     }
     StockLibraryWindow(const StockLibraryWindow&) = delete;
     StockLibraryWindow& operator=(const StockLibraryWindow&) = delete;
@@ -145,7 +154,7 @@ public:
         PopulatePopupButton(*source_.get(), sources);
         connect();
         showPapers(view_.selectedRow);
-        if (CurrentPrinterStockStatus() == PrinterStockStatus::InProgress) {
+        if (StateOfPrinter().status == PrinterStockStatus::InProgress) {
             SendMessageToThread(PollStatusMessage, WindowData(events_.window()));
         }
         list_->grab_focus();
@@ -156,8 +165,19 @@ public:
     }
 
     const Stock& stock() const { return stock_; }
+    /// Whether a library had the stock when this was opened and none has it now.
+    bool hasLost(const Stock& stock) const { return hadPaper_ && !isOfALibrary(stock); }
 
 private:
+    // A stock without a custom name came from no library.
+    bool isOfALibrary(const Stock& stock) const
+    {
+        const auto printers = ThePanelEnvironment().printerStockList;
+        return !stock.customName().empty() &&
+               (HasPaper(*mine_, stock) ||
+                (printers != nullptr && printers->findMatch(stock) != nullptr));
+    }
+
     bool showsMine() const { return GetPopupButtonTicketValue(*source_.get(), MyPaper) == MyPaper; }
 
     // Everything of fixed height and width: the list must not look at all of its rows.
@@ -206,8 +226,7 @@ private:
     // Shows the chosen library as it is now.
     void showPapers(const std::string& uuid)
     {
-        model_ =
-            StockListModel::Create(bundle_, showsMine() ? papers_->papers() : PapersOfPrinter());
+        model_ = StockListModel::Create(bundle_, showsMine() ? mine_ : PapersOfPrinter());
         list_->set_model(model_);
         list_->set_search_column(0); // a new model forgets it
         const auto row = uuid.empty() ? std::nullopt : model_->rowOf(uuid);
@@ -241,7 +260,7 @@ private:
     {
         const auto paper = selected();
         const bool isMine = showsMine();
-        const PrinterStockStatus status = CurrentPrinterStockStatus();
+        const PrinterStockStatus status = StateOfPrinter().status;
         const bool canAsk =
             status == PrinterStockStatus::Complete || status == PrinterStockStatus::Failed;
         buttons_.add->set_sensitive(isMine);
@@ -250,11 +269,14 @@ private:
         buttons_.copy->set_sensitive(!isMine && paper);
         buttons_.refresh->set_sensitive(!isMine && canAsk);
         dialog_->set_response_sensitive(Gtk::RESPONSE_OK, paper && !paper->isInvalid());
-        status_->set_text(isMine ? ownStatus(paper) : printerStatus(status));
+        status_->set_text(isMine ? ownStatus(paper) : printerStatus(paper));
     }
 
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
     {
+        if (!areSaved_) {
+            return bundle_.localizedString("StockLibraryNotSaved");
+        }
         if (model_->size() == 0) {
             return bundle_.localizedString("StockLibraryEmpty");
         }
@@ -267,10 +289,19 @@ private:
                                   : "";
     }
 
-    std::string printerStatus(PrinterStockStatus status) const
+    std::string printerStatus(const std::optional<StockLibrary>& paper) const
     {
-        const char* key = StatusKey(status);
-        return key == nullptr ? "" : bundle_.localizedString(key);
+        const PrinterStocksState state = StateOfPrinter();
+        if (const char* key = StatusKey(state.status)) {
+            return bundle_.localizedString(key);
+        }
+        if (paper && paper->isInvalid()) {
+            return bundle_.localizedString("PrinterPaperNotOffered");
+        }
+        if (!state.cause.empty()) { // a former list stays, but is not the newest
+            return FilledFormat(bundle_.localizedString("PrinterLibraryNotRead"), state.cause);
+        }
+        return model_->size() == 0 ? bundle_.localizedString("PrinterLibraryEmpty") : "";
     }
 
     // Works on the library in a task, then shows it. The application may end the dialog meanwhile.
@@ -283,6 +314,8 @@ private:
         if (!isDone || !dialog_->get_mapped()) {
             return;
         }
+        mine_ = papers_->papers();
+        areSaved_ = papers_->areSaved();
         showPapers(*uuid);
         if (Gtk::Widget* focus = dialog_->get_focus(); focus == nullptr || !focus->is_sensitive()) {
             list_->grab_focus(); // the button that was pressed has nothing left to do
@@ -374,13 +407,18 @@ private:
             return std::string(uuid);
         });
         if (dialog_->get_mapped()) {
-            status_->set_text(bundle_.localizedString("StockLibraryCopied"));
+            status_->set_text(
+                bundle_.localizedString(areSaved_ ? "StockLibraryCopied" : "StockLibraryNotSaved"));
         }
     }
 
     void refresh()
     {
-        RetrievePrinterStocksFor(events_.window());
+        if (const auto ask = ThePanelEnvironment().askForPrinterStocks) {
+            ask(events_.window());
+        } else {
+            RetrievePrinterStocksFor(events_.window());
+        }
         showState();
     }
 
@@ -395,7 +433,7 @@ private:
             ThePanelEnvironment().printerStockList = stocks;
         }
         if (!showsMine()) {
-            showPapers("");
+            showPapers(selectedUuid()); // without an answer the papers are the same
         }
         return StatusOk;
     }
@@ -426,13 +464,13 @@ private:
         RunInBackground(dialog_.get(), save);
     }
 
-    // The widths that differ from those that were shown.
+    // The widths that the user has set; the last column may be stretched besides.
     auto widths() const
     {
         auto widths = view_.widths;
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             const Gtk::TreeViewColumn* shown = list_->get_column(static_cast<int>(column));
-            const int width = shown->get_width();
+            const int width = shown->get_fixed_width();
             const int former = view_.widths[column] ? *view_.widths[column] : UsualWidth(column);
             if (shown->get_visible() && width > 0 && width != former) {
                 widths[column] = static_cast<std::int16_t>(std::min(width, 32'767));
@@ -461,6 +499,9 @@ private:
     JobContext context_;
     Stock stock_;
     std::shared_ptr<UserPapers> papers_; // of a task while one runs
+    std::shared_ptr<const CFDictionary> mine_;
+    bool hadPaper_ = false;
+    bool areSaved_ = true; // what the user has changed
     StockLibraryView view_;
     Glib::RefPtr<StockListModel> model_;
     Glib::RefPtr<Gtk::Dialog> dialog_;
@@ -474,26 +515,33 @@ private:
 } // namespace
 
 OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent, JobContext context,
-                                    Stock& stock, std::int32_t& result)
+                                    Stock& stock, LibraryAnswer& answer)
 {
-    result = DialogCancel;
+    answer = LibraryAnswer::Cancelled;
     const auto papers = std::make_shared<UserPapers>(UserPreferenceFolders());
     const auto job = std::make_shared<JobStocks>(StocksOfJob(context, stock));
-    if (!RunInBackground(parent, [papers, job] { papers->load(job->stock, job->pages); })) {
+    const auto view = std::make_shared<StockLibraryView>();
+    const auto load = [papers, job, view] {
+        papers->load(job->stock, job->pages);
+        *view = ReadStockLibraryView(UserPreferenceFolders()); // of the same file, however large
+    };
+    if (!RunInBackground(parent, load)) {
         return StatusOk; // the print dialog has gone
     }
     auto nib = Nib::Open(bundle, "StockLibrary");
     if (!nib) {
         return StatusNoWindow;
     }
-    StockLibraryWindow window(bundle, *nib, context, stock, papers);
+    StockLibraryWindow window(bundle, *nib, context, stock, papers, *view);
     if (!nib->isComplete()) {
         return StatusNoWindow;
     }
     nib.reset();
-    result = window.run(parent);
-    if (result == DialogOk) {
+    if (window.run(parent) == DialogOk) {
+        answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());
+    } else if (window.hasLost(stock)) {
+        answer = LibraryAnswer::PaperLost;
     }
     return StatusOk;
 }

@@ -1,5 +1,6 @@
 #include "panels/stock/StockListModel.h"
 
+#include "platform/text/Utf8.h"
 #include "stocklibrary/StockColumnTexts.h"
 
 #include <gtk/gtk.h>
@@ -13,6 +14,9 @@ namespace {
 
 // Iterators of this kind of model alone.
 constexpr int Stamp = 0x5A17;
+
+// The toolkit measures all of a text, of which a printer may send 32 KB; no column shows more.
+constexpr std::size_t MostCellCharacters = 255;
 
 // A list asks for the next row of all rows before its first paint, which takes the binding several
 // milliseconds for 10,000; so the toolkit gets a function that it can call at once.
@@ -97,7 +101,8 @@ void StockListModel::get_value_vfunc(const iterator& row, int column, Glib::Valu
         g_value_set_int(value.gobj(), IsInUse(paper) ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     } else {
         const std::string text = StockColumnText(bundle_, paper, static_cast<std::size_t>(column));
-        g_value_set_string(value.gobj(), text.c_str());
+        const std::string beginning(Utf8FirstCharacters(text, MostCellCharacters));
+        g_value_set_string(value.gobj(), beginning.c_str());
     }
 }
 

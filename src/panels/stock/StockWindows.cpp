@@ -64,11 +64,11 @@ bool StockWindows::askPaperName(std::string& name)
     return result == DialogOk;
 }
 
-bool StockWindows::askStockLibrary(JobContext context, Stock& stock)
+LibraryAnswer StockWindows::askStockLibrary(JobContext context, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalStockLibraryDialog(bundle_, parent_, context, stock, result);
-    return result == DialogOk;
+    LibraryAnswer answer = LibraryAnswer::Cancelled;
+    RunModalStockLibraryDialog(bundle_, parent_, context, stock, answer);
+    return answer;
 }
 
 } // namespace tarvo

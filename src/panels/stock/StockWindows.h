@@ -24,7 +24,7 @@ public:
     bool askDescription(JobContext context, Stock& stock) override;
     bool askAdvancedSelection(JobContext context, Stock& stock) override;
     bool askPaperName(std::string& name) override;
-    bool askStockLibrary(JobContext context, Stock& stock) override;
+    LibraryAnswer askStockLibrary(JobContext context, Stock& stock) override;
 
 private:
     const CFBundle& bundle_;

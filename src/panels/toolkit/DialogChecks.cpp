@@ -4,18 +4,37 @@
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
+#include "platform/text/WhiteSpace.h"
 
+#include <gtkmm/box.h>
+#include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 
 #include <cstdint>
 
 namespace tarvo {
 
+namespace {
+
+// A name without a blank would make the window wider than the screen.
+void WrapLongWords(Gtk::MessageDialog& window)
+{
+    for (Gtk::Widget* child : window.get_message_area()->get_children()) {
+        if (auto* label = dynamic_cast<Gtk::Label*>(child)) {
+            label->set_line_wrap_mode(Pango::WRAP_WORD_CHAR);
+        }
+    }
+}
+
+} // namespace
+
 void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
 {
     GtkDialog* const window = dialog.gobj();
-    dialog.signal_response().connect(Guarded([window, accept](int response) {
-                                         if (response == Gtk::RESPONSE_OK && !accept()) {
+    // An exception is no consent: it gives false.
+    const auto accepts = Guarded(accept);
+    dialog.signal_response().connect(Guarded([window, accepts](int response) {
+                                         if (response == Gtk::RESPONSE_OK && !accepts()) {
                                              g_signal_stop_emission_by_name(window, "response");
                                          }
                                      }),
@@ -25,10 +44,13 @@ void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept)
 void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit)
 {
     Gtk::Dialog* const window = &dialog;
-    dialog.set_response_sensitive(Gtk::RESPONSE_OK, field.get_text_length() > 0);
-    LimitInputLength(&field, static_cast<std::int32_t>(limit), [window](const Event& event) {
-        window->set_response_sensitive(Gtk::RESPONSE_OK, event.kind == FieldFilled.kind);
-    });
+    Gtk::Entry* const entry = &field;
+    const auto showState = [window, entry] {
+        window->set_response_sensitive(Gtk::RESPONSE_OK, !Trimmed(entry->get_text().raw()).empty());
+    };
+    showState();
+    LimitInputLength(&field, static_cast<std::int32_t>(limit),
+                     [showState](const Event& /*event*/) { showState(); });
 }
 
 bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
@@ -39,6 +61,7 @@ bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& que
     window.add_button(bundle.localizedString(noKey), Gtk::RESPONSE_CANCEL);
     window.add_button(bundle.localizedString(yesKey), Gtk::RESPONSE_OK);
     window.set_default_response(Gtk::RESPONSE_CANCEL);
+    WrapLongWords(window);
     return RunModalWindow(bundle, window, parent) == DialogOk;
 }
 

@@ -15,7 +15,7 @@ class CFBundle;
 /// the function uses must be there as long as the dialog runs.
 void AcceptOnlyIf(Gtk::Dialog& dialog, const std::function<bool()>& accept);
 
-/// Limits the field's characters, and disables OK while it is empty.
+/// Limits the field's characters, and disables OK while it is empty or blank.
 void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit);
 
 /// Asks for a decision. Return and Escape both mean that the user does not want it.

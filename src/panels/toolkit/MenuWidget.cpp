@@ -3,10 +3,14 @@
 #include "panels/toolkit/Guarded.h"
 
 #include <gtkmm/checkmenuitem.h>
+#include <gtkmm/label.h>
 #include <gtkmm/separatormenuitem.h>
 
 namespace tarvo {
 namespace {
+
+// A paper's name has up to 255 characters, more than a screen is wide.
+constexpr int MostItemCharacters = 60;
 
 void AppendItems(Gtk::Menu& widget, const Menu& menu, const MenuItemFunction& onChoose);
 
@@ -26,6 +30,10 @@ void AppendItem(Gtk::Menu& widget, const MenuItem& item, const MenuItemFunction&
 {
     Gtk::MenuItem* const row = MakeItem(item);
     row->set_sensitive(item.isEnabled);
+    if (auto* label = dynamic_cast<Gtk::Label*>(row->get_child())) {
+        label->set_ellipsize(Pango::ELLIPSIZE_END);
+        label->set_max_width_chars(MostItemCharacters);
+    }
     if (item.submenu.empty()) {
         row->signal_activate().connect(Guarded([item, onChoose] { onChoose(item); }));
     } else {

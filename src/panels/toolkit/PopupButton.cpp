@@ -2,11 +2,14 @@
 
 #include "panels/toolkit/Guarded.h"
 
+#include <gtk/gtk.h>
 #include <gtkmm/cellrenderertext.h>
 #include <gtkmm/liststore.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
+#include <utility>
 
 namespace tarvo {
 namespace {
@@ -83,6 +86,36 @@ bool HasItems(const Gtk::ComboBox& button, const Menu& menu)
                       });
 }
 
+// Lives as long as its button.
+struct ChoiceWatch {
+    std::function<void()> function;
+    int former = -1; // chosen when the menu was opened
+};
+
+void OnMenuActivate(GtkWidget* /*menu*/, const char* path, ChoiceWatch* watch)
+{
+    if (path != std::to_string(std::exchange(watch->former, -1))) {
+        return;
+    }
+    const auto function = watch->function; // it may end the button
+    function();
+}
+
+// The toolkit makes the menu as late as it likes, and another one with another style.
+void WatchMenu(GtkComboBox* button, ChoiceWatch* watch)
+{
+    AtkObject* accessible = gtk_combo_box_get_popup_accessible(button);
+    GtkWidget* menu = GTK_IS_ACCESSIBLE(accessible)
+                          ? gtk_accessible_get_widget(GTK_ACCESSIBLE(accessible))
+                          : nullptr;
+    if (menu == nullptr || g_signal_lookup("menu-activate", G_OBJECT_TYPE(menu)) == 0) {
+        return; // a list
+    }
+    watch->former = gtk_combo_box_get_active(button);
+    g_signal_handlers_disconnect_by_data(menu, watch);
+    g_signal_connect(menu, "menu-activate", G_CALLBACK(OnMenuActivate), watch);
+}
+
 } // namespace
 
 void PopulatePopupButton(Gtk::ComboBox& button, const Menu& menu)
@@ -115,6 +148,25 @@ std::int32_t GetPopupButtonTicketValue(const Gtk::ComboBox& button, std::int32_t
 {
     const auto row = button.get_active();
     return row ? (*row)[TheColumns().value] : otherwise;
+}
+
+void WhenChosenAgain(Gtk::ComboBox& button, std::function<void()> function)
+{
+    auto owner = std::make_unique<ChoiceWatch>();
+    ChoiceWatch* const watch = owner.get();
+    watch->function = Guarded(std::move(function));
+    g_object_set_data_full(
+        G_OBJECT(button.gobj()), "tarvo-choice-watch", owner.release(), [](gpointer data) {
+            const std::unique_ptr<ChoiceWatch> gone(static_cast<ChoiceWatch*>(data));
+        });
+    GtkComboBox* const combo = button.gobj();
+    button.property_popup_shown().signal_changed().connect(Guarded([combo, watch] {
+        gboolean isShown = FALSE;
+        g_object_get(combo, "popup-shown", &isShown, nullptr);
+        if (isShown != FALSE) {
+            WatchMenu(combo, watch);
+        }
+    }));
 }
 
 } // namespace tarvo

@@ -5,6 +5,7 @@
 #include <gtkmm/combobox.h>
 
 #include <cstdint>
+#include <functional>
 
 namespace tarvo {
 
@@ -20,5 +21,9 @@ void SetPopupButtonToTicketValue(Gtk::ComboBox* button, std::int32_t value);
 
 /// The value of the chosen item; `otherwise` when nothing is chosen.
 std::int32_t GetPopupButtonTicketValue(const Gtk::ComboBox& button, std::int32_t otherwise);
+
+/// Calls the function when the user opens the menu and chooses the item that is chosen already, of
+/// which "changed" says nothing: "Custom…" is to ask again.
+void WhenChosenAgain(Gtk::ComboBox& button, std::function<void()> function);
 
 } // namespace tarvo

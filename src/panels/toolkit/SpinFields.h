@@ -8,7 +8,8 @@
 
 namespace tarvo {
 
-/// Shows the stored number, or the nearest or proposed one, and bounds what can be entered.
+/// Shows the stored number, or the nearest or proposed one, and bounds what can be entered. A field
+/// that is left empty goes back to its former number.
 void ShowSpin(Gtk::SpinButton& spin, const SpinRange& range, std::int32_t stored);
 
 /// The number, with what was typed last.

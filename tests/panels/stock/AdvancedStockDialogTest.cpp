@@ -137,6 +137,51 @@ TEST_F(AdvancedStockDialog, ShowsWhatOneChoiceMakesOfTheOthers)
     EXPECT_EQ(stock.description(), "");
 }
 
+// Opens the pop-up's menu and leaves it.
+void OpenMenu(Gtk::ComboBox& popup, bool choosesTheSame)
+{
+    AtkObject* accessible = gtk_combo_box_get_popup_accessible(popup.gobj());
+    auto* menu = GTK_MENU_SHELL(gtk_accessible_get_widget(GTK_ACCESSIBLE(accessible)));
+    for (int turn = 0; turn < 1'000 && gtk_widget_get_mapped(GTK_WIDGET(menu)) == FALSE; ++turn) {
+        popup.popup();
+        TurnMainLoop();
+        g_usleep(1'000);
+    }
+    ASSERT_TRUE(gtk_widget_get_mapped(GTK_WIDGET(menu)));
+    if (choosesTheSame) {
+        gtk_menu_shell_select_first(menu, FALSE);
+        const std::unique_ptr<GList, decltype(&g_list_free)> items(
+            gtk_container_get_children(GTK_CONTAINER(menu)), g_list_free);
+        const auto active = static_cast<guint>(popup.get_active_row_number());
+        gtk_menu_shell_activate_item(menu, GTK_WIDGET(g_list_nth_data(items.get(), active)), TRUE);
+    } else {
+        gtk_menu_shell_cancel(menu);
+    }
+    TurnMainLoop();
+}
+
+TEST_F(AdvancedStockDialog, AsksAgainForWhatIsChosenAlready)
+{
+    Stock stock = StockOf("Color=10 CustomColor=Lime");
+    const DialogScript user({
+        {MenuWindow,              [](Gtk::Dialog& dialog) { OpenMenu(popup(dialog, "2"), true); }},
+        {"CustomStockColorSetup",
+         [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE1")->get_text(), "Lime");
+             FindWidget<Gtk::Entry>(dialog, "TPDE1")->set_text("Moss");
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                                                                       },
+        {MenuWindow,
+         [](Gtk::Dialog& dialog) {
+             OpenMenu(popup(dialog, "2"), false);
+             EXPECT_EQ(DialogScript::InFront(), &dialog) << "Escape asks nothing";
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                                                                       },
+    });
+    EXPECT_EQ(run(stock), DialogOk);
+    EXPECT_EQ(StockText(stock), "Color=10 CustomColor=Moss");
+}
+
 TEST_F(AdvancedStockDialog, GoesBackToTheDefaults)
 {
     Stock stock = StockOf("Size=4 Type=7 Weight=120 Punched=2 Description=thick CustomComment=top "

@@ -144,6 +144,34 @@ TEST_F(CustomSizeDialog, SaysWhichSizesThePrinterTakes)
     }
 }
 
+TEST_F(CustomSizeDialog, KeepsWhatIsNotTouched)
+{
+    width_ = 21007;
+    length_ = 29704;
+    const DialogScript user({
+        {"Custom", [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(shown(dialog), "210.0 297.0");
+             spin(dialog, "TPDE1").set_text("200");
+             dialog.response(Gtk::RESPONSE_OK);
+         }}
+    });
+    EXPECT_EQ(run(), DialogOk);
+    EXPECT_EQ(size(), std::pair(20000, 29704));
+}
+
+// A number field takes no separator of thousands.
+TEST_F(CustomSizeDialog, ShowsASizeOfThousands)
+{
+    length_ = 200000;
+    const DialogScript user({
+        {"Custom", [](Gtk::Dialog& dialog) {
+             EXPECT_EQ(shown(dialog), "200.0 2000.0");
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }}
+    });
+    EXPECT_EQ(run(), DialogCancel);
+}
+
 // A stock of another printer keeps its size until the user changes it.
 TEST_F(CustomSizeDialog, ShowsASizeThatThePrinterDoesNotTake)
 {
@@ -151,7 +179,7 @@ TEST_F(CustomSizeDialog, ShowsASizeThatThePrinterDoesNotTake)
     const DialogScript user({
         {"Custom",
          [](Gtk::Dialog& dialog) {
-             EXPECT_EQ(shown(dialog), "200.0 600");
+             EXPECT_EQ(shown(dialog), "200.0 600.0");
              dialog.response(Gtk::RESPONSE_OK);
          }                                  },
         {"",       Respond(Gtk::RESPONSE_OK)},

@@ -2,12 +2,15 @@
 
 #include "DialogScript.h"
 #include "StockFixture.h"
+#include "platform/files/FileLock.h"
 #include "prefs/FailingCall.h"
 #include "stocklibrary/RecentPapers.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/checkmenuitem.h>
 #include <gtkmm/menu.h>
+
+#include <chrono>
 
 namespace tarvo {
 namespace {
@@ -83,6 +86,23 @@ protected:
         TurnMainLoop();
     }
 
+    static std::string recent()
+    {
+        std::string names;
+        for (const NamedPaper& paper : RecentPapers(UserPreferenceFolders(), nullptr)) {
+            names += paper.name + " ";
+        }
+        return names;
+    }
+    static bool turnUntil(const std::function<bool()>& isReached)
+    {
+        for (int turn = 0; !isReached() && turn < 10'000; ++turn) {
+            TurnMainLoop();
+            g_usleep(1'000);
+        }
+        return isReached();
+    }
+
     Stock stock_;
     int changes_ = 0;
     std::unique_ptr<Gtk::Window> window_;
@@ -133,19 +153,33 @@ TEST_F(StockControlTest, AsksForWhatAChoiceNeeds)
 
 TEST_F(StockControlTest, OffersNamedPapersTheMostRecentlyUsedFirst)
 {
-    save("Blue", 2);
-    LibraryPapers papers(UserPreferenceFolders(), nullptr);
-    papers.use(save("Green", 4));
-    papers.use(ReadUserStockList(UserPreferenceFolders())->stockList().begin()->key);
+    const std::string blue = save("Blue", 2);
+    RememberRecentPaper(UserPreferenceFolders(), save("Green", 4));
+    RememberRecentPaper(UserPreferenceFolders(), blue);
     choose({"Stock Library", "Green"});
     EXPECT_EQ(stock_.color(), 4);
     EXPECT_EQ(stock_.customName(), "Green");
-    EXPECT_EQ(RecentPapers(UserPreferenceFolders(), nullptr)[0].name, "Green");
+    EXPECT_TRUE(turnUntil([this] { return recent() == "Green Blue "; }));
     choose({"Stock Library", "Clear Recently Used"});
-    EXPECT_TRUE(RecentPapers(UserPreferenceFolders(), nullptr).empty());
+    EXPECT_TRUE(turnUntil([this] { return recent().empty(); }));
     EXPECT_EQ(stock_.customName(), "Green");
     choose({"Punching", "Punched"});
     EXPECT_EQ(stock_.customName(), "") << "it is not that paper any more";
+}
+
+// Another program holds the file for as long as it likes.
+TEST_F(StockControlTest, DoesNotWaitForTheLibrarysFile)
+{
+    RememberRecentPaper(UserPreferenceFolders(), save("Blue", 2));
+    RememberRecentPaper(UserPreferenceFolders(), save("Green", 4));
+    auto held = std::make_unique<FileLock>(libraryPath() + ".lock", std::chrono::seconds(5));
+    const auto start = std::chrono::steady_clock::now();
+    choose({"Stock Library", "Blue"});
+    EXPECT_EQ(stock_.customName(), "Blue");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_EQ(recent(), "Green Blue ");
+    held.reset();
+    EXPECT_TRUE(turnUntil([] { return recent() == "Blue Green "; }));
 }
 
 TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
@@ -154,13 +188,18 @@ TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
     testing::internal::CaptureStderr();
     const DialogScript user({
         {"StockLibrary",
-         [](Gtk::Dialog& dialog) { FindWidget<Gtk::Button>(dialog, "TPDE3")->clicked(); }          },
+         [](Gtk::Dialog& dialog) { FindWidget<Gtk::Button>(dialog, "TPDE3")->clicked(); }},
         {"NamedPaperStockSelection",
          [](Gtk::Dialog& dialog) {
              FindWidget<Gtk::Entry>(dialog, "TPDE12")->set_text("New");
              dialog.response(Gtk::RESPONSE_OK);
-         }                                                                                         },
-        {"StockLibrary",             [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); }},
+         }                                                                               },
+        {"StockLibrary",
+         [](Gtk::Dialog& dialog) {
+             EXPECT_THAT(FindWidget<Gtk::Label>(dialog, "TPDE9")->get_text().raw(),
+                         testing::HasSubstr("could not be saved"));
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                                                               },
     });
     choose({"Stock Library", "Open Stock Library…"});
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
@@ -182,7 +221,7 @@ TEST_F(StockControlTest, MayGoWhileADialogIsOpen)
     EXPECT_EQ(stock_, Stock());
     EXPECT_EQ(changes_, 0);
     menu_->clicked();
-    window_.reset();
+    EXPECT_EQ(openMenu(), nullptr) << "the button stays, without effect";
 }
 
 } // namespace

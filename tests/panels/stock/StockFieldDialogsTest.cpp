@@ -95,6 +95,8 @@ TEST(StockFieldDialogs, TakeNoEmptyNameAndCutALongOne)
              EXPECT_TRUE(CanPressOk(dialog));
              field->set_text("");
              EXPECT_FALSE(CanPressOk(dialog));
+             field->set_text("  ");
+             EXPECT_FALSE(CanPressOk(dialog));
              Press(dialog, GDK_KEY_Return);
              EXPECT_TRUE(dialog.get_mapped());
              field->set_text(longest + "bc"); // as a paste does
@@ -105,6 +107,21 @@ TEST(StockFieldDialogs, TakeNoEmptyNameAndCutALongOne)
     EXPECT_EQ(RunModalStockNameSetup(bundle, nullptr, name, result), StatusOk);
     EXPECT_EQ(result, DialogOk);
     EXPECT_EQ(name, longest);
+}
+
+TEST(StockFieldDialogs, GoBackToTheNumberOfAnEmptyField)
+{
+    const CFBundle bundle = BuiltBundle();
+    Stock stock = StockOf("Type=4 Modulus=9");
+    std::int32_t result = 0;
+    const DialogScript user({
+        {"PreCutTabStockSetup", [](Gtk::Dialog& dialog) {
+             FindWidget<Gtk::SpinButton>(dialog, "TPDE1")->set_text("");
+             dialog.response(Gtk::RESPONSE_OK);
+         }}
+    });
+    EXPECT_EQ(RunModalPreCutTabStockSetup(bundle, nullptr, stock, result), StatusOk);
+    EXPECT_EQ(StockText(stock), "Type=4 Modulus=9");
 }
 
 OSStatus RunSize(const CFBundle& bundle, Gtk::Window* parent, Stock& stock, std::int32_t& result)
@@ -122,7 +139,11 @@ OSStatus RunAdvanced(const CFBundle& bundle, Gtk::Window* parent, Stock& stock,
 
 OSStatus RunLibrary(const CFBundle& bundle, Gtk::Window* parent, Stock& stock, std::int32_t& result)
 {
-    return RunModalStockLibraryDialog(bundle, parent, JobContext::Cover, stock, result);
+    LibraryAnswer answer = LibraryAnswer::Chosen;
+    const OSStatus status =
+        RunModalStockLibraryDialog(bundle, parent, JobContext::Cover, stock, answer);
+    result = answer == LibraryAnswer::Chosen ? DialogOk : DialogCancel;
+    return status;
 }
 
 TEST(StockDialogs, AreGoneAfterwards)

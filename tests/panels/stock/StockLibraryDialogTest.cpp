@@ -38,14 +38,14 @@ class StockLibraryDialog : public StockFixture {
 protected:
     ~StockLibraryDialog() override { MyRemoveThread(0); }
 
-    std::int32_t run(Stock& stock, Gtk::Window* parent = nullptr)
+    LibraryAnswer run(Stock& stock, Gtk::Window* parent = nullptr)
     {
-        std::int32_t result = 0;
-        EXPECT_EQ(RunModalStockLibraryDialog(*bundle_, parent, JobContext::Cover, stock, result),
+        LibraryAnswer answer = LibraryAnswer::PaperLost;
+        EXPECT_EQ(RunModalStockLibraryDialog(*bundle_, parent, JobContext::Cover, stock, answer),
                   StatusOk);
-        return result;
+        return answer;
     }
-    std::int32_t run(Gtk::Window* parent = nullptr)
+    LibraryAnswer run(Gtk::Window* parent = nullptr)
     {
         Stock stock;
         return run(stock, parent);
@@ -125,7 +125,7 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
                  list(dialog).row_activated(Gtk::TreePath("1"), *list(dialog).get_column(0));
              }}
         });
-        EXPECT_EQ(run(stock), DialogOk);
+        EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     }
     EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
     const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
@@ -141,7 +141,7 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
              Press(dialog, GDK_KEY_Escape);
          }}
     });
-    EXPECT_EQ(run(stock), DialogCancel);
+    EXPECT_EQ(run(stock), LibraryAnswer::Cancelled);
     EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
     EXPECT_EQ(ReadStockLibraryView(UserPreferenceFolders()).selectedRow, green);
 }
@@ -180,8 +180,66 @@ TEST_F(StockLibraryDialog, KeepsTheUsersPapers)
         {"",                    Respond(Gtk::RESPONSE_OK)                                                        },
         {Library,                         Respond(Gtk::RESPONSE_CANCEL)         },
     });
-    EXPECT_EQ(run(), DialogCancel);
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
     EXPECT_THAT(saved(), ElementsAre("Blue:4")) << "whatever the result";
+}
+
+struct LostCase {
+    const char* name;
+    const char* stock;
+    bool isDeleted; // the first paper, while the dialog is open
+    LibraryAnswer answer;
+};
+
+constexpr LostCase LostCases[] = {
+    {"another one is deleted",     "Color=4 CustomName=Teal", true,  LibraryAnswer::Cancelled},
+    {"its own one is deleted",     "Color=2 CustomName=Blue", true,  LibraryAnswer::PaperLost},
+    {"of its name, but different", "Color=3 CustomName=Blue", true,  LibraryAnswer::Cancelled},
+    {"a printer's, not told yet",  "CustomName=Far",          true,  LibraryAnswer::Cancelled},
+    {"never named",                "Color=2",                 true,  LibraryAnswer::Cancelled},
+    {"its paper is there",         "Color=2 CustomName=blue", false, LibraryAnswer::Cancelled},
+};
+
+TEST_F(StockLibraryDialog, TellsOfAPaperThatIsLostWhileItIsOpen)
+{
+    save("Teal", 4);
+    for (const auto& row : LostCases) {
+        SCOPED_TRACE(row.name);
+        std::vector<DialogScript::Step> steps;
+        if (row.isDeleted) {
+            steps = {
+                {Library, pressing(Delete, 1)},
+                {"",       Respond(Gtk::RESPONSE_OK)                    }
+            };
+        }
+        save("Blue", 2);
+        steps.push_back({Library, Respond(Gtk::RESPONSE_CANCEL)});
+        const DialogScript user(steps);
+        Stock stock = StockOf(row.stock);
+        EXPECT_EQ(run(stock), row.answer);
+        EXPECT_EQ(StockText(stock), row.stock) << "for the caller to decide";
+    }
+}
+
+TEST_F(StockLibraryDialog, ComparesWithThePrintersPapersOfTheEnd)
+{
+    StockLibrary far = Paper("Far");
+    const auto listOf = [](StockLibrary paper) {
+        auto list = std::make_shared<StockLibraryList>();
+        list->add(paper);
+        return list;
+    };
+    for (const bool isLost : {false, true}) {
+        ThePanelEnvironment().printerStockList = listOf(far);
+        const DialogScript user({
+            {Library, [&](Gtk::Dialog& dialog) {
+                 ThePanelEnvironment().printerStockList = listOf(isLost ? Paper("Near") : far);
+                 dialog.response(Gtk::RESPONSE_CANCEL);
+             }}
+        });
+        Stock stock = far.stock();
+        EXPECT_EQ(run(stock), isLost ? LibraryAnswer::PaperLost : LibraryAnswer::Cancelled);
+    }
 }
 
 TEST_F(StockLibraryDialog, ShowsButDoesNotGiveAPaperThatIsNotOffered)
@@ -199,7 +257,7 @@ TEST_F(StockLibraryDialog, ShowsButDoesNotGiveAPaperThatIsNotOffered)
              dialog.response(Gtk::RESPONSE_CANCEL);
          }}
     });
-    EXPECT_EQ(run(), DialogCancel);
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
 
 TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
@@ -225,7 +283,7 @@ TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
              dialog.response(Gtk::RESPONSE_CANCEL);
          }                                       },
     });
-    EXPECT_EQ(run(), DialogCancel);
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
     const auto isHidden = ReadStockLibraryView(UserPreferenceFolders()).isHidden;
     EXPECT_EQ(std::count(isHidden.begin(), isHidden.end(), true), 1);
     EXPECT_TRUE(isHidden[1]);
@@ -245,7 +303,7 @@ TEST_F(StockLibraryDialog, LosesNothingOfALibraryThatIsBroken)
         {PaperWindow, naming("New")            },
         {Library,     Respond(Gtk::RESPONSE_OK)},
     });
-    EXPECT_EQ(run(), DialogOk);
+    EXPECT_EQ(run(), LibraryAnswer::Chosen);
     testing::internal::GetCapturedStderr();
     EXPECT_THAT(saved(), ElementsAre("New:-2147483648"));
     EXPECT_TRUE(std::filesystem::exists(libraryPath() + ".unreadable"));
@@ -264,7 +322,7 @@ TEST_F(StockLibraryDialog, SaysWhatIsKnownOfAPrinter)
              dialog.response(Gtk::RESPONSE_CANCEL);
          }}
     });
-    EXPECT_EQ(run(), DialogCancel);
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
 
 TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
@@ -302,9 +360,72 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
          }                                 },
     });
     Stock stock;
-    EXPECT_EQ(run(stock), DialogOk);
+    EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     EXPECT_EQ(stock.customName(), "Plain A4");
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
+}
+
+struct AnswerCase {
+    const char* name;
+    std::vector<std::string> printer;
+    const char* status;
+};
+
+TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
+{
+    const AnswerCase cases[] = {
+        {"none",    {"--repeat", "0"}, "The printer reports no papers."                       },
+        {"refused",
+         {"--misbehave", "401"},
+         "The papers of the printer could not be read: the printer answered 401 Unauthorized."},
+        {"gone",
+         {"--misbehave", "refuse"},
+         "The papers of the printer could not be retrieved. Check that it is switched on and "
+         "connected, then press Refresh."                                                     },
+    };
+    for (const AnswerCase& row : cases) {
+        SCOPED_TRACE(row.name);
+        const DemoPrinter printer(row.printer);
+        testing::internal::CaptureStderr();
+        MySpawnThread("com.tarvo.test", printer.authority(), 0);
+        EXPECT_TRUE(turnUntil([] {
+            return CurrentPrinterStockStatus() == PrinterStockStatus::Complete ||
+                   CurrentPrinterStockStatus() == PrinterStockStatus::Failed;
+        }));
+        testing::internal::GetCapturedStderr(); // the worker's
+        const DialogScript user({
+            {Library, [&row](Gtk::Dialog& dialog) {
+                 showPrinter(dialog);
+                 EXPECT_EQ(status(dialog), row.status);
+                 EXPECT_TRUE(isEnabled(dialog, Refresh));
+                 dialog.response(Gtk::RESPONSE_CANCEL);
+             }}
+        });
+        EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+        MyRemoveThread(0);
+    }
+}
+
+TEST_F(StockLibraryDialog, SaysWhyAPapersOfThePrinterCannotBeChosen)
+{
+    const DemoPrinter printer({"--repeat", "0"});
+    MySpawnThread("com.tarvo.test", printer.authority(), 0);
+    EXPECT_TRUE(
+        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::Complete; }));
+    StockLibrary odd = Paper("Odd", 77);
+    odd.validateStockEntry();
+    ThePanelEnvironment().printerStockList = std::make_shared<StockLibraryList>();
+    ThePanelEnvironment().printerStockList->add(odd);
+    const DialogScript user({
+        {Library, [](Gtk::Dialog& dialog) {
+             showPrinter(dialog);
+             select(dialog, 0);
+             EXPECT_FALSE(CanPressOk(dialog));
+             EXPECT_THAT(status(dialog), testing::HasSubstr("Copy it to your papers"));
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }}
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
 
 // Neither opening nor closing waits for it, and what it says later goes nowhere.
@@ -323,11 +444,12 @@ TEST_F(StockLibraryDialog, OpensAndClosesWhileThePrinterHangs)
                  dialog.response(Gtk::RESPONSE_CANCEL);
              }}
         });
-        EXPECT_EQ(run(), DialogCancel);
+        EXPECT_EQ(run(), LibraryAnswer::Cancelled);
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
     MyRemoveThread(0);
     TurnMainLoop();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
+    EXPECT_EQ(CurrentPrinterStockStatus(), PrinterStockStatus::NoThread);
 }
 
 TEST_F(StockLibraryDialog, GoesWithThePrintDialog)
@@ -339,7 +461,7 @@ TEST_F(StockLibraryDialog, GoesWithThePrintDialog)
         {Library, pressing(Edit, 0)},
         {PaperWindow,       [window](Gtk::Dialog& /*dialog*/) { gtk_widget_destroy(window); }         },
     });
-    EXPECT_EQ(run(Glib::wrap(GTK_WINDOW(window))), DialogCancel);
+    EXPECT_EQ(run(Glib::wrap(GTK_WINDOW(window))), LibraryAnswer::Cancelled);
     EXPECT_THAT(saved(), ElementsAre("Blue:2"));
 }
 

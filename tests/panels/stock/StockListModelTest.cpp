@@ -56,6 +56,23 @@ TEST_F(StockListModelTest, HasARowForEachPaper)
     EXPECT_EQ(number, 4);
 }
 
+TEST_F(StockListModelTest, ShowsTheBeginningOfALongText)
+{
+    std::string text;
+    for (int character = 0; character < 16'000; ++character) {
+        text += "ü";
+    }
+    auto list = std::make_shared<StockLibraryList>();
+    StockLibrary paper = Paper(text);
+    list->add(paper);
+    const auto model = StockListModel::Create(
+        *bundle_, std::shared_ptr<const CFDictionary>(list, &list->stockList()));
+    Glib::ustring shown;
+    model->children().begin()->get_value(0, shown);
+    EXPECT_EQ(shown.size(), 255U);
+    EXPECT_EQ(model->paper(0).name(), text);
+}
+
 TEST_F(StockListModelTest, FindsRowsByPathAndByUuid)
 {
     const auto model = modelOf(3);
