@@ -57,7 +57,7 @@ void PrepareButton(Gtk::ComboBox& button)
 
 Glib::RefPtr<Gtk::ListStore> ItemsOf(const Menu& menu)
 {
-    const auto items = Gtk::ListStore::create(TheColumns());
+    auto items = Gtk::ListStore::create(TheColumns());
     for (const MenuItem& item : menu) {
         const auto row = items->append();
         (*row)[TheColumns().text] = item.text;
