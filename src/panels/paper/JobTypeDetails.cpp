@@ -74,7 +74,8 @@ JobTypeFault FaultOf(const JobTypeDetails& details, CFDate now)
         (details.passcode != details.passcodeAgain || !IsPasscode(details.passcode))) {
         return JobTypeFault::Passcode;
     }
-    if (IsType(details, JobType::DelayedPrint) && details.printTime < now) {
+    if (IsType(details, JobType::DelayedPrint) &&
+        details.printTime.secondsSinceEpoch < now.secondsSinceEpoch) {
         return JobTypeFault::TimeInThePast;
     }
     return JobTypeFault::None;
