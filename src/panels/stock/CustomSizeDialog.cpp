@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <memory>
 
 namespace tarvo {
 namespace {
@@ -26,6 +25,8 @@ namespace {
 using Field = CustomSizeEntry::Field;
 
 constexpr Field Fields[] = {CustomSizeEntry::Width, CustomSizeEntry::Length};
+
+constexpr double Largest = 1e8; // above any paper, below the end of the numbers
 
 double UnitsPerNumber(const CustomSizeEntry& entry)
 {
@@ -35,21 +36,12 @@ double UnitsPerNumber(const CustomSizeEntry& entry)
 // What a field's text says, in the entry's unit.
 std::optional<std::int32_t> NumberIn(const std::string& text, const CustomSizeEntry& entry)
 {
-    constexpr double Largest = 1e8; // above any paper, below the end of the numbers
     char* end = nullptr;
     const double number = g_strtod(text.c_str(), &end) * UnitsPerNumber(entry);
     if (text.empty() || *end != '\0' || !(std::abs(number) < Largest)) {
         return std::nullopt;
     }
     return static_cast<std::int32_t>(std::lround(number));
-}
-
-// As the spin writes it: what people group by thousands it would not take.
-std::string FieldText(std::int32_t value, const CustomSizeEntry& entry)
-{
-    const std::unique_ptr<char, decltype(&g_free)> text(
-        g_strdup_printf("%.*f", entry.decimals(), value / UnitsPerNumber(entry)), g_free);
-    return text.get();
 }
 
 StockDimensions LargestPage(const CustomSizeEntry& entry)
@@ -171,13 +163,15 @@ private:
         const double units = UnitsPerNumber(entry_);
         const std::int32_t value = entry_.value(field).value_or(range.minimum);
         spin.set_digits(static_cast<guint>(entry_.decimals()));
+        spin.set_range(-Largest, Largest);
+        spin.set_value(value / units);
+        const Glib::ustring text = spin.get_text(); // with no separators: it would not take them
         spin.set_range(range.minimum / units, range.maximum / units);
         spin.set_increments(10 / units, 100 / units);
         spin.set_value(std::clamp(value, range.minimum, range.maximum) / units);
         shown_[field] = spin.get_value();
         if (!isValid(field)) {
-            const auto wrong = entry_.value(field);
-            spin.set_text(wrong ? FieldText(*wrong, entry_) : "");
+            spin.set_text(entry_.value(field) ? text : "");
         }
     }
 
