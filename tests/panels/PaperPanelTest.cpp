@@ -377,6 +377,21 @@ TEST(SaveJobAsDialog, StaysOpenWithANoticeWhileSomethingIsWrong)
               Glib::DateTime::create_local(2099, 7, 9, 17, 5, 0).to_unix());
 }
 
+TEST(SaveJobAsDialog, GoesWithThePrintDialogAndSoDoesANoticeBeforeIt)
+{
+    GtkWidget* printDialog = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+    gtk_widget_show(printDialog);
+    const DialogAnswer answer([printDialog](Gtk::Dialog& dialog) {
+        const DialogAnswer end([printDialog](Gtk::Dialog&) { gtk_widget_destroy(printDialog); });
+        dialog.response(Gtk::RESPONSE_OK); // brings the notice
+    });
+    EXPECT_FALSE(
+        RunSaveJobAsDialog(Glib::wrap(GTK_WINDOW(printDialog)), BuiltBundle(), {.type = 6}));
+    for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+        EXPECT_FALSE(window->get_mapped()) << window->get_title();
+    }
+}
+
 // As an application's user presses OK at once.
 std::optional<JobTypeDetails> PressOk(const CFBundle& bundle, CFDate printTime)
 {
