@@ -159,9 +159,9 @@ TEST_F(StockControlTest, OffersNamedPapersTheMostRecentlyUsedFirst)
     choose({"Stock Library", "Green"});
     EXPECT_EQ(stock_.color(), 4);
     EXPECT_EQ(stock_.customName(), "Green");
-    EXPECT_TRUE(turnUntil([this] { return recent() == "Green Blue "; }));
+    EXPECT_TRUE(turnUntil([] { return recent() == "Green Blue "; }));
     choose({"Stock Library", "Clear Recently Used"});
-    EXPECT_TRUE(turnUntil([this] { return recent().empty(); }));
+    EXPECT_TRUE(turnUntil([] { return recent().empty(); }));
     EXPECT_EQ(stock_.customName(), "Green");
     choose({"Punching", "Punched"});
     EXPECT_EQ(stock_.customName(), "") << "it is not that paper any more";
