@@ -2,16 +2,14 @@
 
 #include "platform/cf/PropertyListText.h"
 #include "platform/text/Utf8.h"
+#include "platform/xml/XmlParser.h"
 
 #include <libxml/SAX2.h>
-#include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <iterator>
-#include <mutex>
 
 namespace tarvo {
 namespace {
@@ -87,8 +85,9 @@ public:
     void startElement(const xmlChar* name);
     void endElement();
     void characters(std::string_view text);
-    void fail(std::size_t line, std::string reason);
-    void fail(std::string reason) { fail(line(), std::move(reason)); }
+    void parserError(const xmlError& error) { fail(ParseErrorOf(error)); }
+    void fail(ParseError error);
+    void fail(std::string reason) { fail(ParseError{line(), std::move(reason)}); }
 
     std::optional<CFPropertyList> takeRoot() { return std::move(root_); }
     PropertyListPlace takePlace() { return std::move(place_); }
@@ -132,14 +131,10 @@ private:
     std::optional<ParseError> error_;
 };
 
-void PropertyListBuilder::fail(std::size_t line, std::string reason)
+void PropertyListBuilder::fail(ParseError error)
 {
     if (!error_) {
-        // A reason is one line, whatever the file holds.
-        std::replace_if(
-            reason.begin(), reason.end(), [](char letter) { return letter < ' ' && letter >= 0; },
-            ' ');
-        error_ = ParseError{line, std::move(reason)};
+        error_ = InOneLine(std::move(error));
         xmlStopParser(parser_);
     }
 }
@@ -331,70 +326,21 @@ void PropertyListBuilder::add(CFPropertyList&& value, std::vector<PropertyListPl
     container.hasKey = false;
 }
 
-PropertyListBuilder& BuilderOf(void* context)
-{
-    return *static_cast<PropertyListBuilder*>(context);
-}
-
 void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*,
                   int namespaceCount, const xmlChar**, int, int, const xmlChar**)
 {
+    auto& builder = *static_cast<PropertyListBuilder*>(context);
     // The parser walks all that are declared for every prefix it meets.
     if (namespaceCount != 0) {
-        BuilderOf(context).fail("a namespace is declared");
+        builder.fail("a namespace is declared");
         return;
     }
     if (prefix != nullptr) {
-        BuilderOf(context).fail("unknown element \"" + TextOf(prefix) + ":" + TextOf(name) + "\"");
+        builder.fail("unknown element \"" + TextOf(prefix) + ":" + TextOf(name) + "\"");
         return;
     }
-    BuilderOf(context).startElement(name);
+    builder.startElement(name);
 }
-
-void EndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*)
-{
-    BuilderOf(context).endElement();
-}
-
-void Characters(void* context, const xmlChar* text, int length)
-{
-    BuilderOf(context).characters(
-        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
-}
-
-void ParserError(void* context, xmlErrorPtr error)
-{
-    if (error->level < XML_ERR_ERROR) {
-        return;
-    }
-    std::string reason = error->message == nullptr ? "not well-formed" : error->message;
-    reason.erase(reason.find_last_not_of('\n') + 1);
-    if (reason.size() > 1 && std::islower(static_cast<unsigned char>(reason[1])) != 0) {
-        reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
-    }
-    BuilderOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
-}
-
-xmlSAXHandler Handlers()
-{
-    xmlSAXHandler handlers = {};
-    handlers.startElementNs = StartElement;
-    handlers.endElementNs = EndElement;
-    handlers.characters = Characters;
-    handlers.cdataBlock = Characters;
-    handlers.ignorableWhitespace = Characters;
-    handlers.serror = ParserError;
-    handlers.initialized = XML_SAX2_MAGIC;
-    return handlers;
-}
-
-struct ParserDeleter {
-    void operator()(xmlParserCtxt* parser) const
-    {
-        xmlFreeDoc(parser->myDoc);
-        xmlFreeParserCtxt(parser);
-    }
-};
 
 } // namespace
 
@@ -405,27 +351,23 @@ std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError&
         error = std::move(*broken);
         return std::nullopt;
     }
-    static std::once_flag initialized;
-    std::call_once(initialized, xmlInitParser);
+    InitializeXmlParser();
     // The limits keep the text below 64 MiB, so its length fits the parser's int.
-    const std::unique_ptr<xmlParserCtxt, ParserDeleter> parser(
-        xmlCreateMemoryParserCtxt(xml.data(), static_cast<int>(xml.size())));
+    const XmlParser parser(xmlCreateMemoryParserCtxt(xml.data(), static_cast<int>(xml.size())));
     if (!parser) {
         error = ParseError{0, "no memory for the parser"};
         return std::nullopt;
     }
     PropertyListBuilder builder(parser.get(), place != nullptr);
-    // Limits of our own stand in place of the parser's, which are narrower.
-    xmlCtxtUseOptions(parser.get(), XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
-    *parser->sax = Handlers();
+    *parser->sax = XmlHandlersFor<PropertyListBuilder>(StartElement);
     parser->userData = &builder;
-    xmlParseDocument(parser.get());
+    const bool isWellFormed = ParseXmlDocument(*parser);
     if (builder.error()) {
         error = *builder.error();
         return std::nullopt;
     }
     auto root = builder.takeRoot();
-    if (parser->wellFormed == 0 || !root) {
+    if (!isWellFormed || !root) {
         error = ParseError{0, "not a complete XML document"};
         return std::nullopt;
     }

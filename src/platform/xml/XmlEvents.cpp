@@ -1,14 +1,10 @@
 #include "platform/xml/XmlEvents.h"
 
+#include "platform/xml/XmlParser.h"
+
 #include <libxml/SAX2.h>
-#include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 
-#include <algorithm>
-#include <cctype>
-#include <cstring>
-#include <memory>
-#include <mutex>
 #include <vector>
 
 namespace tarvo {
@@ -36,7 +32,7 @@ public:
                       int attributeCount, const xmlChar** attributes);
     void endElement();
     void characters(std::string_view text) { events_.characters(text); }
-    void fail(std::size_t line, std::string reason);
+    void parserError(const xmlError& error);
 
 private:
     std::size_t line() const
@@ -46,23 +42,16 @@ private:
     void refuse(std::string reason)
     {
         if (!reason.empty()) {
-            fail(line(), std::move(reason));
+            fail({line(), std::move(reason)});
         }
     }
+    void fail(ParseError error);
     void note(ParseError error);
-
-    struct ParserDeleter {
-        void operator()(xmlParserCtxt* parser) const
-        {
-            xmlFreeDoc(parser->myDoc);
-            xmlFreeParserCtxt(parser);
-        }
-    };
 
     const XmlSource& source_;
     XmlLimitsWalk walk_;
     XmlEvents& events_;
-    std::unique_ptr<xmlParserCtxt, ParserDeleter> parser_;
+    XmlParser parser_;
     std::optional<ParseError> error_;
     bool isAtEnd_ = false;
     std::vector<int> namespaces_; // that each open element declares
@@ -88,59 +77,17 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
                                     attributes);
 }
 
-void EndElement(void* context, const xmlChar*, const xmlChar*, const xmlChar*)
-{
-    ReadingOf(context).endElement();
-}
-
-void Characters(void* context, const xmlChar* text, int length)
-{
-    ReadingOf(context).characters(
-        {reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
-}
-
-void ParserError(void* context, xmlErrorPtr error)
-{
-    // An undeclared prefix is part of the name.
-    if (error->level < XML_ERR_ERROR || error->domain == XML_FROM_NAMESPACE) {
-        return;
-    }
-    std::string reason = error->message == nullptr ? "not well-formed" : error->message;
-    reason.erase(reason.find_last_not_of('\n') + 1);
-    if (reason.size() > 1 && std::islower(static_cast<unsigned char>(reason[1])) != 0) {
-        reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
-    }
-    ReadingOf(context).fail(static_cast<std::size_t>(error->line), std::move(reason));
-}
-
-xmlSAXHandler Handlers()
-{
-    xmlSAXHandler handlers = {};
-    handlers.startElementNs = StartElement;
-    handlers.endElementNs = EndElement;
-    handlers.characters = Characters;
-    handlers.cdataBlock = Characters;
-    handlers.ignorableWhitespace = Characters;
-    handlers.serror = ParserError;
-    handlers.initialized = XML_SAX2_MAGIC;
-    return handlers;
-}
-
 bool XmlReading::run()
 {
-    static std::once_flag initialized;
-    std::call_once(initialized, xmlInitParser);
-    xmlSAXHandler handlers = Handlers();
+    InitializeXmlParser();
+    xmlSAXHandler handlers = XmlHandlersFor<XmlReading>(StartElement);
     parser_.reset(
         xmlCreateIOParserCtxt(&handlers, this, ReadBytes, nullptr, this, XML_CHAR_ENCODING_UTF8));
     if (!parser_) {
         note(ParseError{0, "no memory for the parser"});
         return false;
     }
-    // Limits of our own stand in place of the parser's, which are narrower.
-    xmlCtxtUseOptions(parser_.get(), XML_PARSE_HUGE | XML_PARSE_NONET | XML_PARSE_NOENT);
-    xmlParseDocument(parser_.get());
-    if (!error_ && parser_->wellFormed == 0) {
+    if (!ParseXmlDocument(*parser_) && !error_) {
         note(ParseError{0, "not a complete XML document"});
     }
     return !error_;
@@ -202,11 +149,18 @@ void XmlReading::endElement()
     refuse(events_.endElement());
 }
 
+void XmlReading::parserError(const xmlError& error)
+{
+    if (error.domain != XML_FROM_NAMESPACE) { // an undeclared prefix is part of the name
+        fail(ParseErrorOf(error));
+    }
+}
+
 // Not while the parser waits for bytes: stopping it would take away what it reads them into.
-void XmlReading::fail(std::size_t line, std::string reason)
+void XmlReading::fail(ParseError error)
 {
     if (!error_) {
-        note(ParseError{line, std::move(reason)});
+        note(std::move(error));
         xmlStopParser(parser_.get());
     }
 }
@@ -214,11 +168,7 @@ void XmlReading::fail(std::size_t line, std::string reason)
 void XmlReading::note(ParseError error)
 {
     if (!error_) {
-        // A reason is one line, whatever the document holds.
-        std::replace_if(
-            error.reason.begin(), error.reason.end(),
-            [](char letter) { return letter < ' ' && letter >= 0; }, ' ');
-        error_ = std::move(error);
+        error_ = InOneLine(std::move(error));
     }
 }
 
