@@ -4,6 +4,7 @@
 #include "records/SpecialPageKeys.h"
 #include "records/StockKeys.h"
 #include "settings/TicketKeys.h"
+#include "tpif/TPIFWriter.h"
 
 namespace tarvo {
 namespace {
@@ -24,10 +25,8 @@ CFDictionary Stock(int number)
 
 CFDictionary SmallTicket()
 {
-    CFDictionary all;
-    all.set(ExportAllKey, true);
     CFDictionary ticket;
-    ticket.set(ExportOptionsKey, std::move(all));
+    ticket.set(ExportOptionsKey, WholeJobExport());
     ticket.set(JobNotesJobNameKey, "Quarterly report");
     ticket.set(JobNotesSenderNameKey, "Research & Development");
     ticket.set(JobNotesMessageKey, "Two staples, left. Please call when it is ready.");

@@ -3,7 +3,6 @@
 #include "ImportSteps.h"
 #include "platform/cf/PropertyListWriter.h"
 #include "printer/FeatureDatabase.h"
-#include "settings/TicketKeys.h"
 #include "tpif/DeviceProfile.h"
 #include "tpif/TPIFImport.h"
 #include "tpif/TPIFWriter.h"
@@ -18,18 +17,6 @@ void Expect(bool holds)
     if (!holds) {
         std::abort();
     }
-}
-
-std::string Exported(CFDictionary ticket)
-{
-    CFDictionary all;
-    all.set(ExportAllKey, true);
-    ticket.set(ExportOptionsKey, std::move(all));
-    std::string document;
-    TPIFChannel channel([&document](std::string_view piece) { document += piece; }, true);
-    WriteTPIF(channel, ticket, nullptr);
-    channel.flush();
-    return document;
 }
 
 // A second reading, piece by piece and watched, must give the same.
@@ -69,9 +56,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     }
     Expect(FaultOfSteps(features, xml).empty());
     Expect(WritePropertyList(result, error).has_value());
-    const std::string document = Exported(result);
+    const std::string document = TPIFDocumentOf(result);
     CFDictionary again;
     Expect(TPIFImportDocument(features, XmlSourceOf(document), again, error) == StatusOk);
-    Expect(Exported(again) == document);
+    Expect(TPIFDocumentOf(again) == document);
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "cli/DocumentReview.h"
 
 #include "platform/text/WhiteSpace.h"
-#include "settings/TicketKeys.h"
 #include "tpif/TPIFDocumentImport.h"
 #include "tpif/TPIFWriter.h"
 
@@ -179,18 +178,6 @@ private:
     XmlEvents& second_;
 };
 
-std::string ExportOf(CFDictionary ticket)
-{
-    CFDictionary all;
-    all.set(ExportAllKey, true);
-    ticket.set(ExportOptionsKey, std::move(all));
-    std::string document;
-    TPIFChannel channel([&document](std::string_view piece) { document += piece; }, true);
-    WriteTPIF(channel, ticket, nullptr);
-    channel.flush();
-    return document;
-}
-
 } // namespace
 
 bool ReviewDocument(const TPIFImportFeatures& features, std::string_view xml,
@@ -204,7 +191,8 @@ bool ReviewDocument(const TPIFImportFeatures& features, std::string_view xml,
     ParseError none; // of what has been read before, and of an import's own export
     XmlLimits limits = TPIFImportLimits;
     limits.bytes = static_cast<std::size_t>(-1); // an export has lines and all defaults
-    static_cast<void>(ReadXml(XmlSourceOf(ExportOf(std::move(first))), limits, exported, none));
+    static_cast<void>(
+        ReadXml(XmlSourceOf(TPIFDocumentOf(std::move(first))), limits, exported, none));
 
     ReviewedElements elements(exported, reviewer);
     const TPIFImportObserver observer = [&](const TPIFImportStep& step) {

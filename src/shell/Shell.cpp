@@ -15,6 +15,7 @@
 #include "shell/SecurePrint.h"
 #include "shell/ShellCommands.h"
 #include "stocklibrary/PrinterStockThread.h"
+#include "tpif/TPIFWriter.h"
 
 #include <gtk/gtk.h>
 
@@ -100,9 +101,7 @@ OSStatus FailInitialize(const std::string& step)
 // The whole job is what an export takes, and no booklet is turned round by itself.
 void StoreExportOptions(PMTicket& ticket)
 {
-    CFDictionary options;
-    options.set(ExportAllKey, true);
-    ticket.setItem(ExportOptionsClient, ExportOptionsKey, std::move(options));
+    ticket.setItem(ExportOptionsClient, ExportOptionsKey, WholeJobExport());
     ticket.removeItem(PanelClient, RotateBookletKey);
 }
 

@@ -144,6 +144,23 @@ bool IsExportedKey(std::string_view key)
     return key.starts_with("com.tarvo");
 }
 
+CFDictionary WholeJobExport()
+{
+    CFDictionary options;
+    options.set(ExportAllKey, true);
+    return options;
+}
+
+std::string TPIFDocumentOf(CFDictionary settings)
+{
+    settings.set(ExportOptionsKey, WholeJobExport());
+    std::string document;
+    TPIFChannel channel([&document](std::string_view piece) { document += piece; }, true);
+    WriteTPIF(channel, settings, nullptr);
+    channel.flush();
+    return document;
+}
+
 // The front end wants the elements in this order.
 void WriteTPIF(TPIFChannel& writeData, const CFDictionary& settings, const PageFormat* pageFormat)
 {
