@@ -100,16 +100,7 @@ void FetchWithProgram(benchmark::State& state, std::vector<std::string> words)
 {
     const auto printer = PrinterWith(state.range(0));
     std::replace(words.begin(), words.end(), std::string(), "ipp://" + printer->authority() + "/");
-    double seconds = 0;
-    for (auto step : state) {
-        const RunResult result = RunProgram(words);
-        if (!result.isDone) {
-            state.SkipWithError("the program did not run");
-            return;
-        }
-        seconds += result.cpuSeconds;
-    }
-    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
+    MeasureProgram(state, words);
 }
 
 void Register(const char* name, const std::vector<std::string>& words)

@@ -1,8 +1,6 @@
 #include "RunProgram.h"
 #include "platform/files/FileContents.h"
 
-#include <benchmark/benchmark.h>
-
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,23 +10,9 @@
 namespace tarvo {
 namespace {
 
-void Run(benchmark::State& state, const std::vector<std::string>& words)
-{
-    double seconds = 0;
-    for (auto step : state) {
-        const RunResult result = RunProgram(words);
-        if (!result.isDone) {
-            state.SkipWithError("the program did not run");
-            return;
-        }
-        seconds += result.cpuSeconds;
-    }
-    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
-}
-
 void Start(benchmark::State& state, const char* program)
 {
-    Run(state, {program, "--version"});
+    MeasureProgram(state, {program, "--version"});
 }
 BENCHMARK_CAPTURE(Start, true, "/bin/true")
     ->Name("start/true --version")
@@ -43,11 +27,11 @@ BENCHMARK_CAPTURE(Start, ticket, TARVO_TICKET_PROGRAM)
 // file. bench/run makes the queues.
 void ListOptions(benchmark::State& state, const char* queue)
 {
-    Run(state, {"/usr/bin/lpoptions", "-p", queue, "-l"});
+    MeasureProgram(state, {"/usr/bin/lpoptions", "-p", queue, "-l"});
 }
 void TellPrinter(benchmark::State& state, const char* file)
 {
-    Run(state, {TARVO_TICKET_PROGRAM, "printer", file});
+    MeasureProgram(state, {TARVO_TICKET_PROGRAM, "printer", file});
 }
 BENCHMARK_CAPTURE(ListOptions, QL900, "ql900")
     ->Name("lpoptions -l/QL900")
@@ -91,7 +75,7 @@ void ExportHostile(benchmark::State& state, std::string (*entries)())
         state.SkipWithError(reason.c_str());
         return;
     }
-    Run(state, {TARVO_TICKET_PROGRAM, "export", "--all", file.string()});
+    MeasureProgram(state, {TARVO_TICKET_PROGRAM, "export", "--all", file.string()});
     std::filesystem::remove(file);
 }
 BENCHMARK_CAPTURE(ExportHostile, keys, MillionKeys)

@@ -105,4 +105,18 @@ RunResult RunProgram(const std::vector<std::string>& words)
     return result;
 }
 
+void MeasureProgram(benchmark::State& state, const std::vector<std::string>& words)
+{
+    double seconds = 0;
+    for (auto step : state) {
+        const RunResult result = RunProgram(words);
+        if (!result.isDone) {
+            state.SkipWithError("the program did not run");
+            return;
+        }
+        seconds += result.cpuSeconds;
+    }
+    state.counters["cpu"] = benchmark::Counter(seconds, benchmark::Counter::kAvgIterations);
+}
+
 } // namespace tarvo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <string>
 #include <vector>
 
@@ -18,5 +20,8 @@ bool StartLauncher();
 
 /// Starts a program, its output thrown away, and waits for its end.
 RunResult RunProgram(const std::vector<std::string>& words);
+
+/// Runs a program for each round of the benchmark; "cpu" counts its seconds of the processor.
+void MeasureProgram(benchmark::State& state, const std::vector<std::string>& words);
 
 } // namespace tarvo
