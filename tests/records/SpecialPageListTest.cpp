@@ -105,38 +105,29 @@ TEST(ExceptionPageLists, SplitAPageIntoTwoWithItsAttributes)
     }
 }
 
-// Which mark each page number has, and so what the list must hold.
-class PageByPage {
-public:
-    void add(const Marked& page) { set(page, page.mark); }
-    void remove(const Marked& page) { set(page, 0); }
-    MarkedPages pages() const
-    {
-        MarkedPages pages;
-        for (std::int32_t number = 0; number < Count; ++number) {
-            const auto mark = marks_[static_cast<std::size_t>(number)];
-            if (mark != 0 && !pages.empty() && pages.back().last == number - 1 &&
-                pages.back().mark == mark) {
-                pages.back().last = number;
-            } else if (mark != 0) {
-                pages.push_back({number, number, mark});
-            }
-        }
-        return pages;
+// Which mark each page number has; 0 for a page that is no exception.
+using PageByPage = std::array<std::int32_t, 60>;
+
+void Mark(PageByPage& pages, const Marked& range, std::int32_t mark)
+{
+    for (std::int32_t number = range.first; number <= range.last; ++number) {
+        pages[static_cast<std::size_t>(number)] = mark;
     }
+}
 
-    static constexpr std::int32_t Count = 60;
-
-private:
-    void set(const Marked& page, std::int32_t mark)
-    {
-        for (std::int32_t number = page.first; number <= page.last; ++number) {
-            marks_[static_cast<std::size_t>(number)] = mark;
-        }
+// The ranges as single pages; they must be apart, in order, and none in two parts.
+PageByPage SinglePagesOf(const MarkedPages& ranges)
+{
+    PageByPage pages = {};
+    Marked before = {-1, -1, 0};
+    for (const Marked& range : ranges) {
+        EXPECT_TRUE(range.first > before.last && range.first <= range.last);
+        EXPECT_FALSE(range.mark == before.mark && range.first == before.last + 1);
+        Mark(pages, range, range.mark);
+        before = range;
     }
-
-    std::array<std::int32_t, Count> marks_ = {};
-};
+    return pages;
+}
 
 // Few short ranges to begin with, long ones now and then, some of them backwards.
 Marked AnyRange(std::mt19937& random, std::int32_t mark)
@@ -144,9 +135,10 @@ Marked AnyRange(std::mt19937& random, std::int32_t mark)
     const auto below = [&random](std::int32_t limit) {
         return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(limit));
     };
-    const std::int32_t first = below(PageByPage::Count);
-    const std::int32_t length = below(below(4) == 0 ? PageByPage::Count : 6);
-    return {first, std::min(first + length - 1, PageByPage::Count - 1), mark};
+    constexpr std::int32_t Count = PageByPage().size();
+    const std::int32_t first = below(Count);
+    const std::int32_t length = below(below(4) == 0 ? Count : 6);
+    return {first, std::min(first + length - 1, Count - 1), mark};
 }
 
 TEST(ExceptionPageLists, AgreeWithAModelPageByPage)
@@ -154,7 +146,7 @@ TEST(ExceptionPageLists, AgreeWithAModelPageByPage)
     std::mt19937 random(1'500);
     for (int round = 0; round < 1'000; ++round) {
         ExceptionPageList list;
-        PageByPage model;
+        PageByPage model = {};
         std::int32_t mark = 0;
         for (int step = 0; step < 12; ++step) {
             SCOPED_TRACE(testing::Message() << "round " << round << ", step " << step);
@@ -165,7 +157,7 @@ TEST(ExceptionPageLists, AgreeWithAModelPageByPage)
             const auto chosen = static_cast<std::int32_t>(random() % 20);
             const ExceptionPage* page = list.pageAtIndex(chosen); // often none
             if (page != nullptr) {
-                model.remove(PagesOf(list)[static_cast<std::size_t>(chosen)]);
+                Mark(model, PagesOf(list)[static_cast<std::size_t>(chosen)], 0);
             }
             if (page != nullptr && !added.empty()) {
                 const ExceptionPage edited = PageOf(added.front());
@@ -175,9 +167,9 @@ TEST(ExceptionPageLists, AgreeWithAModelPageByPage)
             }
             Add(list, added);
             for (const Marked& each : added) {
-                model.add(each);
+                Mark(model, each, each.mark);
             }
-            ASSERT_EQ(PagesOf(list), model.pages());
+            ASSERT_EQ(SinglePagesOf(PagesOf(list)), model);
         }
     }
 }

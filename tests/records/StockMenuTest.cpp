@@ -185,6 +185,7 @@ const CommandCase CommandCases[] = {
     {"type", Choice(StockCommand::Type, 2), "", "Type=2 Color=6"},
     {"custom type", Choice(StockCommand::Type, 7), "type", "Type=7 Color=2 Finish=1"},
     {"ordered", Choice(StockCommand::Type, 6), "ordered", "Type=6 Color=2 Finish=1"},
+    {"tabs", Choice(StockCommand::Type, 4), "tabs", "Type=4 Color=2 Finish=1"},
     {"punched", Choice(StockCommand::Punched, 2), "", "Color=2 Punched=2"},
     {"sides", Choice(StockCommand::SidesCoated, 3), "", "Color=2 SidesCoated=3 kCoatingType=1"},
     {"coating of no side", Choice(StockCommand::CoatingType, 3), "", "Color=2"},

@@ -21,6 +21,7 @@ constexpr MediaCase MediaCases[] = {
     {"Legal is as wide as Letter",     21600,      35600,      1         },
     {"A4, other way round",            29700,      21000,      4         },
     {"A5 is as long as A4 is wide",    14800,      21000,      4         },
+    {"only a length of the table",     1,          45700,      UnsetValue},
     {"width in the second measure",    1,          10200,      59        },
     {"last row but one",               16200,      26200,      20        },
     {"no measure",                     0,          0,          75        },

@@ -53,6 +53,7 @@ constexpr SummaryCase SummaryCases[] = {
     {"name of another colour", Page, "Color=2 CustomColor=Teal", "<StockColor>:<StockColorBlue>"},
     {"ordered", Page, "Type=6 CustomType=NCR Modulus=3", "<StockType>:NCR (3)"},
     {"ordered without a number", Page, "Type=6", "<StockType>: (-2147483648)"},
+    {"type under a name", Page, "Type=7 CustomType=Vellum", "<StockType>:Vellum"},
     {"type that is stored, not offered", Page, "Type=9", "<StockType>:<Labels>"},
     {"the printer's tabs lack a number", Page, "Type=24 Modulus=3", "<StockType>:STRING NOT FOUND"},
 };

@@ -46,6 +46,7 @@ struct CoverCase {
 constexpr CoverCase CoverCases[] = {
     {"same covers",             false, 2, 2, 2, 2, 2},
     {"front only",              false, 2, 0, 2, 0, 0},
+    {"booklet, same covers",    true,  2, 2, 2, 0, 2},
     {"booklet, front only",     true,  2, 0, 2, 0, 2},
     {"booklet, back only",      true,  0, 3, 0, 3, 3},
     {"booklet, written anyway", true,  2, 3, 2, 3, 2},
