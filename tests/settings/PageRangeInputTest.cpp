@@ -22,6 +22,7 @@ constexpr InputCase InputCases[] = {
     {"no-break space, line separator", u"1\u00A0\u2028,",      true },
     {"control characters",             u"\u0001\u007F\u0085,", true },
     {"invisible format character",     u"\u200B,",             false},
+    {"dash that is no hyphen",         u"1\u20132",            false},
     {"half of a character",            u"\xD835,",             false},
 };
 
