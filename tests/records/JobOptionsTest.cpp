@@ -2,6 +2,7 @@
 
 #include "platform/printing/CupsLibrary.h"
 #include "platform/printing/PMTicket.h"
+#include "support/TicketText.h"
 
 #include <cups/cups.h>
 #include <gtest/gtest.h>
@@ -42,14 +43,18 @@ std::string TextOf(const JobOptions& options)
 
 CFDictionary OddEntries()
 {
-    CFDictionary inner;
-    inner.set("Name", "K\xC3\xA4se, \"50 %\" {a\\b} <&>'=\t");
-    inner.set("Unset", UnsetValue);
-    inner.set("When", CFDate{1});
-    CFDictionary entries;
-    entries.set("com.tarvo.print.One", CFArray{inner, true, 2.5, ""});
-    entries.set("com.tarvo.print.Data", CFData{std::string("\0\xFF\xFB", 3)});
+    CFDictionary entries = TicketFromText(
+        R"(.One: [{Name: "Käse, \"50 %\" {a\\b} <&>'=	", Unset: unset}, true, 2.5, ""])");
+    entries.set("When", CFDate{1});
+    entries.set("Data", CFData{std::string("\0\xFF\xFB", 3)});
     return entries;
+}
+
+PMTicket TicketWithNote(const std::string& note)
+{
+    CFDictionary entries;
+    entries.set("com.tarvo.print.JobNotesMessage", note);
+    return TicketWith(std::move(entries));
 }
 
 TEST(JobOptions, BringTheTicketToAFilterUnchanged)
@@ -62,9 +67,8 @@ TEST(JobOptions, BringTheTicketToAFilterUnchanged)
 
 TEST(JobOptions, ComeInPiecesThatAPrintServerTakes)
 {
-    CFDictionary entries;
-    entries.set("com.tarvo.print.JobNotesMessage", std::string(2'000, '?'));
-    const std::string text = *OptionsOf(TicketWith(entries)).find("com.tarvo.print.Ticket");
+    const JobOptions options = OptionsOf(TicketWithNote(std::string(2'000, '?')));
+    const std::string text = *options.find("com.tarvo.print.Ticket");
     EXPECT_EQ(text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
                                      "0123456789-_=,"),
               std::string::npos);
@@ -78,21 +82,12 @@ TEST(JobOptions, ComeInPiecesThatAPrintServerTakes)
 
 TEST(JobOptions, NeverHoldAPasscode)
 {
-    CFDictionary jobType;
-    jobType.set("JobType", 6);
-    jobType.set("SecurePrintPassword", "canary");
-    CFDictionary entries;
-    entries.set("com.tarvo.print.JobType", jobType);
-    entries.set("Former", CFArray{CFArray{jobType}});
-    entries.set("SecurePrintPassword", "canary");
+    const PMTicket job = TicketWith(TicketFromText(
+        R"(.JobType: {JobType: 6, SecurePrintPassword: "canary"},
+           Former: [[{SecurePrintPassword: "canary"}]], SecurePrintPassword: "canary")"));
     std::string reason;
-    const auto ticket = TicketOfJobOptions(OptionsOf(TicketWith(entries)), reason);
-    CFDictionary clean;
-    clean.set("JobType", 6);
-    CFDictionary expected;
-    expected.set("com.tarvo.print.JobType", clean);
-    expected.set("Former", CFArray{CFArray{clean}});
-    EXPECT_EQ(ticket, expected);
+    EXPECT_EQ(TicketOfJobOptions(OptionsOf(job), reason),
+              TicketFromText(".JobType: {JobType: 6}, Former: [[{}]]"));
 }
 
 TEST(JobOptions, HoldThePrintersOwnChoicesAsTheyAre)
@@ -114,17 +109,10 @@ TEST(JobOptions, HoldThePrintersOwnChoicesAsTheyAre)
 
 TEST(JobOptions, AreRefusedWhenAFilterCouldNotBeStarted)
 {
-    const auto withText = [](std::size_t bytes) {
-        CFDictionary entries;
-        entries.set("com.tarvo.print.JobNotesMessage", std::string(bytes, 'x'));
-        return TicketWith(std::move(entries));
-    };
-    EXPECT_EQ(FaultOf(withText(73'000)), JobOptionsFault::None);
-    EXPECT_EQ(FaultOf(withText(74'000)), JobOptionsFault::TooLarge);
-    CFDictionary control;
-    control.set("com.tarvo.print.JobNotesMessage", "\x01");
-    EXPECT_EQ(FaultOf(TicketWith(control)), JobOptionsFault::NotWritable);
-    PMTicket choices = withText(20'000);
+    EXPECT_EQ(FaultOf(TicketWithNote(std::string(73'000, 'x'))), JobOptionsFault::None);
+    EXPECT_EQ(FaultOf(TicketWithNote(std::string(74'000, 'x'))), JobOptionsFault::TooLarge);
+    EXPECT_EQ(FaultOf(TicketWithNote("\x01")), JobOptionsFault::NotWritable);
+    PMTicket choices = TicketWithNote(std::string(20'000, 'x'));
     for (int number = 0; number < 4'000; ++number) {
         choices.ppdDictionary().set("Keyword" + std::to_string(number), "ChoiceOfThePrinter");
     }

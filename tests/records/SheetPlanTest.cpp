@@ -62,45 +62,36 @@ PlannedJob Job(std::int32_t pages, std::int32_t sides)
     return job;
 }
 
-// "1 F2", "2-7 P1-12 w", "8-9 I12 b": sheets, kind with pages or sides, colour.
+std::string LetterOf(SheetKind kind)
+{
+    return {"FPIBR"[static_cast<std::size_t>(kind)]};
+}
+
+std::string Span(std::int64_t first, std::int64_t last)
+{
+    return std::to_string(first) + '-' + std::to_string(last);
+}
+
+// "1-1 F2 w", "2-7 P1-12 w", "8-9 I12 b": sheets, kind with pages or sides, colour.
 std::string TextOf(const PlannedSheets& sheets)
 {
-    std::string text = std::to_string(sheets.firstSheet);
-    if (sheets.lastSheet != sheets.firstSheet) {
-        text += '-' + std::to_string(sheets.lastSheet);
-    }
-    switch (sheets.kind) {
-    case SheetKind::FrontCover:
-        text += " F" + std::to_string(sheets.sides);
-        break;
-    case SheetKind::BookletCover:
-        text += " R" + std::to_string(sheets.sides);
-        break;
-    case SheetKind::BackCover:
-        text += " B" + std::to_string(sheets.sides);
-        break;
-    case SheetKind::Inserts:
-        text += " I" + std::to_string(sheets.firstPage);
-        break;
-    case SheetKind::Pages:
-        text += " P" + std::to_string(sheets.firstPage) + '-' + std::to_string(sheets.lastPage);
-    }
+    const std::string what =
+        sheets.kind == SheetKind::Pages
+            ? Span(sheets.firstPage, sheets.lastPage)
+            : std::to_string(sheets.kind == SheetKind::Inserts ? sheets.firstPage : sheets.sides);
     const auto color = sheets.stock.color();
-    return text + (color == White ? " w" : color == Blue ? " b" : color == Yellow ? " y" : " ?");
+    return Span(sheets.firstSheet, sheets.lastSheet) + ' ' + LetterOf(sheets.kind) + what + ' ' +
+           "?wby"[color >= White && color <= Yellow ? color : 0];
 }
 
 std::string TextOf(const SheetPlan& plan)
 {
     std::string text;
     for (const auto& sheets : plan.sheets) {
-        text += (text.empty() ? "" : "; ") + TextOf(sheets);
+        text += TextOf(sheets) + "; ";
     }
     for (const auto& pages : plan.unplanned) {
-        text += "; !" +
-                std::string(pages.kind == SheetKind::BackCover ? "B"
-                            : pages.kind == SheetKind::Inserts ? "I"
-                                                               : "P") +
-                std::to_string(pages.firstPage) + '-' + std::to_string(pages.lastPage);
+        text += '!' + LetterOf(pages.kind) + Span(pages.firstPage, pages.lastPage) + "; ";
     }
     return text;
 }
@@ -112,28 +103,7 @@ TEST(SheetPlan, PutsCoversInsertsAndPagesInTheirOrder)
     special.backCover = CoverWith(1);
     AddInsert(special, 12, 2);
     EXPECT_EQ(TextOf(PlanSheets(Job(12, TwoSidedLongEdge), special)),
-              "1 F2 w; 2-7 P1-12 w; 8-9 I12 b; 10 B1 w");
-}
-
-TEST(SheetPlan, StartsASheetWhereStockOrSidesChangeAndAfterInserts)
-{
-    TicketSpecialPages special;
-    AddInsert(special, 0, 1);
-    AddInsert(special, 3, 1);
-    AddException(special, 5, 6, UnsetValue, Yellow);
-    AddException(special, 7, 8, OneSided, White);
-    const auto plan = PlanSheets(Job(11, TwoSidedLongEdge), special);
-    EXPECT_EQ(TextOf(plan), "1 I0 b; 2-3 P1-3 w; 4 I3 b; 5 P4-4 w; 6 P5-6 y; 7-8 P7-8 w; "
-                            "9-10 P9-11 w");
-    EXPECT_EQ(plan.sheetCount, 10);
-}
-
-TEST(SheetPlan, GoesOnWithinASheetWhereAnExceptionChangesNeither)
-{
-    TicketSpecialPages special;
-    AddException(special, 2, 3, UnsetValue, UnsetValue);
-    AddException(special, 4, 4, TwoSidedLongEdge, White);
-    EXPECT_EQ(TextOf(PlanSheets(Job(6, TwoSidedLongEdge), special)), "1-3 P1-6 w");
+              "1-1 F2 w; 2-7 P1-12 w; 8-9 I12 b; 10-10 B1 w; ");
 }
 
 TEST(SheetPlan, NamesWhatLiesOutsideThePages)
@@ -146,8 +116,9 @@ TEST(SheetPlan, NamesWhatLiesOutsideThePages)
     AddException(special, 9, 10, UnsetValue, Yellow);
     AddInsert(special, 1, 0);
     special.backCover = CoverWith(9);
-    EXPECT_EQ(TextOf(PlanSheets(Job(5, OneSided), special)),
-              "1-2 P1-2 w; 3-4 P3-4 y; 5 I4 b; 6 P5-5 y; !I1-1; !B0-0; !I9-9; !P-2-0; !P9-10");
+    EXPECT_EQ(
+        TextOf(PlanSheets(Job(5, OneSided), special)),
+        "1-2 P1-2 w; 3-4 P3-4 y; 5-5 I4 b; 6-6 P5-5 y; !I1-1; !B0-0; !I9-9; !P-2-0; !P9-10; ");
 }
 
 TEST(SheetPlan, PutsABookletRoundAndIntoOneCover)
@@ -159,9 +130,9 @@ TEST(SheetPlan, PutsABookletRoundAndIntoOneCover)
     AddException(special, 1, 2, UnsetValue, Yellow);
     auto job = Job(13, TwoSidedShortEdge);
     job.isBooklet = true;
-    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1 R4 w; 2-5 P1-13 w; !I2-2; !P1-2");
+    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1-1 R4 w; 2-5 P1-13 w; !I2-2; !P1-2; ");
     special.backCover = CoverWith(2);
-    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1 R4 w; 2-5 P1-13 w; !B0-0; !I2-2; !P1-2");
+    EXPECT_EQ(TextOf(PlanSheets(job, special)), "1-1 R4 w; 2-5 P1-13 w; !B0-0; !I2-2; !P1-2; ");
 }
 
 TEST(SheetPlan, TakesWhatAPageLeavesOpenFromTheJob)

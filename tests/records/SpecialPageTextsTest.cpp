@@ -2,6 +2,7 @@
 
 #include "records/SpecialPages.h"
 #include "support/EchoBundle.h"
+#include "support/TicketText.h"
 
 #include <gtest/gtest.h>
 
@@ -27,50 +28,36 @@ struct TextsCase {
     const char* attributes;
 };
 
-template <typename Page>
-Page From(std::vector<CFDictionary::Entry> entries, std::vector<CFDictionary::Entry> stock = {})
-{
-    CFDictionary ticket(std::move(entries));
-    ticket.set("Stock", CFDictionary(std::move(stock)));
-    return Page(ticket);
-}
-
-CFDictionary Shift(std::int32_t mode)
-{
-    return ImageShiftCreateTicketFromOptions({.twoSidedMode = mode});
-}
-
 TEST(SpecialPageTexts, TellWhatIsSetAndNoMore)
 {
-    const char* shiftKey = "com.tarvo.print.ImageShiftOptionsPage";
-    const auto exception = [](const ExceptionPage& page) {
-        return ExceptionPageTexts(Bundle(), page);
+    const auto cover = [](const char* ticket, CoverPlace place) {
+        return CoverTexts(Bundle(), Cover(TicketFromText(ticket)), place);
+    };
+    const auto insert = [](const char* ticket) {
+        return InsertTexts(Bundle(), Insert(TicketFromText(ticket)));
+    };
+    const auto exception = [](const char* ticket) {
+        return ExceptionPageTexts(Bundle(), ExceptionPage(TicketFromText(ticket)));
     };
     // clang-format off
     const TextsCase cases[] = {
-        {"new cover", CoverTexts(Bundle(), Cover(), CoverPlace::Front),
+        {"new cover", cover("", CoverPlace::Front),
             "<SpecialPageSummaryFront>", "<SpecialPageSummaryCover>", "<CoverBlankorPreprinted>"},
-        {"cover on a stock of its own",
-            CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 3}}, {{"Color", 2}, {"Weight", 90}}), CoverPlace::Back),
+        {"cover on a stock of its own", cover("SidesImaged: 3, Stock: {Color: 2, Weight: 90}", CoverPlace::Back),
             "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>",
             "<CoverPrintSide2>;  <StockColor>:<StockColorBlue>, <StockWeight>:90 <StockWeightUnit>"},
-        {"sides that covers do not have",
-            CoverTexts(Bundle(), From<Cover>({{"SidesImaged", 5}}), CoverPlace::Back),
+        {"sides that covers do not have", cover("SidesImaged: 5", CoverPlace::Back),
             "<SpecialPageSummaryBack>", "<SpecialPageSummaryCover>", "STRING NOT FOUND"},
-        {"insert before page 1", InsertTexts(Bundle(), Insert()),
+        {"insert before page 1", insert(""),
             "<SpecialPageSummaryBefore1>", "<SpecialPageSummaryInsert>", "<InsertSummaryQuantity> 1"},
-        {"insert later",
-            InsertTexts(Bundle(), From<Insert>({{"StartPage", 12}, {"Quantity", 3}}, {{"Color", 2}})),
-            "12", "<SpecialPageSummaryInsert>",
-            "<InsertSummaryQuantity> 3;  <StockColor>:<StockColorBlue>"},
-        {"page with nothing set", exception(From<ExceptionPage>({{"StartPage", 4}, {"EndPage", 4}})),
-            "4", "<SpecialPageSummaryException>", ""},
+        {"insert later", insert("StartPage: 12, Quantity: 3, Stock: {Color: 2}"),
+            "12", "<SpecialPageSummaryInsert>", "<InsertSummaryQuantity> 3;  <StockColor>:<StockColorBlue>"},
+        {"page with nothing set", exception("StartPage: 4, EndPage: 4"), "4", "<SpecialPageSummaryException>", ""},
         {"pages with all",
-            exception(From<ExceptionPage>({{"StartPage", 4}, {"EndPage", 9}, {"SidesImaged", 2},
-                                           {shiftKey, Shift(3)}}, {{"Color", 2}})),
+            exception("StartPage: 4, EndPage: 9, SidesImaged: 2, Stock: {Color: 2}, .ImageShiftOptionsPage: {Option: 3}"),
             "4-9", "<SpecialPageSummaryException>",
             "<Duplex>;  <StockColor>:<StockColorBlue>;  <ImageShift>:<MirrorX>"},
-        {"shift alone, unknown", exception(From<ExceptionPage>({{"EndPage", 1}, {shiftKey, Shift(2)}})),
+        {"shift alone, unknown", exception("EndPage: 1, .ImageShiftOptionsPage: {Option: 2}"),
             "0-1", "<SpecialPageSummaryException>", "<ImageShift>:STRING NOT FOUND"},
     };
     // clang-format on

@@ -137,15 +137,10 @@ TEST(StockMenu, OffersTheSizeToPagesOnly)
 TEST(StockMenu, HasItsCommandsAndThoseOfItsSubmenus)
 {
     const Menu menu = PopulateStockMenu(Bundle(), Page, Stock(), {});
-    const std::pair<std::size_t, std::uint32_t> commands[] = {
-        {0, FourCharCode("Sdef")},
-        {3, FourCharCode("Ssiz")},
-        {4, FourCharCode("Sclr")},
-        {5, FourCharCode("Styp")},
-        {6, FourCharCode("Spun")},
-        {8, FourCharCode("Sadv")},
-    };
-    for (const auto& [position, command] : commands) {
+    for (const auto& [position, command] :
+         {std::pair(0U, FourCharCode("Sdef")), std::pair(3U, FourCharCode("Ssiz")),
+          std::pair(4U, FourCharCode("Sclr")), std::pair(5U, FourCharCode("Styp")),
+          std::pair(6U, FourCharCode("Spun")), std::pair(8U, FourCharCode("Sadv"))}) {
         const MenuItem& item = menu[position];
         EXPECT_EQ(item.submenu.empty() ? item.command : item.submenu.back().command, command);
     }

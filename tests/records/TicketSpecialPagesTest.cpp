@@ -1,6 +1,7 @@
 #include "records/TicketSpecialPages.h"
 
 #include "platform/printing/PMTicket.h"
+#include "support/TicketText.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,6 @@ struct CoverCase {
 constexpr CoverCase CoverCases[] = {
     {"same covers",             false, 2, 2, 2, 2, 2},
     {"front only",              false, 2, 0, 2, 0, 0},
-    {"none",                    false, 0, 0, 0, 0, 0},
     {"booklet, same covers",    true,  2, 2, 2, 0, 2},
     {"booklet, front only",     true,  2, 0, 2, 0, 2},
     {"booklet, back only",      true,  0, 3, 0, 3, 3},
@@ -71,33 +71,27 @@ TEST(TicketCovers, LeaveOutTheTwinThatABookletHasAtItsBack)
     }
 }
 
-CFDictionary Page(std::int32_t first, std::int32_t last, std::int32_t plex)
-{
-    CFDictionary page = ExceptionPage().asTicket();
-    page.set("StartPage", first);
-    page.set("EndPage", last);
-    page.set("SidesImaged", plex);
-    return page;
-}
-
 TEST(TicketSpecialPages, AreMergedAgainWhenRead)
 {
+    const CFDictionary lists = TicketFromText(R"(
+        Inserts: [{StartPage: 7, Stock: {}, Quantity: 1}, "no insert", {StartPage: 0, Stock: {}, Quantity: 1}],
+        Exceptions: [{StartPage: 5, EndPage: 20, SidesImaged: 1}, {StartPage: 1, EndPage: 10, SidesImaged: 2},
+                     [], {StartPage: 30, EndPage: 29, SidesImaged: 3}])");
+    const CFDictionary merged = TicketFromText(R"(
+        Inserts: [{StartPage: 0, Stock: {}, Quantity: 1}, {StartPage: 7, Stock: {}, Quantity: 1}],
+        Exceptions: [{StartPage: 1, EndPage: 10, Stock: {}, SidesImaged: 2},
+                     {StartPage: 11, EndPage: 20, Stock: {}, SidesImaged: 1}])");
     PMTicket ticket;
-    CFDictionary insert = Insert().asTicket();
-    insert.set("StartPage", 7);
-    const CFDictionary first = Insert().asTicket();
-    ticket.setItem(ImportClient, InsertsKey, CFArray{insert, "no insert", first});
-    ticket.setItem(ImportClient, ExceptionsKey,
-                   CFArray{Page(5, 20, 1), Page(1, 10, 2), CFArray{}, Page(30, 29, 3)});
+    ticket.setItem(ImportClient, InsertsKey, *lists.find("Inserts"));
+    ticket.setItem(ImportClient, ExceptionsKey, *lists.find("Exceptions"));
     const TicketSpecialPages pages = ReadSpecialPages(ticket);
     EXPECT_FALSE(pages.frontCover.has_value());
     PMTicket written;
     EXPECT_EQ(WriteSpecialPages(written, pages), StatusOk);
     EXPECT_EQ(written.count(), 2U);
-    EXPECT_EQ(written.item(InsertsKey)->value, CFPropertyList(CFArray{first, insert}));
+    EXPECT_EQ(written.item(InsertsKey)->value, *merged.find("Inserts"));
     EXPECT_EQ(written.item(InsertsKey)->client, "com.tarvo.print");
-    EXPECT_EQ(written.item(ExceptionsKey)->value,
-              CFPropertyList(CFArray{Page(1, 10, 2), Page(11, 20, 1)}));
+    EXPECT_EQ(written.item(ExceptionsKey)->value, *merged.find("Exceptions"));
 }
 
 TEST(TicketSpecialPages, LeaveNothingWhenThereAreNone)

@@ -61,7 +61,6 @@ struct SearchCase {
 
 constexpr SearchCase SearchCases[] = {
     {"first row",                             StockSizeMap,               UnsetValue, 1,  "PrinterDefault" },
-    {"out of order",                          StockSizeMap,               8,          6,  "StockSize9x11"  },
     {"last row",                              StockSizeMap,               75,         12, "Custom..."      },
     {"unknown",                               StockSizeMap,               6,          -1, nullptr          },
     {"zero without a row",                    StockSizeMap,               0,          -1, nullptr          },
@@ -72,18 +71,13 @@ constexpr SearchCase SearchCases[] = {
     {"a later 0 hides what follows",          GapMap,                     5,          2,  "Gap"            },
     {"labels, stored but not offered",        CompleteStockTypeMap,       9,          5,  "Labels"         },
     {"labels in the menu of types",           StockTypeMap,               9,          -1, nullptr          },
+    {"in the gap",                            ImageShiftOptions2SidedMap, 2,          -1, nullptr          },
+    {"any description",                       StockDescriptionMap,        7,          2,  "Custom..."      },
     {"values out of order",                   HalftoneScreenMap,          29,         4,  "42lpi"          },
     {"below a gap",                           ImageShiftOptions2SidedMap, 3,          3,  "MirrorX"        },
-    {"in the gap",                            ImageShiftOptions2SidedMap, 2,          -1, nullptr          },
-    {"kind beyond its rows",                  RGBSourceProfileMap,        3,          -1, nullptr          },
     {"largest device's own tray",             OutputDestHCSS_BKMap,       7,          7,  "Booklet Tray"   },
-    {"missing on the smaller one",            OutputDestHCSSMap,          7,          -1, nullptr          },
-    {"punching may be none",                  PunchNoneMap,               1,          1,  "None"           },
     {"last fold",                             ComplexFoldMap,             48,         4,  "ZTriFoldOutside"},
-    {"job type of some printers only",        JobTypeMap,                 2,          -1, nullptr          },
     {"last job type",                         JobTypeMap,                 9,          3,  "BackgroundForms"},
-    {"no description",                        StockDescriptionMap,        UnsetValue, 1,  "PrinterDefault" },
-    {"any description",                       StockDescriptionMap,        7,          2,  "Custom..."      },
     {"empty table",                           EmptyMap,                   1,          -1, nullptr          },
 };
 

@@ -6,12 +6,12 @@
 #include "platform/ports/Task.h"
 #include "stocklibrary/PrinterStocks.h"
 #include "stocklibrary/StockLibraryList.h"
+#include "support/PeakMemory.h"
 
 #include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <thread>
 
@@ -29,14 +29,6 @@ constexpr const char* Identifier = "com.tarvo.test";
 constexpr seconds Hang{20};
 constexpr milliseconds LongestTurn{500};
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool IsSanitized = true;
-#elif defined(__has_feature)
-constexpr bool IsSanitized = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-constexpr bool IsSanitized = false;
-#endif
-
 ExchangeLimits DeadlineOf(milliseconds deadline)
 {
     ExchangeLimits limits;
@@ -49,25 +41,6 @@ std::size_t ThreadCount()
 {
     const std::filesystem::directory_iterator threads("/proc/self/task");
     return static_cast<std::size_t>(std::distance(threads, {}));
-}
-
-// The most memory that the process has had, in KiB.
-long PeakMemory()
-{
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    long amount = 0;
-    while (status >> word) {
-        if (word == "VmHWM:") {
-            status >> amount;
-        }
-    }
-    return amount;
-}
-
-void ResetPeakMemory()
-{
-    std::ofstream("/proc/self/clear_refs") << "5";
 }
 
 class StockThread : public testing::Test {
@@ -288,7 +261,7 @@ constexpr MisbehaviourCase Misbehaviours[] = {
 TEST_F(StockThread, SurvivesEveryMisbehaviour)
 {
     constexpr milliseconds Deadline{1'000};
-    constexpr long MostGrowth = 64 * 1024; // KiB
+    constexpr std::size_t MostGrowth = 64 * 1024; // KiB
     for (const auto& row : Misbehaviours) {
         SCOPED_TRACE(row.name);
         auto printer = std::make_unique<DemoPrinter>(std::vector<std::string>{});
@@ -306,7 +279,7 @@ TEST_F(StockThread, SurvivesEveryMisbehaviour)
             std::vector<std::string>{"--port", port, "--misbehave", row.name});
         ASSERT_EQ(printer->authority(), authority);
         ResetPeakMemory();
-        const long before = PeakMemory();
+        const std::size_t before = PeakMemory();
         testing::internal::CaptureStderr();
         spawn(authority, row.cause == TooLong ? Deadline : milliseconds(Hang));
         EXPECT_EQ(nextEvent(), FourCharCode("TbdC"));
@@ -317,7 +290,7 @@ TEST_F(StockThread, SurvivesEveryMisbehaviour)
         EXPECT_EQ(PrinterStocksCause(), row.cause);
         EXPECT_EQ(PrinterStocks() == former, row.outcome != Outcome::Replaced);
         if (!IsSanitized) {
-            EXPECT_LE(PeakMemory() - before, MostGrowth);
+            EXPECT_LE(PeakMemory(), before + MostGrowth);
         }
         MyRemoveThread(window_.window());
         EXPECT_TRUE(turnUntil([this] { return ThreadCount() == threadsBefore_; }));

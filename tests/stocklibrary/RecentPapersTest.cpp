@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 namespace tarvo {
 namespace {
 
@@ -109,18 +111,14 @@ TEST_F(RecentPapersTest, AreInUseByTheJobThatNamesThem)
     pages.backCover.emplace().stock() = papers[2].stock();
     Insert insert;
     insert.stock() = papers[3].stock();
-    const SpecialPage* inserts[] = {&insert, &insert};
-    pages.inserts.add(inserts);
-    ExceptionPage page;
-    page.setStartPage(1);
-    page.setEndPage(2);
-    page.stock() = papers[4].stock();
-    ExceptionPage unnamed;
-    unnamed.setStartPage(3);
-    unnamed.setEndPage(3);
-    unnamed.stock() = papers[6].stock();
-    const SpecialPage* exceptions[] = {&page, &unnamed};
-    pages.exceptions.add(exceptions);
+    pages.inserts.add(std::array<const SpecialPage*, 2>{&insert, &insert});
+    for (const std::size_t page : {4U, 6U}) {
+        ExceptionPage exception;
+        exception.setStartPage(static_cast<std::int32_t>(page));
+        exception.setEndPage(exception.startPage());
+        exception.stock() = papers[page].stock();
+        pages.exceptions.add(std::array<const SpecialPage*, 1>{&exception});
+    }
     MarkStocksInUse(list, papers[0].stock(), pages);
     std::vector<std::int32_t> statuses;
     for (const StockLibrary& paper : papers) {

@@ -45,8 +45,10 @@ protected:
     std::size_t storedPapers() const { return StockLibraryList(folders_).stockList().size(); }
 };
 
-TEST_F(StockLibraryFiles, AreMadeByTheFirstChangeWithThatAlone)
+TEST_F(StockLibraryFiles, AreMadeByTheFirstLookWithThatAlone)
 {
+    StockLibraryList{folders_};
+    EXPECT_THAT(keys(), ElementsAre("StockList"));
     CFDictionary first;
     {
         StockLibraryList list(folders_);
@@ -62,12 +64,6 @@ TEST_F(StockLibraryFiles, AreMadeByTheFirstChangeWithThatAlone)
     StockLibraryOrderList(folders_).updateOrderList("A");
     EXPECT_THAT(keys(), ElementsAre("StockList", "StockMenuList"));
     EXPECT_EQ(storedPapers(), 2U);
-}
-
-TEST_F(StockLibraryFiles, AreMadeByLookingAtThem)
-{
-    StockLibraryList{folders_};
-    EXPECT_THAT(keys(), ElementsAre("StockList"));
 }
 
 TEST_F(StockLibraryFiles, BeginWithWhatTheSiteGives)
@@ -277,27 +273,12 @@ TEST_F(StockLibraryFiles, LeaveTheSitesColumnsUntilTheUserHasOwn)
     EXPECT_EQ(*root.get<CFArray>("com.tarvo.print.StockLibrary.Preferences"), CFArray{false});
 }
 
-struct HostileCase {
-    const char* name;
-    const char* text;
-};
-
-constexpr HostileCase HostileCases[] = {
-    {"empty",             ""                                                                  },
-    {"no property list",  "papers"                                                            },
-    {"root is no",        "<plist version=\"1.0\"><array/></plist>"                           },
-    {"cut",               "<plist version=\"1.0\"><dict><key>a</key><dict>"                   },
-    {"an entity",         "<!DOCTYPE p [<!ENTITY e \"x\">]><plist><dict/></plist>"            },
-    {"papers twice",      "<plist><dict><key>a</key><true/><key>a</key><true/></dict></plist>"},
-    {"control character", "<plist><dict><key>&#7;</key><true/></dict></plist>"                },
-};
-
 TEST_F(StockLibraryFiles, ThatNobodyUnderstandsCountAsNone)
 {
     StockLibrary paper = Paper("A");
-    for (const auto& row : HostileCases) {
-        SCOPED_TRACE(row.name);
-        put(path(), row.text);
+    for (const char* text : {"", "papers", "<plist><dict><key>a</key><dict>"}) {
+        SCOPED_TRACE(text);
+        put(path(), text);
         PreferenceFailure failure;
         EXPECT_TRUE(ReadStockLibraryFile(folders_, &failure).empty());
         EXPECT_EQ(failure.error, 0);

@@ -1,26 +1,17 @@
 #include "stocklibrary/StockLibrary.h"
 
+#include "support/TicketText.h"
+
 #include <gtest/gtest.h>
 
 namespace tarvo {
 namespace {
 
-CFDictionary StockTicket(std::int32_t size, std::int32_t color, std::int32_t type)
-{
-    CFDictionary ticket;
-    ticket.set("Size", size);
-    ticket.set("Color", color);
-    ticket.set("Type", type);
-    return ticket;
-}
-
 TEST(StockLibraryEntry, HasItsKeysAndComesBack)
 {
-    CFDictionary ticket;
-    ticket.set("EntryStatus", 1);
-    ticket.set("Stock", StockTicket(4, 2, 1));
-    ticket.set("com.tarvo.print.StockLibrary.UUID", "U");
-    ticket.set("com.tarvo.print.StockLibrary.NameKey", "Blue");
+    CFDictionary ticket = TicketFromText(
+        R"(EntryStatus: 1, Stock: {Size: 4, Color: 2, Type: 1}, .StockLibrary.UUID: "U",
+           .StockLibrary.NameKey: "Blue")");
     StockLibrary entry(ticket);
     EXPECT_EQ(entry.asTicket(), ticket);
     EXPECT_EQ(entry.name(), "Blue");
@@ -35,47 +26,39 @@ TEST(StockLibraryEntry, HasItsKeysAndComesBack)
 
 TEST(StockLibraryEntry, KeepsItsDefaultsForWhatIsNoneOfItsTypes)
 {
-    CFDictionary ticket;
-    EXPECT_EQ(StockLibrary(ticket), StockLibrary());
-    ticket.set("EntryStatus", true);
-    ticket.set("Stock", "A4");
-    ticket.set("com.tarvo.print.StockLibrary.UUID", 1);
-    ticket.set("com.tarvo.print.StockLibrary.NameKey", CFArray());
-    EXPECT_EQ(StockLibrary(ticket), StockLibrary());
+    EXPECT_EQ(StockLibrary(TicketFromText(R"(EntryStatus: true, Stock: "A4", .StockLibrary.UUID: 1,
+                                             .StockLibrary.NameKey: [])")),
+              StockLibrary());
 }
 
 struct ValidityCase {
     const char* name;
-    std::int32_t size, color, type;
-    std::int32_t stored, status;
+    const char* ticket;
+    std::int32_t status;
 };
 
+// clang-format off
 constexpr ValidityCase ValidityCases[] = {
-    {"nothing set",                UnsetValue, UnsetValue, UnsetValue, 0, 0},
-    {"all offered, in use",        75,         10,         7,          1, 1},
-    {"size of the printer's only", 18,         1,          1,          0, 2},
-    {"colour of PPDs only",        4,          14,         1,          1, 2},
-    {"envelope",                   4,          1,          8,          0, 2},
-    {"type 0 ends the search",     4,          1,          0,          0, 2},
-    {"invalid once",               4,          1,          1,          2, 2},
+    {"nothing set",                "Stock: {}",                                            0},
+    {"all offered, in use",        "EntryStatus: 1, Stock: {Size: 75, Color: 10, Type: 7}", 1},
+    {"size of the printer's only", "Stock: {Size: 18, Color: 1, Type: 1}",                 2},
+    {"colour of PPDs only",        "EntryStatus: 1, Stock: {Size: 4, Color: 14, Type: 1}", 2},
+    {"envelope",                   "Stock: {Size: 4, Color: 1, Type: 8}",                  2},
+    {"type 0 ends the search",     "Stock: {Size: 4, Color: 1, Type: 0}",                  2},
+    {"invalid once",               "EntryStatus: 2, Stock: {Size: 4, Color: 1, Type: 1}",  2},
 };
+// clang-format on
 
 TEST(StockLibraryEntry, IsInvalidWhenTheMenusLackIt)
 {
     for (const auto& row : ValidityCases) {
-        SCOPED_TRACE(row.name);
-        CFDictionary ticket;
-        ticket.set("EntryStatus", row.stored);
-        ticket.set("Stock", StockTicket(row.size, row.color, row.type));
-        EXPECT_EQ(StockLibrary(ticket).status(), row.status);
+        EXPECT_EQ(StockLibrary(TicketFromText(row.ticket)).status(), row.status) << row.name;
     }
 }
 
 TEST(StockLibraryEntry, IsCopiedAsItStands)
 {
-    CFDictionary ticket;
-    ticket.set("Stock", StockTicket(4, 2, 2)); // a blue transparency
-    const StockLibrary entry(ticket);
+    const StockLibrary entry(TicketFromText("Stock: {Type: 2, Color: 2}")); // a blue transparency
     StockLibrary copy;
     copy = entry;
     EXPECT_EQ(copy.stock().color(), 2);

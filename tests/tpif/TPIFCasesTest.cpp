@@ -16,7 +16,7 @@
 // at its end do not count, and a "\" there says that no line feed follows.
 
 #include "TPIFTestSupport.h"
-#include "TicketText.h"
+#include "support/TicketText.h"
 #include "tpif/TPIFBackgroundForms.h"
 #include "tpif/TPIFColor.h"
 #include "tpif/TPIFCommands.h"

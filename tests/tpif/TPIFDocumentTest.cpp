@@ -1,6 +1,7 @@
 #include "tpif/TPIFDocument.h"
 
 #include "TPIFTestSupport.h"
+#include "support/TicketText.h"
 #include "tpif/TPIFJob.h"
 #include "tpif/TPIFWriter.h"
 
@@ -28,13 +29,10 @@ TEST(Document, RecipientCanStandAlone)
 
 TEST(Document, HoldsLongTextsWhole)
 {
-    const std::string message(5000, 'x');
-    const CFDictionary settings = Dictionary({
-        {"com.tarvo.print.JobNotesMessage", message}
-    });
+    const CFDictionary settings = TicketFromText(".JobNotesMessage: \"x\"*5000");
     EXPECT_EQ(Written([&](TPIFChannel& channel) { WriteTPIFJobNotes(channel, settings); }),
-              "\t\t<job-message-to-operator syntax=\"text\" xml:space=\"preserve\">" + message +
-                  "</job-message-to-operator>\n");
+              "\t\t<job-message-to-operator syntax=\"text\" xml:space=\"preserve\">" +
+                  std::string(5000, 'x') + "</job-message-to-operator>\n");
 }
 
 TEST(Export, TakesTheKeysOfTheMaker)

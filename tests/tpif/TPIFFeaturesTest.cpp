@@ -11,6 +11,7 @@
 #include "records/SpecialPageKeys.h"
 #include "records/StockKeys.h"
 #include "settings/TicketKeys.h"
+#include "support/TicketText.h"
 #include "tpif/DeviceProfile.h"
 #include "tpif/TPIFFinishing.h"
 #include "tpif/TPIFMaps.h"
@@ -76,14 +77,10 @@ TEST_F(BundledProfile, SaysWhatTheFeaturesTake)
     EXPECT_EQ(TDPGetKeywordsWithPropertyAndValue(coated, "TPIFValue", "none").size(), 1U);
     EXPECT_EQ(TDPGetKeywordsWithPropertyAndValue(coated, "TPIFValue", "matte").size(), 1U);
     EXPECT_EQ(*TDPGetFeatureSyntax(TDPGetFeature("StockSize"), "Number"),
-              Dictionary({
-                  {"Minimum", 1         },
-                  {"Maximum", 2147483647}
-    }));
+              TicketFromText("Minimum: 1, Maximum: 2147483647"));
     EXPECT_EQ(*TDPGetFeatureSyntax(TDPGetFeature("ImageShift"), "Number"), CFDictionary());
-    EXPECT_EQ(*TDPGetFeatureSyntax(TDPGetFeature("StockType"), "Name"), Dictionary({
-                                                                            {"Length", 30}
-    }));
+    EXPECT_EQ(*TDPGetFeatureSyntax(TDPGetFeature("StockType"), "Name"),
+              TicketFromText("Length: 30"));
     EXPECT_EQ(TDPGetFeatureSyntax(TDPGetFeature("FrontCover"), "Keyword"), nullptr);
 }
 
@@ -155,9 +152,7 @@ constexpr ExportCase ExportCases[] = {
 
 std::string Exported(const ExportCase& row, std::int32_t value)
 {
-    CFDictionary settings = Dictionary({
-        {ExportOptionsKey, Dictionary({{ExportAllKey, true}})}
-    });
+    CFDictionary settings = TicketFromText(".TPIFOptions: {TPIFOptionAll: true}");
     CFDictionary inner;
     if (row.dictionary == JobTypeKey) {
         inner.set(JobTypeNumberKey, 3); // a saved job, which has a format
@@ -235,11 +230,10 @@ std::map<std::string, std::set<std::int32_t>> WrittenFinishings()
 {
     std::map<std::string, std::set<std::int32_t>> written;
     for (const std::int32_t family : {0, 1, 3, 4, 9, 14, 18, 25, 36, 40, 49}) {
-        CFDictionary base = Dictionary({
-            {FinishingOptionsKey, family}
-        });
-        base.set(HolePunchValueKey, 49);  // punched, with neither a position
-        base.set(HolePunchOptionsKey, 9); // nor a number of holes
+        CFDictionary base; // punched, with neither a position nor a number of holes
+        base.set(FinishingOptionsKey, family);
+        base.set(HolePunchValueKey, 49);
+        base.set(HolePunchOptionsKey, 9);
         const auto ofFamily = FinishingEnums(base);
         for (const auto& value : ofFamily) {
             written[value].insert(family);

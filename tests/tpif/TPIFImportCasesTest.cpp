@@ -12,10 +12,10 @@
 
 #include "ImportSteps.h"
 #include "TPIFTestSupport.h"
-#include "TicketText.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/cf/PropertyListWriter.h"
 #include "printer/FeatureDatabase.h"
+#include "support/TicketText.h"
 #include "tpif/TPIFImport.h"
 
 #include <filesystem>

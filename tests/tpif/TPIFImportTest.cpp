@@ -4,6 +4,7 @@
 #include "platform/files/FileContents.h"
 #include "printer/FeatureDatabase.h"
 #include "settings/TicketKeys.h"
+#include "support/TicketText.h"
 #include "tpif/DeviceProfile.h"
 #include "tpif/TPIFWriter.h"
 
@@ -72,25 +73,18 @@ TEST_F(ImportedFiles, ReplaceOneAnothersEntriesAndLeaveTheRest)
     };
     PMPrintSession session;
     PMTicket& ticket = session.addTicket(JobTicketName);
-    ticket.setItem("Other", JobTypeKey,
-                   Dictionary({
-                       {"SecurePrintPassword", "1234"}
-    }));
+    ticket.setItem("Other", JobTypeKey, TicketFromText("SecurePrintPassword: \"1234\""));
     ticket.setItem("Other", ResolutionKey, 2);
     std::vector<TPIFUnreadableFile> unreadable;
     EXPECT_EQ(TPIFImportFiles(Features(), paths, &session, &unreadable), StatusOk);
-    EXPECT_EQ(ticket.item(JobTypeKey)->value, CFPropertyList(Dictionary({
-                                                  {"JobType", 2}
-    })));
+    EXPECT_EQ(ticket.item(JobTypeKey)->value, CFPropertyList(TicketFromText("JobType: 2")));
     EXPECT_EQ(ticket.item(JobTypeKey)->client, "TARVO");
     EXPECT_EQ(ticket.item(OutputDestinationKey)->value, CFPropertyList(4));
     EXPECT_EQ(ticket.item(ResolutionKey)->client, "Other");
     // The print dialog's own two-sided mode goes along.
     EXPECT_EQ(ticket.item(SystemDuplexKey)->value, CFPropertyList(3));
     EXPECT_EQ(ticket.item(SystemDuplexKey)->client, "com.tarvo.printingmanager");
-    EXPECT_EQ(ticket.ppdDictionary(), Dictionary({
-                                          {"Duplex", "DuplexTumble"}
-    }));
+    EXPECT_EQ(ticket.ppdDictionary(), TicketFromText("Duplex: \"DuplexTumble\""));
     ASSERT_EQ(unreadable.size(), 2U);
     EXPECT_EQ(unreadable[0].path, paths[1]);
     EXPECT_THAT(unreadable[0].error.reason, testing::HasSubstr("tag mismatch"));
@@ -99,9 +93,7 @@ TEST_F(ImportedFiles, ReplaceOneAnothersEntriesAndLeaveTheRest)
 
 TEST_F(ImportedFiles, MustBeRegularAndReadable)
 {
-    CFDictionary result = Dictionary({
-        {"kept", 1}
-    });
+    CFDictionary result = TicketFromText("kept: 1");
     ParseError error;
     ASSERT_EQ(mkfifo((folder_ + "pipe").c_str(), 0600), 0);
     for (const std::string& path : {folder_ + "pipe", folder_, file("empty", "")}) {
@@ -114,9 +106,7 @@ TEST_F(ImportedFiles, MustBeRegularAndReadable)
 TEST(ImportMerge, DoesNothingWithoutSessionTicketOrEntries)
 {
     PMPrintSession session;
-    const CFDictionary result = Dictionary({
-        {DuplexKey, 2}
-    });
+    const CFDictionary result = TicketFromText(".FinishingDuplex: 2");
     const CFDictionary empty;
     EXPECT_EQ(TPIFImportMergeIntoJobTicket(nullptr, &result), StatusOk);
     EXPECT_EQ(TPIFImportMergeIntoJobTicket(&session, &result), StatusOk);
@@ -133,11 +123,8 @@ TEST(ImportMerge, DoesNothingWithoutSessionTicketOrEntries)
 // An export with accounting closes an element by another name; nobody can read it.
 TEST(ImportDocument, OfAnExportWithAccountingIsUnreadable)
 {
-    CFDictionary settings = Dictionary({
-        {ExportOptionsKey, Dictionary({{ExportAllKey, true}})},
-        {AccountingOnKey,  3                                 },
-        {DuplexKey,        2                                 }
-    });
+    const CFDictionary settings = TicketFromText(
+        ".TPIFOptions: {TPIFOptionAll: true}, com.tarvo.Act.tpif.On: 3, .FinishingDuplex: 2");
     const std::string document =
         Written([&](TPIFChannel& channel) { WriteTPIF(channel, settings, nullptr); });
     CFDictionary result;
@@ -147,94 +134,69 @@ TEST(ImportDocument, OfAnExportWithAccountingIsUnreadable)
     EXPECT_THAT(error.reason, testing::HasSubstr("job-account"));
 }
 
-// A profile with features of its own making.
-CFDictionary Profile(const char* feature, const CFDictionary& properties,
-                     const CFDictionary& syntax)
+// What a profile of that one feature gives of a document.
+CFDictionary ImportedWith(const std::string& feature, const std::string& properties,
+                          const std::string& syntax, const std::string& document)
 {
-    return Dictionary({
-        {"Features", Dictionary({{feature, Dictionary({{"ID", feature},
-                                                       {"Properties", properties},
-                                                       {"Syntax", syntax}})}})}
-    });
+    const CFDictionary profile =
+        TicketFromText("Features: {" + feature + ": {ID: \"" + feature + "\", Properties: {" +
+                       properties + "}, Syntax: {" + syntax + "}}}");
+    return Imported(TPIFImportFeatures(FeatureDatabase(profile)), document);
 }
 
-CFDictionary Word(const char* id, const char* word, bool isName)
+std::string Rgb(const std::string& syntax, const std::string& text)
 {
-    return Dictionary({
-        {"ID",         id                                                       },
-        {"Properties", Dictionary({{"TPIFValue", word}, {"NameSyntax", isName}})}
-    });
+    return Job("<undefined-source-rgb-text syntax='" + syntax + "'>" + text +
+               "</undefined-source-rgb-text>");
 }
+
+constexpr const char* RgbSyntax = R"(Keyword: {
+    sRGB: {ID: "sRGB", Properties: {TPIFValue: "x", NameSyntax: true}},
+    Other: {ID: "Smpte240m", Properties: {TPIFValue: "y", NameSyntax: true}},
+    AdobeRGB: {ID: "AdobeRGB", Properties: {TPIFValue: "z", NameSyntax: false}},
+    Twice: {ID: "sRGB", Properties: {TPIFValue: "x", NameSyntax: true}}
+    }, Name: {Length: 3, CharacterSet: "xyzä"})";
 
 TEST(ImportFeatures, AreThoseOfTheDatabase)
 {
-    const CFDictionary asked = Dictionary({
-        {"TPIF", true}
-    });
-    const CFDictionary byName = Dictionary({
-        {"TPIF",                  true},
-        {"KeywordsUseNameSyntax", true}
-    });
-    const auto rgb = [](const char* syntax, const char* text) {
-        return Job("<undefined-source-rgb-text syntax='" + std::string(syntax) + "'>" + text +
-                   "</undefined-source-rgb-text>");
+    constexpr const char* Asked = "TPIF: true";
+    constexpr const char* ByName = "TPIF: true, KeywordsUseNameSyntax: true";
+    // name, properties, document, value of the profile
+    const std::tuple<const char*, const char*, std::string, const char*> rows[] = {
+        {"a word of its own",            ByName, Rgb("keyword", "z"),    "6"       },
+        {"a name that is a keyword's",   ByName, Rgb("name",    "y"),    "3"       },
+        {"a name that is two keywords'", ByName, Rgb("name",    "x"),    "\"x\""   },
+        {"a name that is no keyword's",  ByName, Rgb("name",    "z"),    "\"z\""   },
+        {"names are names",              Asked,  Rgb("name",    "y"),    "\"y\""   },
+        {"the longest name",             ByName, Rgb("uri",     "xäx"), "\"xäx\""},
+        {"too long",                     ByName, Rgb("name",    "xyzx"), ""        },
+        {"a character too many",         ByName, Rgb("name",    "xa"),   ""        },
+        {"a syntax that is not there",   ByName, Rgb("integer", "1"),    ""        },
+        {"not asked",                    "",     Rgb("keyword", "z"),    ""        },
     };
-    const CFDictionary two = Dictionary({
-        {"Keyword", Dictionary({{"sRGB", Word("sRGB", "x", true)},
-                                {"Other", Word("Smpte240m", "y", true)},
-                                {"AdobeRGB", Word("AdobeRGB", "z", false)},
-                                {"Twice", Word("sRGB", "x", true)}})},
-        {"Name",    Dictionary({{"Length", 3}, {"CharacterSet", "xyz\xC3\xA4"}})       }
-    });
-    const auto profile = [](const CFPropertyList& value) {
-        return Dictionary({
-            {FullColorOptionsKey, Dictionary({{"RGBTextAndGraphicsProfile", value}})}
-        });
-    };
-    // name, properties, document, result
-    const std::tuple<const char*, CFDictionary, std::string, CFDictionary> rows[] = {
-        {"a word of its own",            byName, rgb("keyword", "z"),          profile(6)           },
-        {"a name that is a keyword's",   byName, rgb("name",    "y"),          profile(3)           },
-        {"a name that is two keywords'", byName, rgb("name",    "x"),          profile("x")         },
-        {"a name that is no keyword's",  byName, rgb("name",    "z"),          profile("z")         },
-        {"names are names",              asked,  rgb("name",    "y"),          profile("y")         },
-        {"the longest name",             byName, rgb("uri",     "x\xC3\xA4x"), profile("x\xC3\xA4x")},
-        {"too long",                     byName, rgb("name",    "xyzx"),       CFDictionary()       },
-        {"a character too many",         byName, rgb("name",    "xa"),         CFDictionary()       },
-        {"a syntax that is not there",   byName, rgb("integer", "1"),          CFDictionary()       },
-        {"not asked",                    {},     rgb("keyword", "z"),          CFDictionary()       },
-    };
-    for (const auto& [name, properties, document, result] : rows) {
-        SCOPED_TRACE(name);
-        const FeatureDatabase database(Profile("RGBSourceText", properties, two));
-        EXPECT_EQ(Imported(TPIFImportFeatures(database), document), result);
+    for (const auto& [name, properties, document, value] : rows) {
+        const std::string given = value;
+        const std::string expected =
+            given.empty() ? "" : ".FullColorOptions: {RGBTextAndGraphicsProfile: " + given + "}";
+        EXPECT_EQ(ImportedWith("RGBSourceText", properties, RgbSyntax, document),
+                  TicketFromText(expected))
+            << name;
     }
-    EXPECT_TRUE(Imported(TPIFImportFeatures(FeatureDatabase()), rgb("name", "y")).empty());
+    EXPECT_TRUE(Imported(TPIFImportFeatures(FeatureDatabase()), Rgb("name", "y")).empty());
 }
 
 TEST(ImportFeatures, OfNumbersMayHaveAKeywordForNone)
 {
-    const CFDictionary asked = Dictionary({
-        {"TPIF", true}
-    });
-    const CFDictionary keywords = Dictionary({
-        {"Keyword", Dictionary({{"PrinterDefault", Word("PrinterDefault", "any", false)}})}
-    });
-    const CFDictionary stock = Dictionary({
-        {"Weight", UnsetValue}
-    });
-    // feature, members of the job, result
-    const std::tuple<const char*, const char*, CFDictionary> rows[] = {
-        {"StockWeight",
-         "<media-col><media-weight-metric syntax='keyword'>any</media-weight-metric></media-col>", Dictionary({{JobLevelStockKey, stock}})     },
-        {"LightenDarken",
-         "<adjust-bw-darkness-value syntax='keyword'>any</adjust-bw-darkness-value>",              Dictionary({{LightenDarkenKey, UnsetValue}})},
-    };
-    for (const auto& [feature, members, result] : rows) {
-        SCOPED_TRACE(feature);
-        const FeatureDatabase database(Profile(feature, asked, keywords));
-        EXPECT_EQ(Imported(TPIFImportFeatures(database), Job(members)), result);
-    }
+    constexpr const char* Syntax = R"(Keyword: {PrinterDefault:
+        {ID: "PrinterDefault", Properties: {TPIFValue: "any", NameSyntax: false}}})";
+    EXPECT_EQ(ImportedWith("StockWeight", "TPIF: true", Syntax,
+                           Job("<media-col><media-weight-metric syntax='keyword'>any"
+                               "</media-weight-metric></media-col>")),
+              TicketFromText(".JobLevelStock: {Weight: unset}"));
+    EXPECT_EQ(ImportedWith("LightenDarken", "TPIF: true", Syntax,
+                           Job("<adjust-bw-darkness-value syntax='keyword'>any"
+                               "</adjust-bw-darkness-value>")),
+              TicketFromText(".LightenDarken: unset"));
 }
 
 std::string Line(const TPIFImportStep& step)

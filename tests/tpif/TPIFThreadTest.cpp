@@ -1,4 +1,5 @@
 #include "TPIFTestSupport.h"
+#include "support/TicketText.h"
 #include "tpif/TPIFWriter.h"
 
 #include <thread>
@@ -8,18 +9,13 @@ namespace {
 
 CFDictionary InsertsOf(int quantity)
 {
-    CFArray inserts;
+    const std::string number = std::to_string(quantity);
+    std::string inserts;
     for (int page = 0; page < 500; ++page) {
-        inserts.push_back(Dictionary({
-            {"StartPage", page    },
-            {"Quantity",  quantity}
-        }));
+        inserts += "{StartPage: " + std::to_string(page) + ", Quantity: " + number + "}, ";
     }
-    return Dictionary({
-        {"com.tarvo.print.TPIFOptions",             Dictionary({{"TPIFOptionAll", true}})},
-        {"com.tarvo.print.SpecialPages.InsertList", std::move(inserts)                   },
-        {"com.tarvo.print.FinishingOptions",        quantity                             }
-    });
+    return TicketFromText(".TPIFOptions: {TPIFOptionAll: true}, .FinishingOptions: " + number +
+                          ", .SpecialPages.InsertList: [" + inserts + "]");
 }
 
 std::string Export(const CFDictionary& settings)

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,137 +21,65 @@ namespace {
 
 using Numbers = std::vector<std::int32_t>;
 
-// In a table: the value is not written; or it is, and does not come back.
-constexpr std::int32_t Nothing = -1;
-constexpr std::int32_t Lost = -2;
-constexpr std::int32_t UnsetScreen = -3;
+// Numbers of a ticket and what comes back: "4" itself, "2>3" another, "1>none" nothing, as it is
+// not written, "28>lost" nothing, though it is, "9>unset" unset, "32>default" unset, which is not
+// written again.
+using NumberRows = const char*;
 
-// What a ticket's number comes back as.
-struct NumberRow {
-    std::int32_t value;
-    std::int32_t expected;
-};
-using NumberRows = std::vector<NumberRow>;
+constexpr NumberRows OneAndTwo = "1 2 0>none unset>none";
+constexpr NumberRows OneAndThree = "1 3 0>none";
+constexpr NumberRows OneAndFive = "1 5 0>none";
+constexpr NumberRows Levels = "-100 0 100 -101>lost 101>lost";
+constexpr NumberRows Renderings = "1 5 6 7>none unset>none";
+constexpr NumberRows RgbProfiles = "1 4 5>none 6";
+constexpr NumberRows CmykProfiles = "1 2 3>none 4 15";
+constexpr NumberRows TrapWidths = "0 20 21>lost";
 
-const NumberRows ScreenRows = {
-    {1,          16         },
-    {2,          17         },
-    {3,          30         },
-    {5,          31         },
-    {4,          4          },
-    {14,         14         },
-    {19,         19         },
-    {27,         27         },
-    {28,         Lost       },
-    {32,         UnsetScreen},
-    {33,         Lost       },
-    {47,         Lost       },
-    {48,         Nothing    },
-    {UnsetValue, Nothing    },
-};
-const NumberRows DestinationRows = {
-    {1, 1      },
-    {2, 3      },
-    {3, 3      },
-    {4, 4      },
-    {5, Lost   },
-    {6, Lost   },
-    {7, Nothing},
-    {8, Lost   },
-    {9, Lost   },
-};
-const NumberRows OneAndTwo = {
-    {1,          1      },
-    {2,          2      },
-    {0,          Nothing},
-    {UnsetValue, Nothing},
-};
-const NumberRows FromTwo = {
-    {1,          Nothing},
-    {2,          2      },
-    {3,          3      },
-    {9,          Nothing},
-    {UnsetValue, Nothing},
-};
-const NumberRows PreScanRows = {
-    {1, Nothing},
-    {2, 2      },
-    {4, 4      },
-};
-const NumberRows DeliveryRows = {
-    {1, Nothing},
-    {2, 2      },
-    {3, 3      },
-    {4, 4      },
-    {5, 5      },
-    {6, Nothing},
-};
-const NumberRows LevelRows = {
-    {-100, -100},
-    {0,    0   },
-    {100,  100 },
-    {-101, Lost},
-    {101,  Lost},
-};
-const NumberRows RenderingRows = {
-    {1,          1      },
-    {5,          5      },
-    {6,          6      },
-    {7,          Nothing},
-    {UnsetValue, Nothing},
-};
-const NumberRows TrapWidthRows = {
-    {0,  0   },
-    {20, 20  },
-    {21, Lost},
-};
-const NumberRows RgbRows = {
-    {1, 1      },
-    {4, 4      },
-    {5, Nothing},
-    {6, 6      },
-};
-const NumberRows CmykRows = {
-    {1,  1      },
-    {2,  2      },
-    {3,  Nothing},
-    {4,  4      },
-    {15, 15     },
-};
-const NumberRows ColorantRows = {
-    {1, 1      },
-    {5, 5      },
-    {0, Nothing},
-};
-const NumberRows MapColorRows = {
-    {1,  1      },
-    {13, 13     },
-    {0,  Nothing},
-};
-const NumberRows MismatchRows = {
-    {1, 1      },
-    {3, 3      },
-    {0, Nothing},
+struct NumberEntry {
+    std::string_view key;
+    NumberRows rows;
 };
 
-const NumberRows SlipSheetRows = {
-    {2, 2      },
-    {1, Nothing},
+// clang-format off
+constexpr NumberEntry JobEntries[] = {
+    {OutputDestinationKey, "1 2>3 3 4 5>lost 6>lost 7>none 8>lost 9>lost"},
+    {HalftoneScreenKey, "1>16 2>17 3>30 5>31 4 14 27 28>lost 32>default 33>lost 47>lost 48>none unset>none"},
+    {OPISubstitutionKey, "1>none 2 3 9>none unset>none"}, {OutputOrderKey, "1>none 2 3 4 5 6>none"},
+    {OutputColorKey, OneAndTwo},   {SlipSheetKey, "2 1>none"},          {LightenDarkenKey, Levels},
+    {AntialiasingKey, OneAndTwo},  {RotateImageKey, OneAndTwo},         {OPIPrescanKey, "1>none 2 4"},
+    {ResolutionKey, "1 4 9>unset"}, {QuillonEmulationKey, "2 3 4>none"},
 };
-const NumberRows EmulationRows = {
-    {2, 2      },
-    {3, 3      },
-    {4, Nothing},
+constexpr NumberEntry ColorEntries[] = {
+    {FullColorLightnessKey, Levels},        {FullColorContrastKey, Levels},
+    {FullColorSaturationKey, Levels},       {FullColorBlackOverprintKey, OneAndTwo},
+    {RGBImagesProfileKey, RgbProfiles},     {RGBTextAndGraphicsProfileKey, RgbProfiles},
+    {CMYKImagesProfileKey, CmykProfiles},   {CMYKTextAndGraphicsProfileKey, CmykProfiles},
+    {DestinationProfileKey, "1 2>none"},    {ImageRenderingKey, Renderings},
+    {TextRenderingKey, Renderings},         {GraphicRenderingKey, Renderings},
 };
-const NumberRows ResolutionRows = {
-    {1, 1         },
-    {4, 4         },
-    {9, UnsetValue},
+constexpr NumberEntry CastEntries[] = {
+    {FullColorCyanRedKey, Levels}, {FullColorMagentaGreenKey, Levels}, {FullColorYellowBlueKey, Levels},
 };
-const NumberRows ProfileRows = {
-    {1, 1      },
-    {2, Nothing},
+constexpr NumberEntry HighlightEntries[] = {
+    {HighlightPrintingColorKey, OneAndFive},    {HighlightMappingColorKey, "1 13 0>none"},
+    {HighlightMappingAlgorithmKey, OneAndFive}, {HighlightMismatchActionKey, OneAndThree},
 };
+constexpr NumberEntry PageEntries[] = {
+    {SidesImagedKey, OneAndThree},     {PageLightenDarkenKey, Levels},
+    {PageAntialiasingKey, OneAndTwo},  {PageOutputColorKey, OneAndTwo},
+};
+// clang-format on
+
+std::int32_t NumberOf(const std::string& word)
+{
+    return word == "unset" || word == "default" ? UnsetValue : std::stoi(word);
+}
+
+std::vector<std::string> WordsOf(NumberRows rows)
+{
+    std::istringstream text(rows);
+    return {std::istream_iterator<std::string>(text), {}};
+}
 
 // A random number that every machine draws alike, unlike those of the standard's distributions.
 class Random {
@@ -189,20 +119,22 @@ struct Pair {
         ticket.set(key, value);
         expected.set(key, value);
     }
-    void number(Random& random, std::string_view key, const NumberRows& rows)
+    void number(Random& random, std::string_view key, NumberRows rows)
     {
-        const NumberRow& row = random.oneOf(rows);
-        ticket.set(key, row.value);
-        // A screen that comes back as the printer's default is not written again.
-        isLossy = isLossy || row.expected == Lost || row.expected == UnsetScreen;
-        if (row.expected != Nothing && row.expected != Lost) {
-            expected.set(key, row.expected == UnsetScreen ? UnsetValue : row.expected);
+        const std::string word = random.oneOf(WordsOf(rows));
+        const std::string back = word.substr(word.find('>') + 1); // all of it without a '>'
+        ticket.set(key, NumberOf(word.substr(0, word.find('>'))));
+        isLossy = isLossy || back == "lost" || back == "default";
+        if (back != "none" && back != "lost") {
+            expected.set(key, NumberOf(back));
         }
     }
-    void maybe(Random& random, std::string_view key, const NumberRows& rows)
+    void some(Random& random, std::span<const NumberEntry> entries)
     {
-        if (random.once(3)) {
-            number(random, key, rows);
+        for (const NumberEntry& entry : entries) {
+            if (random.once(3)) {
+                number(random, entry.key, entry.rows);
+            }
         }
     }
 };
@@ -252,7 +184,6 @@ private:
     void offset();
     void notes();
     void simple();
-    void number(std::string_view key, const NumberRows& rows) { job_.maybe(random_, key, rows); }
     void put(Pair& pair, std::string_view key, Pair value, bool evenEmpty)
     {
         pair.isLossy = pair.isLossy || value.isLossy;
@@ -274,7 +205,7 @@ void TicketMaker::stockType(Pair& stock)
     // Type, what comes back, and what the type implies.
     struct Row {
         std::int32_t type;
-        std::int32_t expected;
+        std::int32_t expected; // 0: none
         std::int32_t weight;
         bool isPunched;
         bool isCoated;
@@ -285,19 +216,13 @@ void TicketMaker::stockType(Pair& stock)
     static constexpr Row Rows[] = {
         {1,  1,       0,   false, false, false, nullptr},
         {2,  2,       0,   false, false, false, nullptr},
-        {3,  3,       0,   false, false, false, nullptr},
         {4,  4,       0,   false, false, true,  nullptr},
-        {5,  5,       0,   false, false, false, nullptr},
         {8,  8,       0,   false, false, false, nullptr},
-        {9,  9,       0,   false, false, false, nullptr},
         {10, 10,      0,   false, false, false, nullptr},
         {11, 1,       0,   true,  false, false, nullptr},
         {12, 1,       141, false, false, false, nullptr},
-        {13, 13,      0,   false, false, false, nullptr},
-        {14, 14,      0,   false, false, false, nullptr},
         {15, 15,      0,   false, false, true,  nullptr},
         {21, 21,      0,   false, false, true,  nullptr},
-        {22, 22,      0,   false, false, false, nullptr},
         {23, 7,       0,   false, false, true,  nullptr},
         {24, 4,       0,   false, false, true,  nullptr},
         {25, 9,       219, false, false, false, nullptr},
@@ -306,14 +231,13 @@ void TicketMaker::stockType(Pair& stock)
         {32, 7,       219, false, true,  true,  "stationery2"},
         {33, 4,       229, false, false, true,  nullptr},
         {39, 9,       229, false, false, false, nullptr},
-        {0,  Nothing, 0,   false, false, false, nullptr},
-        {34, Nothing, 0,   false, false, false, nullptr},
-        {40, Nothing, 0,   false, false, false, nullptr},
+        {0,  0,       0,   false, false, false, nullptr},
+        {40, 0,       0,   false, false, false, nullptr},
     };
     // clang-format on
     const Row& row = random_.oneOf(Rows);
     stock.ticket.set(StockTypeKey, row.type);
-    if (row.expected != Nothing) {
+    if (row.expected != 0) {
         stock.expected.set(StockTypeKey, row.expected);
     }
     if (row.customType != nullptr) {
@@ -446,8 +370,11 @@ Pair TicketMaker::stock()
     if (random_.once(3)) {
         stockCoating(stock, stock.expected.contains(StockSidesCoatedKey));
     }
-    stock.maybe(random_, StockFinishKey, MismatchRows);
-    stock.maybe(random_, StockGrainKey, OneAndTwo);
+    static constexpr NumberEntry Entries[] = {
+        {StockFinishKey, OneAndThree},
+        {StockGrainKey,  OneAndTwo  }
+    };
+    stock.some(random_, Entries);
     return stock;
 }
 
@@ -477,33 +404,23 @@ void TicketMaker::shift(Pair& page, std::string_view key)
 void TicketMaker::color(Pair& job, std::string_view key)
 {
     Pair color;
-    for (const auto level : {FullColorLightnessKey, FullColorContrastKey, FullColorSaturationKey}) {
-        color.maybe(random_, level, LevelRows);
-    }
+    color.some(random_, ColorEntries);
     if (random_.once(3)) {
         Pair cast;
-        cast.maybe(random_, FullColorCyanRedKey, LevelRows);
-        cast.maybe(random_, FullColorMagentaGreenKey, LevelRows);
-        cast.maybe(random_, FullColorYellowBlueKey, LevelRows);
+        cast.some(random_, CastEntries);
         put(color, FullColorCastKey, std::move(cast), false);
     }
     if (random_.once(3)) {
+        static constexpr NumberEntry Widths[] = {
+            {FullColorTrappingFastKey, TrapWidths},
+            {FullColorTrappingSlowKey, TrapWidths}
+        };
         color.number(random_, FullColorTrappingKey, OneAndTwo);
-        color.maybe(random_, FullColorTrappingFastKey, TrapWidthRows);
-        color.maybe(random_, FullColorTrappingSlowKey, TrapWidthRows);
+        color.some(random_, Widths);
         if (color.expected.contains(FullColorTrappingFastKey) ||
             color.expected.contains(FullColorTrappingSlowKey)) {
             color.expected.insert(FullColorTrappingKey, UnsetValue);
         }
-    }
-    color.maybe(random_, FullColorBlackOverprintKey, OneAndTwo);
-    color.maybe(random_, RGBImagesProfileKey, RgbRows);
-    color.maybe(random_, RGBTextAndGraphicsProfileKey, RgbRows);
-    color.maybe(random_, CMYKImagesProfileKey, CmykRows);
-    color.maybe(random_, CMYKTextAndGraphicsProfileKey, CmykRows);
-    color.maybe(random_, DestinationProfileKey, ProfileRows);
-    for (const auto rendering : {ImageRenderingKey, TextRenderingKey, GraphicRenderingKey}) {
-        color.maybe(random_, rendering, RenderingRows);
     }
     for (const auto profile :
          {FullColorTRCKey, RGBImagesProfileKey, CMYKTextAndGraphicsProfileKey, GrayImagesProfileKey,
@@ -518,10 +435,7 @@ void TicketMaker::color(Pair& job, std::string_view key)
 void TicketMaker::highlight()
 {
     Pair options;
-    options.maybe(random_, HighlightPrintingColorKey, ColorantRows);
-    options.maybe(random_, HighlightMappingColorKey, MapColorRows);
-    options.maybe(random_, HighlightMappingAlgorithmKey, ColorantRows);
-    options.maybe(random_, HighlightMismatchActionKey, MismatchRows);
+    options.some(random_, HighlightEntries);
     options.isLossy = options.expected.int32(HighlightMappingColorKey) == 13; // the colour itself
     put(job_, HighlightColorOptionsKey, std::move(options), false);
 }
@@ -587,10 +501,7 @@ void TicketMaker::exceptions()
         page.both(StartPageKey, first);
         page.both(EndPageKey, last);
         put(page, PageStockKey, stock(), true);
-        page.maybe(random_, SidesImagedKey, MismatchRows);
-        page.maybe(random_, PageLightenDarkenKey, LevelRows);
-        page.maybe(random_, PageAntialiasingKey, OneAndTwo);
-        page.maybe(random_, PageOutputColorKey, OneAndTwo);
+        page.some(random_, PageEntries);
         if (random_.once(3)) {
             shift(page, PageImageShiftKey);
         }
@@ -684,6 +595,11 @@ void TicketMaker::forms()
     }
 }
 
+struct Part {
+    std::string_view key;
+    Numbers choices;
+};
+
 constexpr std::string_view PartKeys[] = {Staple1ValueKey, Staple2ValueKey, StapleCenterValueKey,
                                          FoldValueKey,    BindValueKey,    HolePunchValueKey,
                                          ZFoldValueKey};
@@ -691,33 +607,17 @@ constexpr std::string_view PartKeys[] = {Staple1ValueKey, Staple2ValueKey, Stapl
 // A family with the parts that it uses, and only those.
 void TicketMaker::finishing()
 {
-    struct Part {
-        std::string_view key;
-        Numbers choices;
-    };
     struct Row {
         std::int32_t family;
         std::vector<Part> parts;
     };
-    static const Part Staple1 = {
-        Staple1ValueKey, {5, 6, 7, 8}
-    };
-    static const Part Staple2 = {
-        Staple2ValueKey, {10, 11, 12, 13}
-    };
-    static const Part StapleCenter = {
-        StapleCenterValueKey, {26, 27, 28, 29}
-    };
-    static const Part Punch = {
-        HolePunchValueKey, {32, 33, 34, 35}
-    };
-    static const Part AnyPunch = {
-        HolePunchValueKey, {32, 33, 34, 35, 49}
-    };
-    static const Part ZFold = {
-        ZFoldValueKey, {38, 39}
-    };
     // clang-format off
+    static const Part Staple1 = {Staple1ValueKey, {5, 6, 7, 8}};
+    static const Part Staple2 = {Staple2ValueKey, {10, 11, 12, 13}};
+    static const Part StapleCenter = {StapleCenterValueKey, {26, 27, 28, 29}};
+    static const Part Punch = {HolePunchValueKey, {32, 33, 34, 35}};
+    static const Part AnyPunch = {HolePunchValueKey, {32, 33, 34, 35, 49}};
+    static const Part ZFold = {ZFoldValueKey, {38, 39}};
     static const Row Rows[] = {
         {1,  {}},
         {3,  {}},
@@ -762,10 +662,6 @@ void TicketMaker::wildFinishing()
     job_.isLossy = job_.isLossy || family == 22; // a template has no way back
     job_.ticket.set(FinishingOptionsKey, family);
     job_.ticket.set(CustomFinishingKey, AnyText(random_, 9));
-    struct Part {
-        std::string_view key;
-        Numbers choices;
-    };
     // clang-format off
     static const Part Parts[] = {
         {Staple1ValueKey,      {0, 5, 6, 7, 8, 9, 10, 26}},
@@ -818,18 +714,7 @@ void TicketMaker::simple()
     const std::int32_t duplex = random_.from(0, 4);
     job_.ticket.set(DuplexKey, duplex);
     job_.expected.set(DuplexKey, duplex == 2 || duplex == 3 ? duplex : 1);
-    number(OutputDestinationKey, DestinationRows);
-    number(OutputColorKey, OneAndTwo);
-    number(SlipSheetKey, SlipSheetRows);
-    number(LightenDarkenKey, LevelRows);
-    number(HalftoneScreenKey, ScreenRows);
-    number(AntialiasingKey, OneAndTwo);
-    number(RotateImageKey, OneAndTwo);
-    number(OutputOrderKey, DeliveryRows);
-    number(OPISubstitutionKey, FromTwo);
-    number(OPIPrescanKey, PreScanRows);
-    number(QuillonEmulationKey, EmulationRows);
-    number(ResolutionKey, ResolutionRows);
+    job_.some(random_, JobEntries);
     if (random_.once(4)) {
         job_.ticket.set(TonerSaverKey, random_.once(2));
         job_.isLossy = true;

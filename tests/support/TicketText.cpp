@@ -1,4 +1,4 @@
-#include "TicketText.h"
+#include "support/TicketText.h"
 
 #include <algorithm>
 #include <stdexcept>
