@@ -10,6 +10,7 @@
 #include "panels/stock/StockControl.h"
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/TicketPanel.h"
 #include "printer/PrinterDescription.h"
 #include "records/StockSummary.h"
 #include "settings/TicketAccess.h"
@@ -48,45 +49,9 @@ struct NoticePlace {
     Glib::RefPtr<Gtk::Widget> control; // may be null
 };
 
-class PaperOutputPanel : public Panel {
+class PaperOutputPanel : public TicketPanel {
 public:
-    OSStatus prologue(PanelDescription& description) override
-    {
-        const CFBundle* bundle = GetPDEBundle();
-        if (bundle == nullptr) {
-            return StatusNullContext;
-        }
-        description = {bundle->localizedString("PaperOutput"), UserOptionKind};
-        return StatusOk;
-    }
-
-    OSStatus initialize(Gtk::Container& pane, PMPrintSession* session) override
-    {
-        if (session == nullptr) {
-            return StatusNullContext;
-        }
-        pane_ = &pane;
-        return sync(session, SyncDirection::FromTicket);
-    }
-
-    OSStatus sync(PMPrintSession* session, SyncDirection direction) override
-    {
-        if (session == nullptr) {
-            return StatusNoSession;
-        }
-        PMTicket* ticket = nullptr;
-        const OSStatus status = GetTicketFromSession(session, JobTicketName, &ticket);
-        if (ticket == nullptr) {
-            return status == StatusOk ? StatusItemNotFound : status;
-        }
-        if (direction == SyncDirection::ToTicket) {
-            WritePaperOutputSettings(settings_, *ticket);
-        } else {
-            ReadPaperOutputSettings(*ticket, settings_);
-        }
-        controls_.show();
-        return StatusOk;
-    }
+    PaperOutputPanel() : TicketPanel("PaperOutput", "PaperOutputPanel") {}
 
     OSStatus getSummaryText(PanelSummary& summary) override
     {
@@ -102,19 +67,6 @@ public:
         return StatusOk;
     }
 
-    // The controls are made once; closing leaves them in the pane.
-    OSStatus open() override
-    {
-        if (isOpened_) {
-            return StatusNullContext;
-        }
-        isOpened_ = true;
-        if (auto nib = Nib::Open(*GetPDEBundle(), "PaperOutputPanel")) {
-            takeControls(*nib);
-        }
-        return StatusOk; // a panel without a description is empty
-    }
-
     const CFDictionary* jobType() const override { return &settings_.jobType; }
 
     std::vector<std::string> conflicts() const override
@@ -127,7 +79,22 @@ public:
     }
 
 private:
-    void takeControls(Nib& nib)
+    OSStatus readTicket(const PMTicket& ticket) override
+    {
+        ReadPaperOutputSettings(ticket, settings_);
+        controls_.show();
+        return StatusOk;
+    }
+
+    // What the dialog itself has meanwhile is taken over, so the controls may be behind.
+    OSStatus writeTicket(PMTicket& ticket) override
+    {
+        WritePaperOutputSettings(settings_, ticket);
+        controls_.show();
+        return StatusOk;
+    }
+
+    void takeControls(Nib& nib) override
     {
         const auto window = nib.window<Gtk::Widget>("PaperOutputPanel");
         const auto content = nib.widget<Gtk::Widget>("Tshl200");
@@ -160,7 +127,7 @@ private:
         bindOutput(destination, color);
         bindNotices(notices);
         controls_.show();
-        MoveInto(*pane_, content);
+        MoveInto(pane(), content);
     }
 
     void bindSides(const Glib::RefPtr<Gtk::ComboBox>& sides,
@@ -236,8 +203,6 @@ private:
     std::unique_ptr<JobTypeSection> jobType_;
     std::unique_ptr<FinishingSection> finishing_;
     std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
-    Gtk::Container* pane_ = nullptr;
-    bool isOpened_ = false;
 };
 
 } // namespace
