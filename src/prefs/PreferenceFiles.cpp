@@ -185,11 +185,16 @@ std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders
                                                 PreferenceFailure* failure)
 {
     PreferenceFailure unread;
-    auto root = ReadRoot(PathIn(folders.user, fileName), unread);
+    auto root = ReadRoot(PathOfUserPreferences(folders, fileName), unread);
     if (!root && failure != nullptr) {
         *failure = std::move(unread);
     }
     return root;
+}
+
+std::string PathOfUserPreferences(const PreferenceFolders& folders, std::string_view fileName)
+{
+    return PathIn(folders.user, fileName);
 }
 
 bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fileName,

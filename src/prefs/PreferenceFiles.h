@@ -46,6 +46,9 @@ std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders
                                                 std::string_view fileName,
                                                 PreferenceFailure* failure = nullptr);
 
+/// Where a file of the user is, or would be.
+std::string PathOfUserPreferences(const PreferenceFolders& folders, std::string_view fileName);
+
 /// Replaces a file of the user whole or not at all; makes the folder when it is absent. A file
 /// whose contents cannot be understood is kept as by ChangeUserPreferences. Prints
 /// "WriteUserPreferences() failed (errno)" to standard error when it could not.

@@ -45,13 +45,12 @@ void MarkMatches(StockLibraryList& list, const SpecialPageList& pages)
 
 } // namespace
 
-std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
+std::vector<NamedPaper> RecentPapers(const CFDictionary& library,
                                      const StockLibraryList* printerList,
                                      std::vector<Stock>* stocks)
 {
-    const CFDictionary root = ReadStockLibraryFile(folders);
-    const auto* order = root.get<CFArray>(StockMenuListKey);
-    const auto* own = root.get<CFDictionary>(StockListKey);
+    const auto* order = library.get<CFArray>(StockMenuListKey);
+    const auto* own = library.get<CFDictionary>(StockListKey);
     const CFDictionary* printers = printerList == nullptr ? nullptr : &printerList->stockList();
     std::vector<NamedPaper> papers;
     const std::size_t offered = order == nullptr ? 0 : std::min(order->size(), MaximumRecentPapers);
@@ -71,6 +70,13 @@ std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
         }
     }
     return papers;
+}
+
+std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
+                                     const StockLibraryList* printerList,
+                                     std::vector<Stock>* stocks)
+{
+    return RecentPapers(ReadStockLibraryFile(folders), printerList, stocks);
 }
 
 void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uuid)

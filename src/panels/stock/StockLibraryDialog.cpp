@@ -21,6 +21,7 @@
 #include "settings/TicketKeys.h"
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/StockColumnTexts.h"
+#include "stocklibrary/StockLibraryReader.h"
 #include "stocklibrary/UserPapers.h"
 
 #include <gtk/gtk.h>
@@ -521,9 +522,10 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     const auto papers = std::make_shared<UserPapers>(UserPreferenceFolders());
     const auto job = std::make_shared<JobStocks>(StocksOfJob(context, stock));
     const auto view = std::make_shared<StockLibraryView>();
-    const auto load = [papers, job, view] {
+    const auto reader = StockLibraryReader::Shared();
+    const auto load = [papers, job, view, reader] {
         papers->load(job->stock, job->pages);
-        *view = ReadStockLibraryView(UserPreferenceFolders()); // of the same file, however large
+        *view = StockLibraryViewOf(*reader->read()); // of the same file, however large
     };
     if (!RunInBackground(parent, load)) {
         return StatusOk; // the print dialog has gone
@@ -537,7 +539,9 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
         return StatusNoWindow;
     }
     nib.reset();
-    if (window.run(parent) == DialogOk) {
+    const std::int32_t result = window.run(parent);
+    ReadAhead(reader); // for the menu that led here
+    if (result == DialogOk) {
         answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());
     } else if (window.hasLost(stock)) {
