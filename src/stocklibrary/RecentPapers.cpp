@@ -6,7 +6,6 @@
 #include "stocklibrary/StockLibraryOrderList.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tarvo {
 namespace {
@@ -17,11 +16,6 @@ const CFDictionary* NamedEntryIn(const CFDictionary* list, const std::string& uu
     const auto* entry = list == nullptr ? nullptr : list->get<CFDictionary>(uuid);
     const auto* name = entry == nullptr ? nullptr : entry->get<std::string>(EntryNameKey);
     return name == nullptr || name->empty() ? nullptr : entry;
-}
-
-void PrintUnsaved(const PreferenceFailure& failure)
-{
-    std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
 }
 
 void MarkMatch(StockLibraryList& list, const Stock& stock)
@@ -86,10 +80,7 @@ void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uu
         MoveToFront(order, uuid);
         return true;
     };
-    PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders, change, failure)) {
-        PrintUnsaved(failure);
-    }
+    SaveStockLibrary(folders, change);
 }
 
 void ForgetRecentPapers(const PreferenceFolders& folders)
@@ -98,10 +89,7 @@ void ForgetRecentPapers(const PreferenceFolders& folders)
         order.clear();
         return true;
     };
-    PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders, change, failure)) {
-        PrintUnsaved(failure);
-    }
+    SaveStockLibrary(folders, change);
 }
 
 void MarkStocksInUse(StockLibraryList& list, const Stock& jobStock, const TicketSpecialPages& pages)

@@ -421,13 +421,10 @@ private:
 
     void saveView(const std::function<void(StockLibraryView&)>& change)
     {
-        const auto save = [change] {
-            PreferenceFailure failure;
-            if (!ChangeStockLibraryView(UserPreferenceFolders(), change, failure)) {
-                std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
-            }
+        const auto write = [change](PreferenceFailure& failure) {
+            return ChangeStockLibraryView(UserPreferenceFolders(), change, failure);
         };
-        RunInBackground(dialog_.get(), save);
+        RunInBackground(dialog_.get(), [write] { WriteOrReport(write); });
     }
 
     // The widths that the user has set; the last column may be stretched besides.
