@@ -28,7 +28,7 @@ CFDate CurrentTime()
     return {static_cast<std::int64_t>(std::time(nullptr))};
 }
 
-// Where conflicts are told of, and what can be changed there by keyboard; null for nothing.
+// Where conflicts are told of, and what can be changed there by keyboard.
 struct NoticeRow {
     PaperControl control;
     const char* name;
@@ -36,7 +36,7 @@ struct NoticeRow {
 };
 constexpr NoticeRow NoticeRows[] = {
     {PaperControl::JobType,     "Tshl2201", "Tshl201"},
-    {PaperControl::Stock,       "Tshl2202", nullptr  },
+    {PaperControl::Stock,       "Tshl2202", "Tshl210"},
     {PaperControl::Sides,       "Tshl2203", "Tshl220"},
     {PaperControl::Finishing,   "Tshl2204", "Tshl230"},
     {PaperControl::Offset,      "Tshl2205", "Tshl232"},
@@ -46,7 +46,7 @@ constexpr NoticeRow NoticeRows[] = {
 // A notice's place and the control that it is about.
 struct NoticePlace {
     Glib::RefPtr<Gtk::Box> box;
-    Glib::RefPtr<Gtk::Widget> control; // may be null
+    Glib::RefPtr<Gtk::Widget> control;
 };
 
 class PaperOutputPanel : public TicketPanel {
@@ -109,10 +109,8 @@ private:
         const auto color = nib.widget<Gtk::ComboBox>("Tshl250");
         std::vector<NoticePlace> notices;
         for (const NoticeRow& row : NoticeRows) {
-            notices.push_back({nib.widget<Gtk::Box>(row.name), {}});
-            if (row.controlName != nullptr) {
-                notices.back().control = nib.widget<Gtk::Widget>(row.controlName);
-            }
+            notices.push_back(
+                {nib.widget<Gtk::Box>(row.name), nib.widget<Gtk::Widget>(row.controlName)});
         }
         if (!nib.isComplete()) {
             return;
@@ -161,18 +159,17 @@ private:
         for (std::size_t index = 0; index < places.size(); ++index) {
             const PaperControl control = NoticeRows[index].control;
             notices_.push_back(std::make_unique<ConflictNotice>(
-                places[index].box,
-                [this, control, place = places[index].control] { resolve(control, place.get()); }));
+                places[index].box, [this, control, place = places[index].control] {
+                    resolve(control, *place.get());
+                }));
         }
         controls_.bindView([this] { showConflicts(); });
     }
 
     // The button that has been pressed goes, and the focus would go with it.
-    void resolve(PaperControl control, Gtk::Widget* place)
+    void resolve(PaperControl control, Gtk::Widget& place)
     {
-        if (place != nullptr) {
-            place->grab_focus();
-        }
+        place.grab_focus();
         ResolvePaperConflict(settings_, control);
         controls_.show();
     }
