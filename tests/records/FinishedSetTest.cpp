@@ -178,7 +178,7 @@ TEST(FinishedSet, LiesWithItsZFoldAsWithItsStaples)
     };
     constexpr LiftedCase cases[] = {
         {38, 10, 32, 2, 3},
-        {38, 11, 33, 1, 2},
+        {38, 11, 33, 1, 1}, // a hole is on the crease
         {38, 13, 35, 0, 0},
         {39, 13, 32, 2, 0},
     };
