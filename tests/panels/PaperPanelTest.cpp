@@ -214,6 +214,13 @@ TEST_F(PaperPanel, ResolvingAConflictOfTheStockLeadsToItsMenu)
     EXPECT_EQ(window_.get_focus(), &control<Gtk::Button>("Tshl210"));
 }
 
+TEST_F(PaperPanel, HasNoOffsetAtAPrinterWithoutOne)
+{
+    const PrinterDescription plain(PrinterOf(Keywords), nullptr, featureMap, *bundle_);
+    open();
+    EXPECT_FALSE(control<Gtk::Button>("Tshl232").get_visible());
+}
+
 TEST_F(PaperPanel, ASecureJobHasThePasscodeOfItsDialog)
 {
     open();
