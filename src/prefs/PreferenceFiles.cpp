@@ -185,17 +185,21 @@ std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders
                                                 PreferenceFailure* failure)
 {
     PreferenceFailure unread;
-    auto root = ReadRoot(PathIn(folders.user, fileName), unread);
+    auto root = ReadRoot(PathOfUserPreferences(folders, fileName), unread);
     if (!root && failure != nullptr) {
         *failure = std::move(unread);
     }
     return root;
 }
 
+std::string PathOfUserPreferences(const PreferenceFolders& folders, std::string_view fileName)
+{
+    return PathIn(folders.user, fileName);
+}
+
 bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fileName,
                           const CFDictionary& root, PreferenceFailure* failure)
 {
-    PreferenceFailure unwritten;
     // Needs nothing of the former file, but sees whether it is to be kept.
     const auto read = [&](PreferenceFailure& unread) -> std::optional<CFDictionary> {
         auto former = CopyUserPreferences(folders, fileName, &unread);
@@ -203,20 +207,28 @@ bool WriteUserPreferences(const PreferenceFolders& folders, std::string_view fil
                                            : std::nullopt;
     };
     // Takes its turn: a change that another has begun would undo this one.
-    const bool isWritten = ChangeFile(
-        folders.user, fileName, read,
-        [&root](CFDictionary& replaced, bool) {
-            replaced = root;
-            return true;
+    const auto replace = [&root](CFDictionary& replaced, bool) {
+        replaced = root;
+        return true;
+    };
+    return WriteOrReport(
+        [&](PreferenceFailure& unwritten) {
+            return ChangeFile(folders.user, fileName, read, replace, unwritten);
         },
-        unwritten);
-    if (!isWritten) {
-        std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", unwritten.error);
-        if (failure != nullptr) {
-            *failure = std::move(unwritten);
-        }
+        failure);
+}
+
+bool WriteOrReport(const PreferenceWrite& write, PreferenceFailure* failure)
+{
+    PreferenceFailure unwritten;
+    if (write(unwritten)) {
+        return true;
     }
-    return isWritten;
+    std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", unwritten.error);
+    if (failure != nullptr) {
+        *failure = std::move(unwritten);
+    }
+    return false;
 }
 
 std::optional<std::string> CopyPreferenceFileURL(const PreferenceFolders& folders,

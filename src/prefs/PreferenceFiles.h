@@ -46,6 +46,9 @@ std::optional<CFDictionary> CopyUserPreferences(const PreferenceFolders& folders
                                                 std::string_view fileName,
                                                 PreferenceFailure* failure = nullptr);
 
+/// Where a file of the user is, or would be.
+std::string PathOfUserPreferences(const PreferenceFolders& folders, std::string_view fileName);
+
 /// Replaces a file of the user whole or not at all; makes the folder when it is absent. A file
 /// whose contents cannot be understood is kept as by ChangeUserPreferences. Prints
 /// "WriteUserPreferences() failed (errno)" to standard error when it could not.
@@ -81,8 +84,17 @@ using PreferenceChange = std::function<bool(CFDictionary& root, bool isPresent)>
                                          std::string_view fileName, const PreferenceChange& change,
                                          PreferenceFailure& failure);
 
-/// The same for a site file. It is read from the first folder that has it and always written to the
-/// first of all.
+/// A change of preferences, which fills `failure` when nothing could be written.
+using PreferenceWrite = std::function<bool(PreferenceFailure& failure)>;
+
+/// Makes a change for somebody who cannot do anything about a failure: prints
+/// "WriteUserPreferences() failed (errno)" to standard error then.
+/// @param failure  gets the change's if given
+/// @return the change's result
+bool WriteOrReport(const PreferenceWrite& write, PreferenceFailure* failure = nullptr);
+
+/// The same as ChangeUserPreferences for a site file. It is read from the first folder that has it
+/// and always written to the first of all.
 [[nodiscard]] bool ChangeXMLData(const PreferenceFolders& folders, std::string_view fileName,
                                  const PreferenceChange& change, PreferenceFailure& failure);
 

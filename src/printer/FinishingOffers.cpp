@@ -1,5 +1,6 @@
 #include "printer/FinishingOffers.h"
 
+#include "settings/CombinedFinishing.h"
 #include "settings/FinishingMaps.h"
 
 #include <algorithm>
@@ -64,9 +65,6 @@ constexpr OfferRow OfferMap[] = {
     {Family::CenterStaple,     "Center Staple...",   29, "CenterStaple", nullptr               },
 };
 
-// Families that can be combined, and the combinations.
-constexpr std::int32_t StapleOptions[] = {Family::OneStaple, Family::TwoStaples,
-                                          Family::CenterStaple};
 constexpr const char* MultipleKey = "Multiple Finishing...";
 constexpr std::int32_t MultipleOption = Family::StaplesAndHoles; // of the menu's item
 
@@ -103,21 +101,12 @@ bool Offers(const std::vector<FinishingOffer>& offers, std::int32_t option)
 // The combinations of two or three families that are offered.
 void AddMultiple(std::vector<FinishingOffer>& offers)
 {
-    const bool staples =
-        std::any_of(std::begin(StapleOptions), std::end(StapleOptions),
+    const bool hasStaples =
+        std::any_of(std::begin(StapleFamilies), std::end(StapleFamilies),
                     [&offers](std::int32_t option) { return Offers(offers, option); });
-    const bool holes = Offers(offers, Family::HolePunch);
-    const bool zFold = Offers(offers, Family::ZFold);
-    FinishingOffer multiple = {MultipleOption, MultipleKey, {}};
-    const auto add = [&multiple](bool offered, std::int32_t option) {
-        if (offered) {
-            multiple.choices.push_back(option);
-        }
-    };
-    add(staples && holes, Family::StaplesAndHoles);
-    add(staples && holes && zFold, Family::StaplesHolesAndZFold);
-    add(staples && zFold, Family::StaplesAndZFold);
-    add(holes && zFold, Family::HolesAndZFold);
+    FinishingOffer multiple = {MultipleOption, MultipleKey,
+                               FinishingsOfParts({hasStaples, Offers(offers, Family::HolePunch),
+                                                  Offers(offers, Family::ZFold)})};
     if (!multiple.choices.empty()) {
         offers.push_back(std::move(multiple));
     }
@@ -148,7 +137,7 @@ std::vector<FinishingOffer> FinishingOffers(const InstallableOptions& installed,
 std::vector<FinishingOffer> WithFinishingFamily(std::vector<FinishingOffer> offers,
                                                 std::int32_t option)
 {
-    const bool isCombined = option >= MultipleOption && option <= Family::HolesAndZFold;
+    const bool isCombined = PartsOfFinishing(option).has_value();
     const std::int32_t family = isCombined ? MultipleOption : option;
     const auto* row = RowOf(family);
     const bool isFamily = isCombined || row != std::end(OfferMap);

@@ -248,11 +248,15 @@ void Turn(FinishingMarks& marks)
     }
 }
 
-// Staples and holes where the sheet lies on itself would be seen from behind or on edge.
+// Staples and holes where the sheet lies on itself would be seen from behind or on edge; so would
+// the half of one that is on the crease, which the lifted part covers.
 void LeaveOutLifted(FinishingMarks& marks)
 {
+    constexpr double Reach = 0.03; // half a staple, in parts of the sheet
     const auto isLifted = [&folds = marks.folds](SheetPlace place) {
-        return PlaceOnFolds(folds.points, folds.areFlat ? place.y : place.x).height != 0;
+        const double along = folds.areFlat ? place.y : place.x;
+        return PlaceOnFolds(folds.points, along - Reach).height != 0 ||
+               PlaceOnFolds(folds.points, along + Reach).height != 0;
     };
     std::erase_if(marks.staples, [&](const StapleMark& staple) { return isLifted(staple.place); });
     std::erase_if(marks.holes, isLifted);

@@ -12,9 +12,6 @@ namespace {
 
 namespace Family = FinishingFamily;
 
-constexpr std::int32_t StapleFamilies[] = {Family::OneStaple, Family::TwoStaples,
-                                           Family::CenterStaple};
-
 template <typename Values>
 bool Contains(const Values& values, std::int32_t value)
 {

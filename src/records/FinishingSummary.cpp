@@ -56,31 +56,11 @@ constexpr FamilyRow Families[] = {
     {Family::AdvancedFold,     &FinishingChoice::fold,         ComplexFoldMap       },
 };
 
-// The parts of the combined families, each a line.
-struct CombinationRow {
-    std::int32_t option;
-    FinishingParts parts;
-};
-
-constexpr CombinationRow Combinations[] = {
-    {Family::StaplesAndHoles,      {true, true, false}},
-    {Family::StaplesHolesAndZFold, {true, true, true} },
-    {Family::StaplesAndZFold,      {true, false, true}},
-    {Family::HolesAndZFold,        {false, true, true}},
-};
-
-// The staples of a combination: the first of these that the ticket sets. On the side that has the
-// holes, the line of the holes tells where; the staples then have the short text.
-struct StapleRow {
-    std::int32_t FinishingChoice::*position;
-    const SettingMap* map;
-    const char* shortKey; // null when the family has none
-};
-
-constexpr StapleRow StapleFamilies[] = {
-    {&FinishingChoice::oneStaple,    OneStapleMap,    nullptr          },
-    {&FinishingChoice::twoStaples,   TwoStaplesMap,   "2 Staples"      },
-    {&FinishingChoice::centerStaple, CenterStapleMap, "1 Center Staple"},
+// The staples of a combination, where the line of the holes tells the side of both.
+constexpr SettingMap StaplesBesideHolesMap[] = {
+    {"2 Staples",       Family::TwoStaples,   0},
+    {"1 Center Staple", Family::CenterStaple, 0},
+    {nullptr,           0,                    0},
 };
 
 bool IsSet(std::int32_t position)
@@ -100,13 +80,21 @@ bool AreOnTheSameSide(const SettingMap* staples, std::int32_t staple, std::int32
     return side > 0 && side == TicketToUI(PunchMap, punch);
 }
 
-// The first staple family that is set; null when none is.
-const StapleRow* StaplesOf(const FinishingChoice& choice)
+const FamilyRow* RowOf(std::int32_t option)
 {
-    const auto* family =
-        std::find_if(std::begin(StapleFamilies), std::end(StapleFamilies),
-                     [&choice](const StapleRow& row) { return IsSet(choice.*row.position); });
-    return family == std::end(StapleFamilies) ? nullptr : family;
+    const auto* row =
+        std::find_if(std::begin(Families), std::end(Families),
+                     [option](const FamilyRow& each) { return each.option == option; });
+    return row == std::end(Families) ? nullptr : row;
+}
+
+// The first staple family that is set; null when none is.
+const FamilyRow* StaplesOf(const FinishingChoice& choice)
+{
+    const auto* family = std::find_if(
+        std::begin(StapleFamilies), std::end(StapleFamilies),
+        [&choice](std::int32_t option) { return IsSet(choice.*RowOf(option)->position); });
+    return family == std::end(StapleFamilies) ? nullptr : RowOf(*family);
 }
 
 std::string StapleText(const FinishingChoice& choice, bool besideHoles, const CFBundle& bundle)
@@ -116,9 +104,10 @@ std::string StapleText(const FinishingChoice& choice, bool besideHoles, const CF
         return "";
     }
     const std::int32_t position = choice.*family->position;
-    if (besideHoles && family->shortKey != nullptr &&
+    const char* shortKey = LocalizedKeyForTicketValue(StaplesBesideHolesMap, family->option);
+    if (besideHoles && shortKey != nullptr &&
         AreOnTheSameSide(family->map, position, choice.punch)) {
-        return bundle.localizedString(family->shortKey) + bundle.localizedString(",");
+        return bundle.localizedString(shortKey) + bundle.localizedString(",");
     }
     return TextOrNothing(family->map, position, bundle);
 }
@@ -281,11 +270,8 @@ std::vector<std::string_view> UnusedFinishingKeys(const FinishingChoice& choice)
 
 std::int32_t FinishingChoice::*FinishingPosition(std::int32_t option)
 {
-    const auto* family =
-        std::find_if(std::begin(Families), std::end(Families),
-                     [option](const FamilyRow& row) { return row.option == option; });
-    const bool hasPosition =
-        family != std::end(Families) && family->position != &FinishingChoice::option;
+    const FamilyRow* family = RowOf(option);
+    const bool hasPosition = family != nullptr && family->position != &FinishingChoice::option;
     return hasPosition ? family->position : nullptr;
 }
 
@@ -316,22 +302,6 @@ FinishingChoice WithoutUnusedPositions(FinishingChoice choice)
         choice.bookletFold = NoPosition;
     }
     return choice;
-}
-
-std::optional<FinishingParts> PartsOfFinishing(std::int32_t option)
-{
-    const auto* row =
-        std::find_if(std::begin(Combinations), std::end(Combinations),
-                     [option](const CombinationRow& each) { return each.option == option; });
-    return row == std::end(Combinations) ? std::nullopt : std::optional(row->parts);
-}
-
-std::optional<std::int32_t> FinishingOfParts(const FinishingParts& parts)
-{
-    const auto* row =
-        std::find_if(std::begin(Combinations), std::end(Combinations),
-                     [&parts](const CombinationRow& each) { return each.parts == parts; });
-    return row == std::end(Combinations) ? std::nullopt : std::optional(row->option);
 }
 
 std::string CreateFinishingString(const FinishingChoice& choice, const CFBundle& bundle)

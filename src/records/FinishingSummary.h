@@ -1,5 +1,6 @@
 #pragma once
 
+#include "settings/CombinedFinishing.h"
 #include "settings/SettingMap.h"
 
 #include <cstdint>
@@ -64,20 +65,6 @@ std::vector<const SettingMap*> FinishingPositionMaps(std::int32_t option);
 /// printed instead. A family without holes has the usual number of them, and only a booklet or a
 /// booklet layout keeps its folding.
 FinishingChoice WithoutUnusedPositions(FinishingChoice choice);
-
-/// Which families a combined one has.
-struct FinishingParts {
-    bool operator==(const FinishingParts&) const = default;
-    bool staples = false;
-    bool holes = false;
-    bool zFold = false;
-};
-
-/// @return nullopt for a family that combines none
-std::optional<FinishingParts> PartsOfFinishing(std::int32_t option);
-
-/// @return the option that combines them; nullopt for fewer than two
-std::optional<std::int32_t> FinishingOfParts(const FinishingParts& parts);
 
 /// The finishing in words, a line for each part: the family with its position, booklet layout, slip
 /// sheets, offset. Every line ends with a line feed, the last one as well. Of a combined family a

@@ -26,6 +26,10 @@ inline constexpr std::int32_t StaplesAndZFold = 51;
 inline constexpr std::int32_t HolesAndZFold = 52;
 } // namespace FinishingFamily
 
+/// Of staples of several families the first that is set counts.
+inline constexpr std::int32_t StapleFamilies[] = {
+    FinishingFamily::OneStaple, FinishingFamily::TwoStaples, FinishingFamily::CenterStaple};
+
 // Finishing families, then their positions. A number means the same in all these tables, but for
 // the hole counts and the booklet's folding, which have numbers of their own. OfferMap of
 // FinishingOffers.cpp tells which of them a printer offers.

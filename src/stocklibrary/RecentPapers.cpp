@@ -6,7 +6,6 @@
 #include "stocklibrary/StockLibraryOrderList.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tarvo {
 namespace {
@@ -17,11 +16,6 @@ const CFDictionary* NamedEntryIn(const CFDictionary* list, const std::string& uu
     const auto* entry = list == nullptr ? nullptr : list->get<CFDictionary>(uuid);
     const auto* name = entry == nullptr ? nullptr : entry->get<std::string>(EntryNameKey);
     return name == nullptr || name->empty() ? nullptr : entry;
-}
-
-void PrintUnsaved(const PreferenceFailure& failure)
-{
-    std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
 }
 
 void MarkMatch(StockLibraryList& list, const Stock& stock)
@@ -45,13 +39,12 @@ void MarkMatches(StockLibraryList& list, const SpecialPageList& pages)
 
 } // namespace
 
-std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
+std::vector<NamedPaper> RecentPapers(const CFDictionary& library,
                                      const StockLibraryList* printerList,
                                      std::vector<Stock>* stocks)
 {
-    const CFDictionary root = ReadStockLibraryFile(folders);
-    const auto* order = root.get<CFArray>(StockMenuListKey);
-    const auto* own = root.get<CFDictionary>(StockListKey);
+    const auto* order = library.get<CFArray>(StockMenuListKey);
+    const auto* own = library.get<CFDictionary>(StockListKey);
     const CFDictionary* printers = printerList == nullptr ? nullptr : &printerList->stockList();
     std::vector<NamedPaper> papers;
     const std::size_t offered = order == nullptr ? 0 : std::min(order->size(), MaximumRecentPapers);
@@ -73,6 +66,13 @@ std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
     return papers;
 }
 
+std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
+                                     const StockLibraryList* printerList,
+                                     std::vector<Stock>* stocks)
+{
+    return RecentPapers(ReadStockLibraryFile(folders), printerList, stocks);
+}
+
 void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uuid)
 {
     const auto change = [&uuid](StockLibraryList& list, CFArray& order) {
@@ -80,10 +80,7 @@ void RememberRecentPaper(const PreferenceFolders& folders, const std::string& uu
         MoveToFront(order, uuid);
         return true;
     };
-    PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders, change, failure)) {
-        PrintUnsaved(failure);
-    }
+    SaveStockLibrary(folders, change);
 }
 
 void ForgetRecentPapers(const PreferenceFolders& folders)
@@ -92,10 +89,7 @@ void ForgetRecentPapers(const PreferenceFolders& folders)
         order.clear();
         return true;
     };
-    PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders, change, failure)) {
-        PrintUnsaved(failure);
-    }
+    SaveStockLibrary(folders, change);
 }
 
 void MarkStocksInUse(StockLibraryList& list, const Stock& jobStock, const TicketSpecialPages& pages)

@@ -17,7 +17,12 @@ struct TicketSpecialPages;
 
 /// The papers of the stock menu, the most recently used first, for PopulateMenuFromMapAndFile. One
 /// that no library has any more is passed over, and so is one without a name.
-/// @param stocks  if given, gets their stocks in the same order
+/// @param library  the user's, as ReadStockLibraryFile gives it
+/// @param stocks   if given, gets their stocks in the same order
+std::vector<NamedPaper> RecentPapers(const CFDictionary& library,
+                                     const StockLibraryList* printerList,
+                                     std::vector<Stock>* stocks = nullptr);
+/// The same, with the user's library read for it.
 std::vector<NamedPaper> RecentPapers(const PreferenceFolders& folders,
                                      const StockLibraryList* printerList,
                                      std::vector<Stock>* stocks = nullptr);

@@ -6,8 +6,6 @@
 #include "stocklibrary/StockLibraryKeys.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <exception>
 #include <utility>
 
 namespace tarvo {
@@ -99,10 +97,8 @@ StockLibraryList::StockLibraryList(const PreferenceFolders& folders)
 
 StockLibraryList::~StockLibraryList()
 {
-    try {
-        write();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "WriteUserPreferences() failed: %s\n", error.what());
+    if (file_) {
+        file_->writeAtEnd(entries_);
     }
 }
 
@@ -237,8 +233,7 @@ std::unique_ptr<StockLibraryList> MakePrinterStockLibraryList(std::span<const St
     return list;
 }
 
-bool ChangeStockLibrary(const PreferenceFolders& folders,
-                        const std::function<bool(StockLibraryList& list, CFArray& order)>& change,
+bool ChangeStockLibrary(const PreferenceFolders& folders, const StockLibraryChange& change,
                         PreferenceFailure& failure)
 {
     const auto changeRoot = [&change](CFDictionary& root) {
@@ -254,6 +249,13 @@ bool ChangeStockLibrary(const PreferenceFolders& folders,
         return true;
     };
     return ChangeStockLibraryFile(folders, changeRoot, failure);
+}
+
+void SaveStockLibrary(const PreferenceFolders& folders, const StockLibraryChange& change)
+{
+    WriteOrReport([&folders, &change](PreferenceFailure& failure) {
+        return ChangeStockLibrary(folders, change, failure);
+    });
 }
 
 } // namespace tarvo

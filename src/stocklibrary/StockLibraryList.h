@@ -93,9 +93,10 @@ std::unique_ptr<StockLibraryList> MakePrinterStockLibraryList(std::span<const St
 /// Changes the user's list, as one in memory, and the order of its menu; both are written at once.
 /// @param change  returns false to leave the file as it is
 /// @return as ChangeUserPreferences
-[[nodiscard]] bool
-ChangeStockLibrary(const PreferenceFolders& folders,
-                   const std::function<bool(StockLibraryList& list, CFArray& order)>& change,
-                   PreferenceFailure& failure);
+using StockLibraryChange = std::function<bool(StockLibraryList& list, CFArray& order)>;
+[[nodiscard]] bool ChangeStockLibrary(const PreferenceFolders& folders,
+                                      const StockLibraryChange& change, PreferenceFailure& failure);
+/// The same for somebody who cannot do anything about a failure, see WriteOrReport.
+void SaveStockLibrary(const PreferenceFolders& folders, const StockLibraryChange& change);
 
 } // namespace tarvo

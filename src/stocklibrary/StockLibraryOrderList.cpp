@@ -3,8 +3,6 @@
 #include "stocklibrary/StockLibraryKeys.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <exception>
 #include <string>
 
 namespace tarvo {
@@ -33,11 +31,7 @@ StockLibraryOrderList::StockLibraryOrderList(const PreferenceFolders& folders)
 
 StockLibraryOrderList::~StockLibraryOrderList()
 {
-    try {
-        write();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "WriteUserPreferences() failed: %s\n", error.what());
-    }
+    file_.writeAtEnd(order_);
 }
 
 void StockLibraryOrderList::clearOrderList()

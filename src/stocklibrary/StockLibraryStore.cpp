@@ -3,6 +3,7 @@
 #include "stocklibrary/StockLibraryKeys.h"
 
 #include <cstdio>
+#include <exception>
 #include <utility>
 
 namespace tarvo {
@@ -74,12 +75,22 @@ void StockLibraryFileValue<Value>::write(const Value& inMemory)
     const auto change = [this, &inMemory](CFDictionary& root) {
         return bringUpToDate(root, inMemory);
     };
-    PreferenceFailure failure;
-    if (ChangeStockLibraryFile(folders_, change, failure)) {
+    const auto write = [this, &change](PreferenceFailure& failure) {
+        return ChangeStockLibraryFile(folders_, change, failure);
+    };
+    if (WriteOrReport(write)) {
         unsaved_.clear();
         isInFile_ = true;
-    } else {
-        std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
+    }
+}
+
+template <typename Value>
+void StockLibraryFileValue<Value>::writeAtEnd(const Value& inMemory) noexcept
+{
+    try {
+        write(inMemory);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "WriteUserPreferences() failed: %s\n", error.what());
     }
 }
 

@@ -43,8 +43,10 @@ public:
     void change(Value& inMemory, Change change);
     /// Makes the changes in the file that could not be saved before; a file that had no value yet
     /// gets the one in memory, and a user without a file one with that and whatever else the site
-    /// gives. Prints "WriteUserPreferences() failed (errno)" to standard error when that fails.
+    /// gives. A failure is told as by WriteOrReport.
     void write(const Value& inMemory);
+    /// The same for a destructor: an exception is told on standard error.
+    void writeAtEnd(const Value& inMemory) noexcept;
     /// Whether the file has every change.
     bool isSaved() const { return unsaved_.empty(); }
 

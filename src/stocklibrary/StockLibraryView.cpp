@@ -27,25 +27,6 @@ std::optional<std::int16_t> Width(const CFDictionary& widths, std::uint32_t colu
     return isWidth ? std::optional(static_cast<std::int16_t>(*width)) : std::nullopt;
 }
 
-StockLibraryView ViewOf(const CFDictionary& root)
-{
-    StockLibraryView view;
-    const auto* shown = root.get<CFArray>(StockLibraryPreferencesKey);
-    const auto* widths = root.get<CFDictionary>(StockLibraryColumnWidthsKey);
-    for (std::size_t column = 0; column < StockColumns.size(); ++column) {
-        const bool isSaid = shown != nullptr && column < shown->size() && column > 0;
-        const auto* isShown = isSaid ? (*shown)[column].get<bool>() : nullptr;
-        view.isHidden[column] = isShown != nullptr && !*isShown;
-        if (widths != nullptr) {
-            view.widths[column] = Width(*widths, StockColumns[column]);
-        }
-    }
-    if (const auto* row = root.get<std::string>(StockLibrarySelectedRowKey)) {
-        view.selectedRow = *row;
-    }
-    return view;
-}
-
 void StoreShown(CFDictionary& root, const StockLibraryView& view)
 {
     CFArray shown;
@@ -97,9 +78,28 @@ bool StoreChanges(CFDictionary& root, const StockLibraryView& before, const Stoc
 
 } // namespace
 
+StockLibraryView StockLibraryViewOf(const CFDictionary& library)
+{
+    StockLibraryView view;
+    const auto* shown = library.get<CFArray>(StockLibraryPreferencesKey);
+    const auto* widths = library.get<CFDictionary>(StockLibraryColumnWidthsKey);
+    for (std::size_t column = 0; column < StockColumns.size(); ++column) {
+        const bool isSaid = shown != nullptr && column < shown->size() && column > 0;
+        const auto* isShown = isSaid ? (*shown)[column].get<bool>() : nullptr;
+        view.isHidden[column] = isShown != nullptr && !*isShown;
+        if (widths != nullptr) {
+            view.widths[column] = Width(*widths, StockColumns[column]);
+        }
+    }
+    if (const auto* row = library.get<std::string>(StockLibrarySelectedRowKey)) {
+        view.selectedRow = *row;
+    }
+    return view;
+}
+
 StockLibraryView ReadStockLibraryView(const PreferenceFolders& folders)
 {
-    return ViewOf(ReadStockLibraryFile(folders));
+    return StockLibraryViewOf(ReadStockLibraryFile(folders));
 }
 
 bool ChangeStockLibraryView(const PreferenceFolders& folders,
@@ -107,7 +107,7 @@ bool ChangeStockLibraryView(const PreferenceFolders& folders,
                             PreferenceFailure& failure)
 {
     const auto changeRoot = [&change](CFDictionary& root) {
-        const StockLibraryView before = ViewOf(root);
+        const StockLibraryView before = StockLibraryViewOf(root);
         StockLibraryView view = before;
         change(view);
         view.isHidden.front() = false;

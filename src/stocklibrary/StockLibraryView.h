@@ -30,6 +30,9 @@ struct StockLibraryView {
 
 /// All columns are shown unless the user, or the site for a user without a file, says otherwise.
 /// What is of another type or no width above 0 counts as absent.
+/// @param library  as ReadStockLibraryFile gives it
+StockLibraryView StockLibraryViewOf(const CFDictionary& library);
+/// The same, with the file read for it.
 StockLibraryView ReadStockLibraryView(const PreferenceFolders& folders);
 
 /// Changes the view and writes it to the user's file. What the file says of other columns stays,

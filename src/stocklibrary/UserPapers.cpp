@@ -8,7 +8,6 @@
 #include "stocklibrary/StockLibraryOrderList.h"
 
 #include <algorithm>
-#include <cstdio>
 
 namespace tarvo {
 namespace {
@@ -33,10 +32,7 @@ void MarkInFile(const PreferenceFolders& folders, const Stock& jobStock,
         MarkStocksInUse(list, jobStock, pages);
         return list.stockList() != before;
     };
-    PreferenceFailure failure;
-    if (!ChangeStockLibrary(folders, mark, failure)) {
-        std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
-    }
+    SaveStockLibrary(folders, mark);
 }
 
 // The stock of an entry when it has that custom name, in any case; null when not.

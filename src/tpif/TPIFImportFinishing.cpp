@@ -1,5 +1,6 @@
 #include "tpif/TPIFImportFinishing.h"
 
+#include "settings/CombinedFinishing.h"
 #include "settings/FinishingMaps.h"
 #include "settings/TicketKeys.h"
 
@@ -73,22 +74,11 @@ constexpr FamilyRow Families[] = {
     {BookletFoldStapleKey, BookletFoldMap,        Family::Booklet     },
 };
 
-std::optional<std::int32_t> CombinedFamily(bool isStapled, bool isPunched, bool isZFolded)
-{
-    if (isStapled && isPunched) {
-        return isZFolded ? Family::StaplesHolesAndZFold : Family::StaplesAndHoles;
-    }
-    if (isZFolded && (isStapled || isPunched)) {
-        return isStapled ? Family::StaplesAndZFold : Family::HolesAndZFold;
-    }
-    return std::nullopt;
-}
-
 std::optional<std::int32_t> FamilyOf(const CFDictionary& parts)
 {
     if (const auto family =
-            CombinedFamily(HasStaple(parts), NumberOf(parts, HolePunchValueKey) != 0,
-                           NumberOf(parts, ZFoldValueKey) != 0)) {
+            FinishingOfParts({HasStaple(parts), NumberOf(parts, HolePunchValueKey) != 0,
+                              NumberOf(parts, ZFoldValueKey) != 0})) {
         return family;
     }
     for (const FamilyRow& row : Families) {

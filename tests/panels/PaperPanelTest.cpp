@@ -45,7 +45,10 @@ Gtk::Label* FindLabel(Gtk::Widget& button)
 
 const std::string Keywords = PickOne("Duplex", "None", {"None", "DuplexNoTumble", "DuplexTumble"}) +
                              PickOne("OutputBin", "Auto", {"Auto", "Booklet"}) +
-                             "*UIConstraints: *OutputBin Booklet *Duplex None\n";
+                             PickOne("MediaType", "Bond", {"Bond", "Labels"}) +
+                             PickOne("InputSlot", "Tray", {"Tray"}) +
+                             "*UIConstraints: *OutputBin Booklet *Duplex None\n"
+                             "*UIConstraints: *MediaType Labels *InputSlot Tray\n";
 
 class PaperPanel : public PanelFixture {
 protected:
@@ -194,6 +197,28 @@ TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
     choose("Tshl220", "2-Sided, Flip on Long Edge"); // the other one changes
     EXPECT_EQ(remedy("Tshl2206"), nullptr);
     EXPECT_THAT(panel_->conflicts(), IsEmpty());
+}
+
+TEST_F(PaperPanel, ResolvingAConflictOfTheStockLeadsToItsMenu)
+{
+    ticket_->setItem("x", JobLevelStockKey,
+                     Entries({
+                         {"Type", 9}
+    })); // labels
+    ticket_->ppdDictionary().set("InputSlot", "Tray");
+    open();
+    ASSERT_NE(remedy("Tshl2202"), nullptr);
+    remedy("Tshl2202")->grab_focus();
+    remedy("Tshl2202")->clicked();
+    EXPECT_EQ(remedy("Tshl2202"), nullptr);
+    EXPECT_EQ(window_.get_focus(), &control<Gtk::Button>("Tshl210"));
+}
+
+TEST_F(PaperPanel, HasNoOffsetAtAPrinterWithoutOne)
+{
+    const PrinterDescription plain(PrinterOf(Keywords), nullptr, featureMap, *bundle_);
+    open();
+    EXPECT_FALSE(control<Gtk::Button>("Tshl232").get_visible());
 }
 
 TEST_F(PaperPanel, ASecureJobHasThePasscodeOfItsDialog)

@@ -162,7 +162,7 @@ struct LiftedCase {
 
 constexpr LiftedCase LiftedCases[] = {
     {"ZFoldValue: 38, Staple2Value: 10, HolePunchValue: 32", 2, 3},
-    {"ZFoldValue: 38, Staple2Value: 11, HolePunchValue: 33", 1, 2},
+    {"ZFoldValue: 38, Staple2Value: 11, HolePunchValue: 33", 1, 1}, // a hole is on the crease
     {"ZFoldValue: 38, Staple2Value: 13, HolePunchValue: 35", 0, 0},
     {"ZFoldValue: 39, Staple2Value: 13, HolePunchValue: 32", 2, 0},
 };

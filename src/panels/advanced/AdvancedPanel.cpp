@@ -6,6 +6,7 @@
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/TicketPanel.h"
 #include "settings/AdvancedMaps.h"
 #include "settings/SettingMenu.h"
 #include "settings/TicketAccess.h"
@@ -22,61 +23,25 @@ Menu MenuFromMap(const CFBundle& bundle, const SettingMap* map)
     return menu;
 }
 
-class AdvancedPanel : public Panel {
+class AdvancedPanel : public TicketPanel {
 public:
-    OSStatus prologue(PanelDescription& description) override
+    AdvancedPanel() : TicketPanel("Advanced", "AdvancedPanelProductionHLC") {}
+
+private:
+    OSStatus readTicket(const PMTicket& ticket) override
     {
-        const CFBundle* bundle = GetPDEBundle();
-        if (bundle == nullptr) {
-            return StatusNullContext;
-        }
-        description = {bundle->localizedString("Advanced"), UserOptionKind};
+        const OSStatus status = ReadAdvancedSettings(ticket, settings_);
+        controls_.show();
+        return status;
+    }
+
+    OSStatus writeTicket(PMTicket& ticket) override
+    {
+        WriteAdvancedSettings(settings_, ticket);
         return StatusOk;
     }
 
-    OSStatus initialize(Gtk::Container& pane, PMPrintSession* session) override
-    {
-        if (session == nullptr) {
-            return StatusNullContext;
-        }
-        pane_ = &pane;
-        return sync(session, SyncDirection::FromTicket);
-    }
-
-    OSStatus sync(PMPrintSession* session, SyncDirection direction) override
-    {
-        if (session == nullptr) {
-            return StatusNoSession;
-        }
-        PMTicket* ticket = nullptr;
-        const OSStatus status = GetTicketFromSession(session, JobTicketName, &ticket);
-        if (ticket == nullptr) {
-            return status == StatusOk ? StatusItemNotFound : status;
-        }
-        if (direction == SyncDirection::ToTicket) {
-            WriteAdvancedSettings(settings_, *ticket);
-            return status;
-        }
-        const OSStatus readStatus = ReadAdvancedSettings(*ticket, settings_);
-        controls_.show();
-        return readStatus;
-    }
-
-    // The controls are made once; closing leaves them in the pane.
-    OSStatus open() override
-    {
-        if (isOpened_) {
-            return StatusNullContext;
-        }
-        isOpened_ = true;
-        if (auto nib = Nib::Open(*GetPDEBundle(), "AdvancedPanelProductionHLC")) {
-            takeControls(*nib);
-        }
-        return StatusOk; // a panel without a description is empty
-    }
-
-private:
-    void takeControls(Nib& nib)
+    void takeControls(Nib& nib) override
     {
         const auto window = nib.window<Gtk::Widget>("Advanced");
         const auto content = nib.widget<Gtk::Widget>("Tshl600");
@@ -96,13 +61,11 @@ private:
         controls_.show();
         importButton->signal_clicked().connect(Guarded([] { RunModalTPIFImportDialog(); }));
         exportButton->signal_clicked().connect(Guarded([] { RunModalTPIFExportDialog(); }));
-        MoveInto(*pane_, content);
+        MoveInto(pane(), content);
     }
 
     AdvancedSettings settings_;
     ControlBindings controls_;
-    Gtk::Container* pane_ = nullptr;
-    bool isOpened_ = false;
 };
 
 } // namespace

@@ -16,9 +16,15 @@ const char* NameKey()
 
 } // namespace
 
-FinishedSetView::FinishedSetView(int width, int height)
+FinishedSetView::FinishedSetView(int width, int height) : width_(width)
 {
-    set_size_request(width, height);
+    set_size_request(-1, height);
+}
+
+void FinishedSetView::get_preferred_width_vfunc(int& minimum, int& natural) const
+{
+    minimum = width_ * 3 / 4; // for large text beside it
+    natural = width_;
 }
 
 void FinishedSetView::showSet(const FinishedSet& set, const CFBundle& bundle)

@@ -12,7 +12,7 @@ class CFBundle;
 /// given on a ground of any colour. A screen reader is told the same in words.
 class FinishedSetView : public Gtk::DrawingArea {
 public:
-    /// @param width, height  that it asks for; it fills what it is given
+    /// @param width, height  that it asks for; it fills what it is given, which may be narrower
     FinishedSetView(int width, int height);
 
     /// Draws another set from now on.
@@ -20,9 +20,11 @@ public:
     const FinishedSet& shown() const { return set_; }
 
 protected:
+    void get_preferred_width_vfunc(int& minimum, int& natural) const override;
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& context) override;
 
 private:
+    int width_;
     FinishedSet set_;
 };
 

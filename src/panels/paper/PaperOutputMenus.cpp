@@ -33,21 +33,6 @@ constexpr TypeRow TypeRows[] = {
     {JobType::BackgroundForms, "BackgroundForm.gif", {"Setup...", true}      },
 };
 
-// Trays that not every printer has; they need a feature that is installed, or without one that the
-// printer's description has the tray.
-struct TrayRow {
-    std::int32_t destination;
-    const char* feature;
-};
-
-constexpr TrayRow TrayRows[] = {
-    {3, "SimpleCatchTrayKey"},
-    {4, "StackerTray1Key"   },
-    {5, nullptr             },
-    {6, nullptr             },
-    {7, nullptr             },
-};
-
 const TypeRow* RowOfType(std::int32_t type)
 {
     const auto* row =
@@ -114,6 +99,15 @@ bool HasFeature(const PrinterDescription& printer, const char* feature)
            printer.installable()->qualifyingRow(feature) != nullptr;
 }
 
+// Null for a tray that only the printer's description knows.
+const char* FeatureOfTray(std::int32_t destination)
+{
+    const auto* row =
+        std::find_if(std::begin(InstalledFeatures), std::end(InstalledFeatures),
+                     [destination](const auto& each) { return each.value == destination; });
+    return row == std::end(InstalledFeatures) ? nullptr : row->feature;
+}
+
 } // namespace
 
 Menu JobTypeMenu(const CFBundle& bundle, const PrinterDescription* printer, std::int32_t current,
@@ -160,18 +154,14 @@ bool OffersJobType(const PrinterDescription* printer, std::int32_t type)
 
 bool OffersOutputDestination(const PrinterDescription* printer, std::int32_t destination)
 {
-    const auto* row =
-        std::find_if(std::begin(TrayRows), std::end(TrayRows), [destination](const TrayRow& tray) {
-            return tray.destination == destination;
-        });
-    if (row == std::end(TrayRows)) {
-        return LocalizedKeyForTicketValue(OutputDestHCSS_BKMap, destination) != nullptr;
+    if (LocalizedKeyForTicketValue(OutputDestHCSS_BKMap, destination) == nullptr) {
+        return false;
     }
-    if (printer == nullptr) {
+    if (printer == nullptr || destination == UnsetValue || destination == AutoOutputDest) {
         return true;
     }
-    return row->feature == nullptr ? HasBin(*printer, destination)
-                                   : HasFeature(*printer, row->feature);
+    const char* feature = FeatureOfTray(destination);
+    return feature == nullptr ? HasBin(*printer, destination) : HasFeature(*printer, feature);
 }
 
 const char* JobTypePicture(std::int32_t type)

@@ -10,6 +10,7 @@
 #include "panels/stock/StockControl.h"
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/TicketPanel.h"
 #include "printer/PrinterDescription.h"
 #include "records/StockSummary.h"
 #include "settings/TicketAccess.h"
@@ -27,7 +28,7 @@ CFDate CurrentTime()
     return {static_cast<std::int64_t>(std::time(nullptr))};
 }
 
-// Where conflicts are told of, and what can be changed there by keyboard; null for nothing.
+// Where conflicts are told of, and what can be changed there by keyboard.
 struct NoticeRow {
     PaperControl control;
     const char* name;
@@ -35,7 +36,7 @@ struct NoticeRow {
 };
 constexpr NoticeRow NoticeRows[] = {
     {PaperControl::JobType,     "Tshl2201", "Tshl201"},
-    {PaperControl::Stock,       "Tshl2202", nullptr  },
+    {PaperControl::Stock,       "Tshl2202", "Tshl210"},
     {PaperControl::Sides,       "Tshl2203", "Tshl220"},
     {PaperControl::Finishing,   "Tshl2204", "Tshl230"},
     {PaperControl::Offset,      "Tshl2205", "Tshl232"},
@@ -45,48 +46,12 @@ constexpr NoticeRow NoticeRows[] = {
 // A notice's place and the control that it is about.
 struct NoticePlace {
     Glib::RefPtr<Gtk::Box> box;
-    Glib::RefPtr<Gtk::Widget> control; // may be null
+    Glib::RefPtr<Gtk::Widget> control;
 };
 
-class PaperOutputPanel : public Panel {
+class PaperOutputPanel : public TicketPanel {
 public:
-    OSStatus prologue(PanelDescription& description) override
-    {
-        const CFBundle* bundle = GetPDEBundle();
-        if (bundle == nullptr) {
-            return StatusNullContext;
-        }
-        description = {bundle->localizedString("PaperOutput"), UserOptionKind};
-        return StatusOk;
-    }
-
-    OSStatus initialize(Gtk::Container& pane, PMPrintSession* session) override
-    {
-        if (session == nullptr) {
-            return StatusNullContext;
-        }
-        pane_ = &pane;
-        return sync(session, SyncDirection::FromTicket);
-    }
-
-    OSStatus sync(PMPrintSession* session, SyncDirection direction) override
-    {
-        if (session == nullptr) {
-            return StatusNoSession;
-        }
-        PMTicket* ticket = nullptr;
-        const OSStatus status = GetTicketFromSession(session, JobTicketName, &ticket);
-        if (ticket == nullptr) {
-            return status == StatusOk ? StatusItemNotFound : status;
-        }
-        if (direction == SyncDirection::ToTicket) {
-            WritePaperOutputSettings(settings_, *ticket);
-        } else {
-            ReadPaperOutputSettings(*ticket, settings_);
-        }
-        controls_.show();
-        return StatusOk;
-    }
+    PaperOutputPanel() : TicketPanel("PaperOutput", "PaperOutputPanel") {}
 
     OSStatus getSummaryText(PanelSummary& summary) override
     {
@@ -102,19 +67,6 @@ public:
         return StatusOk;
     }
 
-    // The controls are made once; closing leaves them in the pane.
-    OSStatus open() override
-    {
-        if (isOpened_) {
-            return StatusNullContext;
-        }
-        isOpened_ = true;
-        if (auto nib = Nib::Open(*GetPDEBundle(), "PaperOutputPanel")) {
-            takeControls(*nib);
-        }
-        return StatusOk; // a panel without a description is empty
-    }
-
     const CFDictionary* jobType() const override { return &settings_.jobType; }
 
     std::vector<std::string> conflicts() const override
@@ -127,7 +79,22 @@ public:
     }
 
 private:
-    void takeControls(Nib& nib)
+    OSStatus readTicket(const PMTicket& ticket) override
+    {
+        ReadPaperOutputSettings(ticket, settings_);
+        controls_.show();
+        return StatusOk;
+    }
+
+    // What the dialog itself has meanwhile is taken over, so the controls may be behind.
+    OSStatus writeTicket(PMTicket& ticket) override
+    {
+        WritePaperOutputSettings(settings_, ticket);
+        controls_.show();
+        return StatusOk;
+    }
+
+    void takeControls(Nib& nib) override
     {
         const auto window = nib.window<Gtk::Widget>("PaperOutputPanel");
         const auto content = nib.widget<Gtk::Widget>("Tshl200");
@@ -142,10 +109,8 @@ private:
         const auto color = nib.widget<Gtk::ComboBox>("Tshl250");
         std::vector<NoticePlace> notices;
         for (const NoticeRow& row : NoticeRows) {
-            notices.push_back({nib.widget<Gtk::Box>(row.name), {}});
-            if (row.controlName != nullptr) {
-                notices.back().control = nib.widget<Gtk::Widget>(row.controlName);
-            }
+            notices.push_back(
+                {nib.widget<Gtk::Box>(row.name), nib.widget<Gtk::Widget>(row.controlName)});
         }
         if (!nib.isComplete()) {
             return;
@@ -160,7 +125,7 @@ private:
         bindOutput(destination, color);
         bindNotices(notices);
         controls_.show();
-        MoveInto(*pane_, content);
+        MoveInto(pane(), content);
     }
 
     void bindSides(const Glib::RefPtr<Gtk::ComboBox>& sides,
@@ -194,18 +159,17 @@ private:
         for (std::size_t index = 0; index < places.size(); ++index) {
             const PaperControl control = NoticeRows[index].control;
             notices_.push_back(std::make_unique<ConflictNotice>(
-                places[index].box,
-                [this, control, place = places[index].control] { resolve(control, place.get()); }));
+                places[index].box, [this, control, place = places[index].control] {
+                    resolve(control, *place.get());
+                }));
         }
         controls_.bindView([this] { showConflicts(); });
     }
 
     // The button that has been pressed goes, and the focus would go with it.
-    void resolve(PaperControl control, Gtk::Widget* place)
+    void resolve(PaperControl control, Gtk::Widget& place)
     {
-        if (place != nullptr) {
-            place->grab_focus();
-        }
+        place.grab_focus();
         ResolvePaperConflict(settings_, control);
         controls_.show();
     }
@@ -236,8 +200,6 @@ private:
     std::unique_ptr<JobTypeSection> jobType_;
     std::unique_ptr<FinishingSection> finishing_;
     std::vector<std::unique_ptr<ConflictNotice>> notices_; // as in NoticeRows
-    Gtk::Container* pane_ = nullptr;
-    bool isOpened_ = false;
 };
 
 } // namespace

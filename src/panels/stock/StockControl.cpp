@@ -3,6 +3,7 @@
 #include "panels/PanelEnvironment.h"
 #include "panels/stock/StockPicture.h"
 #include "panels/stock/StockWindows.h"
+#include "panels/toolkit/BackgroundWork.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/MenuWidget.h"
 #include "platform/ports/Task.h"
@@ -11,6 +12,7 @@
 #include "records/StockMenu.h"
 #include "records/StockSummary.h"
 #include "stocklibrary/RecentPapers.h"
+#include "stocklibrary/StockLibraryReader.h"
 
 #include <atkmm/object.h>
 #include <gtk/gtk.h>
@@ -34,9 +36,11 @@ Gtk::Window* WindowOf(Gtk::Widget& widget)
 // task for which nobody waits: the disk may be slow, or another program hold the file.
 class OfferedPapers : public NamedPapers {
 public:
-    explicit OfferedPapers(std::shared_ptr<StockLibraryList> printerList)
-        : printerList_(std::move(printerList)),
-          papers_(RecentPapers(UserPreferenceFolders(), printerList_.get(), &stocks_))
+    OfferedPapers(std::shared_ptr<StockLibraryReader> reader, const CFDictionary& library,
+                  std::shared_ptr<StockLibraryList> printerList)
+        : reader_(std::move(reader)),
+          printerList_(std::move(printerList)),
+          papers_(RecentPapers(library, printerList_.get(), &stocks_))
     {
     }
 
@@ -62,14 +66,18 @@ public:
 
 private:
     template <typename Change>
-    static void changeFile(Change change)
+    void changeFile(Change change)
     {
-        if (StartTask([change, folders = UserPreferenceFolders()] { change(folders); }) !=
-            StatusOk) {
+        const auto changeAndRead = [change, folders = UserPreferenceFolders(), reader = reader_] {
+            change(folders);
+            reader->read(); // for the next menu
+        };
+        if (StartTask(changeAndRead) != StatusOk) {
             change(UserPreferenceFolders());
         }
     }
 
+    std::shared_ptr<StockLibraryReader> reader_;
     std::shared_ptr<StockLibraryList> printerList_; // of the main thread
     std::vector<Stock> stocks_;
     std::vector<NamedPaper> papers_; // in the order of stocks_
@@ -85,6 +93,7 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
     Glib::RefPtr<Gtk::Button> menuButton;
     Glib::RefPtr<Gtk::Button> iconButton;
     Glib::RefPtr<Gtk::Label> summary;
+    std::shared_ptr<StockLibraryReader> library = StockLibraryReader::Shared();
     std::unique_ptr<Gtk::Menu> menu;        // the last one that was opened
     std::shared_ptr<OfferedPapers> offered; // in that menu
 
@@ -130,13 +139,30 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         menuButton->get_accessible()->set_description(text);
     }
 
+    // The user's papers; null when the panel has gone meanwhile.
+    std::shared_ptr<const CFDictionary> readLibrary(Gtk::Button& button)
+    {
+        if (library->isFileKnown()) {
+            return library->read();
+        }
+        // Somebody else has changed it, or it is still being read.
+        const auto contents = std::make_shared<std::shared_ptr<const CFDictionary>>();
+        const auto read = [reader = library, contents] { *contents = reader->read(); };
+        return RunInBackground(WindowOf(button), read) && stock != nullptr ? *contents : nullptr;
+    }
+
     void open(Gtk::Button& button)
     {
         const CFBundle* bundle = GetPDEBundle();
         if (bundle == nullptr || stock == nullptr) {
             return;
         }
-        offered = std::make_shared<OfferedPapers>(ThePanelEnvironment().printerStockList);
+        const auto papers = readLibrary(button);
+        if (papers == nullptr) {
+            return;
+        }
+        offered = std::make_shared<OfferedPapers>(library, *papers,
+                                                  ThePanelEnvironment().printerStockList);
         menu = MakeMenuWidget(PopulateStockMenu(*bundle, context, *stock, offered->papers()),
                               [weak = weak_from_this()](const MenuItem& item) {
                                   if (const auto state = weak.lock()) {
@@ -190,6 +216,7 @@ void StockControl::bind(const Glib::RefPtr<Gtk::Button>& menu,
     state_->menuButton = menu;
     state_->iconButton = icon;
     state_->summary = summary;
+    ReadAhead(state_->library);
     state_->connect(*menu.get());
     if (icon) {
         state_->showIcon();

@@ -5,6 +5,7 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/Pictures.h"
 #include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
@@ -12,6 +13,7 @@
 #include "records/StockDialogRules.h"
 
 #include <atkmm/object.h>
+#include <gtkmm/image.h>
 
 #include <functional>
 
@@ -129,10 +131,12 @@ OSStatus RunModalPreCutTabStockSetup(const CFBundle& bundle, Gtk::Window* parent
     const auto dialog = nib->window<Gtk::Dialog>("PreCutTabStockSetup");
     const auto modulus = nib->widget<Gtk::SpinButton>("TPDE1");
     const auto picture = nib->widget<Gtk::DrawingArea>("TPDE4");
+    const auto kind = nib->widget<Gtk::Image>("TPDE5");
     if (!nib->isComplete()) {
         return StatusNoWindow;
     }
     nib.reset();
+    ShowPicture(bundle, *kind.get(), "TabStock-White.gif");
     ShowSpin(*modulus.get(), TabModulusRange, stock.modulus());
     modulus->grab_focus();
     Gtk::SpinButton* const spin = modulus.get();

@@ -3,6 +3,7 @@
 #include "panels/PanelEnvironment.h"
 #include "panels/stock/AdvancedStockDialog.h"
 #include "panels/stock/StockLibraryColumnsDialog.h"
+#include "panels/stock/StockListColumns.h"
 #include "panels/stock/StockListModel.h"
 #include "panels/toolkit/BackgroundWork.h"
 #include "panels/toolkit/DialogChecks.h"
@@ -21,6 +22,7 @@
 #include "settings/TicketKeys.h"
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/StockColumnTexts.h"
+#include "stocklibrary/StockLibraryReader.h"
 #include "stocklibrary/UserPapers.h"
 
 #include <gtk/gtk.h>
@@ -35,20 +37,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::int32_t MyPaper = 1;
-
-// Widths for text of the usual size, in the order of StockColumns.
-constexpr int UsualWidths[StockColumns.size()] = {170, 140, 90,  120, 60, 90, 80,
-                                                  160, 110, 100, 100, 90, 160};
-
-// The width of a column that the user has not chosen, for text of the user's size.
-int UsualWidth(std::size_t column)
-{
-    constexpr double UsualTextSize = 96 * 1024; // dots per inch, as GTK counts them
-    gint textSize = -1;
-    g_object_get(gtk_settings_get_default(), "gtk-xft-dpi", &textSize, nullptr);
-    const double scale = textSize <= 0 ? 1 : textSize / UsualTextSize;
-    return static_cast<int>(UsualWidths[column] * scale);
-}
 
 // What the dialog shows besides the user's own papers: what of the job is on which paper.
 struct JobStocks {
@@ -147,7 +135,7 @@ public:
 
     std::int32_t run(Gtk::Window* parent)
     {
-        makeColumns();
+        MakeStockColumns(bundle_, *list_.get(), view_);
         Menu sources;
         PopulateMenuFromMap(bundle_, sources, NamedPaperPaperListMap, context_);
         sources.front().isChecked = true;
@@ -179,28 +167,6 @@ private:
     }
 
     bool showsMine() const { return GetPopupButtonTicketValue(*source_.get(), MyPaper) == MyPaper; }
-
-    // Everything of fixed height and width: the list must not look at all of its rows.
-    void makeColumns()
-    {
-        for (std::size_t column = 0; column < StockColumns.size(); ++column) {
-            auto* renderer = Gtk::make_managed<Gtk::CellRendererText>();
-            renderer->property_ellipsize() = Pango::ELLIPSIZE_END;
-            auto* shown = Gtk::make_managed<Gtk::TreeViewColumn>(
-                bundle_.localizedString(StockColumnKey(column)), *renderer);
-            gtk_tree_view_column_set_attributes(shown->gobj(), GTK_CELL_RENDERER(renderer->gobj()),
-                                                "text", static_cast<int>(column), "sensitive",
-                                                StockListModel::CanBeChosenColumn, "weight",
-                                                StockListModel::WeightColumn, nullptr);
-            shown->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
-            shown->set_resizable(true);
-            shown->set_fixed_width(view_.widths[column] ? *view_.widths[column]
-                                                        : UsualWidth(column));
-            shown->set_visible(!view_.isHidden[column]);
-            list_->append_column(*shown);
-        }
-        list_->set_search_column(0);
-    }
 
     void connect()
     {
@@ -455,13 +421,10 @@ private:
 
     void saveView(const std::function<void(StockLibraryView&)>& change)
     {
-        const auto save = [change] {
-            PreferenceFailure failure;
-            if (!ChangeStockLibraryView(UserPreferenceFolders(), change, failure)) {
-                std::fprintf(stderr, "WriteUserPreferences() failed (%d)\n", failure.error);
-            }
+        const auto write = [change](PreferenceFailure& failure) {
+            return ChangeStockLibraryView(UserPreferenceFolders(), change, failure);
         };
-        RunInBackground(dialog_.get(), save);
+        RunInBackground(dialog_.get(), [write] { WriteOrReport(write); });
     }
 
     // The widths that the user has set; the last column may be stretched besides.
@@ -471,7 +434,8 @@ private:
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             const Gtk::TreeViewColumn* shown = list_->get_column(static_cast<int>(column));
             const int width = shown->get_fixed_width();
-            const int former = view_.widths[column] ? *view_.widths[column] : UsualWidth(column);
+            const int former =
+                view_.widths[column] ? *view_.widths[column] : UsualStockColumnWidth(column);
             if (shown->get_visible() && width > 0 && width != former) {
                 widths[column] = static_cast<std::int16_t>(std::min(width, 32'767));
             }
@@ -521,9 +485,10 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     const auto papers = std::make_shared<UserPapers>(UserPreferenceFolders());
     const auto job = std::make_shared<JobStocks>(StocksOfJob(context, stock));
     const auto view = std::make_shared<StockLibraryView>();
-    const auto load = [papers, job, view] {
+    const auto reader = StockLibraryReader::Shared();
+    const auto load = [papers, job, view, reader] {
         papers->load(job->stock, job->pages);
-        *view = ReadStockLibraryView(UserPreferenceFolders()); // of the same file, however large
+        *view = StockLibraryViewOf(*reader->read()); // of the same file, however large
     };
     if (!RunInBackground(parent, load)) {
         return StatusOk; // the print dialog has gone
@@ -537,7 +502,9 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
         return StatusNoWindow;
     }
     nib.reset();
-    if (window.run(parent) == DialogOk) {
+    const std::int32_t result = window.run(parent);
+    ReadAhead(reader); // for the menu that led here
+    if (result == DialogOk) {
         answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());
     } else if (window.hasLost(stock)) {

@@ -18,8 +18,8 @@ constexpr int Stamp = 0x5A17;
 // The toolkit measures all of a text, of which a printer may send 32 KB; no column shows more.
 constexpr std::size_t MostCellCharacters = 255;
 
-// A list asks for the next row of all rows before its first paint, which takes the binding several
-// milliseconds for 10,000; so the toolkit gets a function that it can call at once.
+// A list goes through all rows before its first paint, which takes the binding several milliseconds
+// for 10,000; so the toolkit gets a function that it can call at once.
 gboolean NextRow(GtkTreeModel* /*model*/, GtkTreeIter* row)
 {
     const gsize next = GPOINTER_TO_SIZE(row->user_data) + 1;
@@ -52,7 +52,10 @@ StockListModel::StockListModel(const CFBundle& bundle, std::shared_ptr<const CFD
             rows_.push_back(&entry);
         }
     }
-    GTK_TREE_MODEL_GET_IFACE(Gtk::TreeModel::gobj())->iter_next = NextRow; // of this class alone
+    auto* functions = GTK_TREE_MODEL_GET_IFACE(Gtk::TreeModel::gobj()); // of this class alone
+    functions->iter_next = NextRow;
+    functions->ref_node = nullptr; // rows come and go with the model, whoever shows them
+    functions->unref_node = nullptr;
 }
 
 const std::string& StockListModel::uuid(std::size_t row) const

@@ -6,62 +6,60 @@
 #include "panels/stock/StockLibraryDialog.h"
 #include "panels/toolkit/Dialogs.h"
 
+#include <utility>
+
 namespace tarvo {
+namespace {
+
+// Runs a modal dialog that says at last whether it was answered.
+template <typename Dialog, typename... Arguments>
+bool IsAnswered(Dialog runModal, Arguments&&... arguments)
+{
+    std::int32_t result = DialogCancel;
+    runModal(std::forward<Arguments>(arguments)..., result);
+    return result == DialogOk;
+}
+
+} // namespace
 
 bool StockWindows::askCustomSize(std::int32_t& width, std::int32_t& length)
 {
-    std::int32_t result = DialogCancel;
-    RunModalCustomStockSizeDialog(bundle_, parent_, width, length, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalCustomStockSizeDialog, bundle_, parent_, width, length);
 }
 
 bool StockWindows::askCustomColor(JobContext /*context*/, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalCustomStockColorSetup(bundle_, parent_, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalCustomStockColorSetup, bundle_, parent_, stock);
 }
 
 bool StockWindows::askCustomType(JobContext /*context*/, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalCustomStockTypeSetup(bundle_, parent_, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalCustomStockTypeSetup, bundle_, parent_, stock);
 }
 
 bool StockWindows::askOrderedStock(JobContext /*context*/, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalOrderedStockSetup(bundle_, parent_, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalOrderedStockSetup, bundle_, parent_, stock);
 }
 
 bool StockWindows::askPrecutTabs(JobContext /*context*/, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalPreCutTabStockSetup(bundle_, parent_, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalPreCutTabStockSetup, bundle_, parent_, stock);
 }
 
 bool StockWindows::askDescription(JobContext /*context*/, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalStockDescriptionSetup(bundle_, parent_, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalStockDescriptionSetup, bundle_, parent_, stock);
 }
 
 bool StockWindows::askAdvancedSelection(JobContext context, Stock& stock)
 {
-    std::int32_t result = DialogCancel;
-    RunModalAdvancedStockSelection(bundle_, parent_, context, stock, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalAdvancedStockSelection, bundle_, parent_, context, stock);
 }
 
 bool StockWindows::askPaperName(std::string& name)
 {
-    std::int32_t result = DialogCancel;
-    RunModalStockNameSetup(bundle_, parent_, name, result);
-    return result == DialogOk;
+    return IsAnswered(RunModalStockNameSetup, bundle_, parent_, name);
 }
 
 LibraryAnswer StockWindows::askStockLibrary(JobContext context, Stock& stock)

@@ -309,6 +309,34 @@ TEST_F(StockLibraryDialog, LosesNothingOfALibraryThatIsBroken)
     EXPECT_TRUE(std::filesystem::exists(libraryPath() + ".unreadable"));
 }
 
+TEST_F(StockLibraryDialog, SavesWhenItIsClosedWhatCouldNotBeSavedBefore)
+{
+    save("Blue", 2);
+    const std::string aside = libraryPath() + ".aside";
+    testing::internal::CaptureStderr();
+    const DialogScript user({
+        {Library,
+         [&aside](Gtk::Dialog& dialog) {
+             std::filesystem::rename(libraryPath(), aside);
+             std::filesystem::create_directory(libraryPath());
+             press(dialog, Add);
+         }               },
+        {       PaperWindow, naming("New")},
+        { Library,
+         [this,     &aside](Gtk::Dialog& dialog) {
+             EXPECT_EQ(status(dialog), bundle_->localizedString("StockLibraryNotSaved"));
+             EXPECT_EQ(rows(dialog), 2U);
+             std::filesystem::remove(libraryPath());
+             std::filesystem::rename(aside, libraryPath());
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }},
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    EXPECT_TRUE(turnUntil([] { return saved().size() == 2; })) << "by a task";
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::StartsWith("WriteUserPreferences() failed"));
+}
+
 TEST_F(StockLibraryDialog, SaysWhatIsKnownOfAPrinter)
 {
     const DialogScript user({
