@@ -26,14 +26,8 @@ TEST(LoadPlugIn, RefusesAnotherBuild)
     EXPECT_EQ(reason, module + " is of another build");
 }
 
-struct VersionCase {
-    const char* name;
-    std::uint32_t version;
-    std::int32_t status;
-    bool isTaken;
-};
-
-constexpr VersionCase VersionCases[] = {
+// name, version, status, whether it is taken
+constexpr std::tuple<const char*, std::uint32_t, std::int32_t, bool> VersionCases[] = {
     {"the same",      0x00010000, 0,   true },
     {"another minor", 0x00010001, 0,   false},
     {"another major", 0x00020000, 0,   false},

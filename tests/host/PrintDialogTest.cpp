@@ -226,34 +226,26 @@ TEST_F(PrintDialogTest, TheTicketReachesTheDriverWithoutItsPasscode)
     EXPECT_EQ(OptionsOfNextJob(driver).find(TicketOptionName), nullptr) << "it is answered once";
 }
 
-struct DuplexCase {
-    const char* name;
-    CFDictionary inPanel;
-    const char* inDialog; // "": nowhere
-    CFDictionary atSync;
-    const char* ofJob;
-};
-
 TEST_F(PrintDialogTest, TheLastChoiceIsTheJobs)
 {
     const CFDictionary none;
     const CFDictionary tumble = Entries("Duplex", "DuplexTumble");
-    // In the order in which they are made; the dialog begins with None.
-    const DuplexCase cases[] = {
+    // name, choices in the panel, in the dialog, at Sync, of the job; the dialog begins with None
+    const std::tuple<const char*, CFDictionary, const char*, CFDictionary, const char*> cases[] = {
         {"of the plug-in, as by an import", tumble, "",               none,   "DuplexTumble"  },
         {"of the user, later",              tumble, "DuplexNoTumble", none,   "DuplexNoTumble"},
         {"of the plug-in, at last",         none,   "DuplexNoTumble", tumble, "DuplexTumble"  },
     };
-    for (const DuplexCase& row : cases) {
-        SCOPED_TRACE(row.name);
-        State().panelChoices = row.inPanel;
-        State().ppdChoices = row.atSync;
+    for (const auto& [name, inPanel, inDialog, atSync, ofJob] : cases) {
+        SCOPED_TRACE(name);
+        State().panelChoices = inPanel;
+        State().ppdChoices = atSync;
         DialogDriver driver;
         ASSERT_TRUE(driver.choose(OurPrinter));
         ASSERT_TRUE(driver.showTab(Tab));
-        ASSERT_TRUE(*row.inDialog == '\0' || driver.chooseOption(row.inDialog));
+        ASSERT_TRUE(*inDialog == '\0' || driver.chooseOption(inDialog));
         ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
-        EXPECT_EQ(*OptionsOfNextJob(driver).find("Duplex"), row.ofJob);
+        EXPECT_EQ(*OptionsOfNextJob(driver).find("Duplex"), ofJob);
     }
 }
 
