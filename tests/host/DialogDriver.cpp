@@ -57,24 +57,12 @@ bool ChooseKeyword(GtkComboBox* menu, const std::string& keyword)
 {
     constexpr int KeywordColumn = 1;
     GtkTreeModel* model = gtk_combo_box_get_model(menu);
-    GtkTreeIter row;
     if (model == nullptr || gtk_tree_model_get_n_columns(model) <= KeywordColumn ||
         gtk_tree_model_get_column_type(model, KeywordColumn) != G_TYPE_STRING) {
         return false;
     }
-    bool isFound = false;
-    gboolean more = gtk_tree_model_get_iter_first(model, &row);
-    while (more == TRUE && !isFound) {
-        char* text = nullptr;
-        gtk_tree_model_get(model, &row, KeywordColumn, &text, -1);
-        isFound = text != nullptr && text == keyword;
-        g_free(text);
-        if (isFound) {
-            gtk_combo_box_set_active_iter(menu, &row);
-        }
-        more = gtk_tree_model_iter_next(model, &row);
-    }
-    return isFound;
+    gtk_combo_box_set_id_column(menu, KeywordColumn);
+    return gtk_combo_box_set_active_id(menu, keyword.c_str()) == TRUE;
 }
 
 std::string WriteDocument()

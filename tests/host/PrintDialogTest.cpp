@@ -2,6 +2,7 @@
 #include "FakePlugIn.h"
 #include "platform/files/FileContents.h"
 #include "records/JobOptions.h"
+#include "support/Entries.h"
 
 #include <gtest/gtest.h>
 
@@ -54,11 +55,21 @@ std::string Contents(const fs::path& path)
     return ReadFileContents(path.string(), std::size_t{16} * 1024 * 1024, reason).value_or("");
 }
 
-// The jobs of the server are numbered from 1, one after the other.
-JobOptions OptionsOfLastJob()
+// Chooses our printer; the plug-in has its tab then, which is not shown yet.
+bool ChooseOurs(const DialogDriver& driver)
 {
-    const fs::path jobs = ServerFolder() / "jobs";
-    return JobOptionsFromText(Contents(jobs / (std::to_string(CountJobs()) + ".options")));
+    return driver.choose(OurPrinter) && TurnUntil([&] { return driver.tab(Tab) != nullptr; });
+}
+
+// Prints from a dialog that is answered. The jobs of the server are numbered from 1, one after the
+// other.
+JobOptions OptionsOfNextJob(const DialogDriver& driver)
+{
+    const std::size_t number = CountJobs() + 1;
+    EXPECT_TRUE(driver.print());
+    EXPECT_TRUE(TurnUntil([&] { return CountJobs() == number; }));
+    return JobOptionsFromText(
+        Contents(ServerFolder() / "jobs" / (std::to_string(number) + ".options")));
 }
 
 // Which files of a folder hold a text.
@@ -95,8 +106,7 @@ protected:
 TEST_F(PrintDialogTest, TheTabComesAndGoesWithThePrinter)
 {
     DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(ChooseOurs(driver));
     EXPECT_EQ(State().calls, " Prologue Initialize");
     ASSERT_TRUE(driver.choose(AnothersPrinter));
     EXPECT_EQ(driver.tab(Tab), nullptr);
@@ -118,8 +128,7 @@ TEST_F(PrintDialogTest, TheTabComesAndGoesWithThePrinter)
 TEST_F(PrintDialogTest, ThePlugInLearnsOfPrinterAndPage)
 {
     DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(ChooseOurs(driver));
     EXPECT_EQ(State().printer.deviceUri, "file:/dev/null");
     EXPECT_EQ(State().printer.makeAndModel, "Tarvo QL900, 1.0");
     EXPECT_EQ(State().maker, "Tarvo");
@@ -152,29 +161,19 @@ TEST_F(PrintDialogTest, APrinterThatThePlugInRefusesHasNoTab)
 TEST_F(PrintDialogTest, ThePlugInCanKeepTheDialogOpen)
 {
     DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(ChooseOurs(driver));
+    ASSERT_TRUE(driver.chooseOption("DuplexTumble"));
     State().calls.clear();
     State().refusesToPrint = true;
     EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
     EXPECT_EQ(State().calls, " print?");
+    EXPECT_EQ(*State().choices.get<std::string>("Duplex"), "DuplexTumble") << "what is chosen now";
     State().refusesToPrint = false;
     EXPECT_TRUE(driver.press(GTK_RESPONSE_OK));
     EXPECT_EQ(State().calls, " print? print? Sync(false)");
     EXPECT_TRUE(driver.press(GTK_RESPONSE_CANCEL));
     EXPECT_TRUE(driver.press(GTK_RESPONSE_APPLY)); // a preview is none of its business
     EXPECT_EQ(State().calls, " print? print? Sync(false) cancel?");
-}
-
-TEST_F(PrintDialogTest, ThePlugInIsAskedAboutWhatIsChosenNow)
-{
-    DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
-    ASSERT_TRUE(driver.chooseOption("DuplexTumble"));
-    State().refusesToPrint = true;
-    EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));
-    EXPECT_EQ(*State().choices.get<std::string>("Duplex"), "DuplexTumble");
 }
 
 TEST_F(PrintDialogTest, ThePlugInLearnsOfTheDialogsChoicesWhenItsTabIsShownAgain)
@@ -193,16 +192,14 @@ TEST_F(PrintDialogTest, ThePlugInLearnsOfTheDialogsChoicesWhenItsTabIsShownAgain
 // The ticket of a job with every kind of value, more entries than a small map, and a passcode.
 CFDictionary OddTicket(bool hasPasscode)
 {
-    CFDictionary jobType;
-    jobType.set("JobType", 6);
+    CFDictionary jobType = Entries("JobType", 6);
     if (hasPasscode) {
         jobType.set("SecurePrintPassword", Canary);
     }
-    CFDictionary ticket;
-    ticket.set("com.tarvo.print.JobType", jobType);
-    ticket.set("com.tarvo.print.JobNotesMessage", "K\xC3\xA4se, \"50 %\" {\\} <&>'\t\n");
-    ticket.set("com.tarvo.print.When", CFDate{1'000'000});
-    ticket.set("com.tarvo.print.List", CFArray{true, 2.5, UnsetValue, CFData{"\xFF"}});
+    CFDictionary ticket =
+        Entries("com.tarvo.print.JobType", jobType, "com.tarvo.print.JobNotesMessage",
+                "K\xC3\xA4se, \"50 %\" {\\} <&>'\t\n", "com.tarvo.print.When", CFDate{1'000'000},
+                "com.tarvo.print.List", CFArray{true, 2.5, UnsetValue, CFData{"\xFF"}});
     for (int number = 0; number < 40; ++number) {
         ticket.set("com.tarvo.print.Key" + std::to_string(number), std::string(500, '~'));
     }
@@ -212,15 +209,11 @@ CFDictionary OddTicket(bool hasPasscode)
 TEST_F(PrintDialogTest, TheTicketReachesTheDriverWithoutItsPasscode)
 {
     DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(ChooseOurs(driver));
     State().ticket = OddTicket(true);
     State().ppdChoices.set("Duplex", "DuplexTumble");
-    const std::size_t jobs = CountJobs();
     ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
-    ASSERT_TRUE(driver.print());
-    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
-    const JobOptions options = OptionsOfLastJob();
+    const JobOptions options = OptionsOfNextJob(driver);
     std::string reason;
     EXPECT_EQ(TicketOfJobOptions(options, reason), OddTicket(false)) << reason;
     EXPECT_EQ(*options.find("Duplex"), "DuplexTumble"); // before the dialog's own choice
@@ -230,81 +223,54 @@ TEST_F(PrintDialogTest, TheTicketReachesTheDriverWithoutItsPasscode)
     EXPECT_EQ(FilesWith(ServerFolder(), Canary), "");
     EXPECT_EQ(FilesWith(g_get_home_dir(), Canary), "");
 
-    ASSERT_TRUE(driver.print()); // a second job of a dialog that has been answered once
-    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs + 1; }));
-    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+    EXPECT_EQ(OptionsOfNextJob(driver).find(TicketOptionName), nullptr) << "it is answered once";
 }
-
-struct DuplexCase {
-    const char* name;
-    const char* inPanel; // "": nowhere
-    const char* inDialog;
-    const char* atSync;
-    const char* ofJob;
-};
-
-// In the order in which they are made; the dialog begins with None.
-constexpr DuplexCase DuplexCases[] = {
-    {"of the plug-in, as by an import", "DuplexTumble", "",               "",             "DuplexTumble"  },
-    {"of the user, later",              "DuplexTumble", "DuplexNoTumble", "",             "DuplexNoTumble"},
-    {"of the plug-in, at last",         "",             "DuplexNoTumble", "DuplexTumble", "DuplexTumble"  },
-};
 
 TEST_F(PrintDialogTest, TheLastChoiceIsTheJobs)
 {
-    const auto choice = [](CFDictionary& choices, const std::string& keyword) {
-        if (!keyword.empty()) {
-            choices.set("Duplex", keyword);
-        }
+    const CFDictionary none;
+    const CFDictionary tumble = Entries("Duplex", "DuplexTumble");
+    // name, choices in the panel, in the dialog, at Sync, of the job; the dialog begins with None
+    const std::tuple<const char*, CFDictionary, const char*, CFDictionary, const char*> cases[] = {
+        {"of the plug-in, as by an import", tumble, "",               none,   "DuplexTumble"  },
+        {"of the user, later",              tumble, "DuplexNoTumble", none,   "DuplexNoTumble"},
+        {"of the plug-in, at last",         none,   "DuplexNoTumble", tumble, "DuplexTumble"  },
     };
-    for (const DuplexCase& row : DuplexCases) {
-        SCOPED_TRACE(row.name);
-        State().panelChoices = CFDictionary();
-        State().ppdChoices = CFDictionary();
-        choice(State().panelChoices, row.inPanel);
-        choice(State().ppdChoices, row.atSync);
+    for (const auto& [name, inPanel, inDialog, atSync, ofJob] : cases) {
+        SCOPED_TRACE(name);
+        State().panelChoices = inPanel;
+        State().ppdChoices = atSync;
         DialogDriver driver;
         ASSERT_TRUE(driver.choose(OurPrinter));
         ASSERT_TRUE(driver.showTab(Tab));
-        ASSERT_TRUE(*row.inDialog == '\0' || driver.chooseOption(row.inDialog));
-        const std::size_t jobs = CountJobs();
+        ASSERT_TRUE(*inDialog == '\0' || driver.chooseOption(inDialog));
         ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
-        ASSERT_TRUE(driver.print());
-        ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
-        EXPECT_EQ(*OptionsOfLastJob().find("Duplex"), row.ofJob);
+        EXPECT_EQ(*OptionsOfNextJob(driver).find("Duplex"), ofJob);
     }
 }
 
 TEST_F(PrintDialogTest, AnothersPrinterGetsNoTicket)
 {
     DialogDriver driver;
-    ASSERT_TRUE(driver.choose(OurPrinter));
-    ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    ASSERT_TRUE(ChooseOurs(driver));
     ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
     ASSERT_TRUE(driver.choose(AnothersPrinter));
-    const std::size_t jobs = CountJobs();
     ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
-    ASSERT_TRUE(driver.print());
-    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
-    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+    EXPECT_EQ(OptionsOfNextJob(driver).find(TicketOptionName), nullptr);
 }
 
 TEST_F(PrintDialogTest, ATicketThatIsNotUsedIsNotForTheNextDialogsJob)
 {
     {
         DialogDriver driver;
-        ASSERT_TRUE(driver.choose(OurPrinter));
-        ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+        ASSERT_TRUE(ChooseOurs(driver));
         ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
     }
     State().refusesPrinter = true;
     DialogDriver driver;
     ASSERT_TRUE(driver.choose(OurPrinter));
-    const std::size_t jobs = CountJobs();
     ASSERT_TRUE(driver.press(GTK_RESPONSE_OK));
-    ASSERT_TRUE(driver.print());
-    ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
-    EXPECT_EQ(OptionsOfLastJob().find(TicketOptionName), nullptr);
+    EXPECT_EQ(OptionsOfNextJob(driver).find(TicketOptionName), nullptr);
 }
 
 TEST_F(PrintDialogTest, EachJobHasTheTicketOfItsOwnDialog)
@@ -322,49 +288,28 @@ TEST_F(PrintDialogTest, EachJobHasTheTicketOfItsOwnDialog)
         ASSERT_TRUE(driver->press(GTK_RESPONSE_OK));
     }
     for (const auto& [driver, keyword] : dialogs) {
-        const std::size_t jobs = CountJobs();
-        ASSERT_TRUE(driver->print());
-        ASSERT_TRUE(TurnUntil([&] { return CountJobs() > jobs; }));
-        EXPECT_EQ(*OptionsOfLastJob().find("Duplex"), keyword);
-        EXPECT_NE(OptionsOfLastJob().find(TicketOptionName), nullptr);
+        const JobOptions options = OptionsOfNextJob(*driver);
+        EXPECT_EQ(*options.find("Duplex"), keyword);
+        EXPECT_NE(options.find(TicketOptionName), nullptr);
     }
 }
 
-// A queue of the print server for as long as this lives.
-class PassingQueue {
-public:
-    explicit PassingQueue(const std::string& name) : name_(name)
-    {
-        const fs::path description = ServerFolder() / (std::string(OurPrinter) + ".ppd");
-        run("-p " + name_ + " -E -v file:/dev/null -P " + description.string());
-    }
-    PassingQueue(const PassingQueue&) = delete;
-    PassingQueue& operator=(const PassingQueue&) = delete;
-    ~PassingQueue() { run("-x " + name_); }
-
-private:
-    static void run(const std::string& words)
-    {
-        const std::string command = "lpadmin " + words + " 2> /dev/null";
-        EXPECT_EQ(std::system(command.c_str()), 0); // NOLINT(cert-env33-c,concurrency-mt-unsafe)
-    }
-
-    std::string name_;
-};
+void ChangeQueues(const std::string& words)
+{
+    const std::string command = "lpadmin " + words + " 2> /dev/null";
+    EXPECT_EQ(std::system(command.c_str()), 0); // NOLINT(cert-env33-c,concurrency-mt-unsafe)
+}
 
 TEST_F(PrintDialogTest, AQueueMayVanishWhileTheDialogIsOpen)
 {
-    constexpr const char* Name = "Tarvo_Passing";
+    const fs::path description = ServerFolder() / (std::string(OurPrinter) + ".ppd");
     DialogDriver driver;
-    {
-        const PassingQueue queue(Name);
-        ASSERT_TRUE(driver.choose(Name));
-        ASSERT_TRUE(driver.showTab(Tab));
-    }
+    ChangeQueues("-p Tarvo_Passing -E -v file:/dev/null -P " + description.string());
+    EXPECT_TRUE(driver.choose("Tarvo_Passing") && driver.showTab(Tab));
+    ChangeQueues("-x Tarvo_Passing");
     ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) == nullptr; }));
     EXPECT_TRUE(State().calls.ends_with(" Open Close Terminate")) << State().calls;
-    ASSERT_TRUE(driver.choose(OurPrinter)); // the dialog goes on
-    EXPECT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+    EXPECT_TRUE(ChooseOurs(driver)) << "the dialog goes on";
 }
 
 // What becomes of the alert that is shown.
@@ -396,8 +341,7 @@ TEST_F(PrintDialogTest, ATicketThatCannotTravelIsToldOfAndNotSent)
     for (const bool isAnswered : {true, false}) {
         SCOPED_TRACE(isAnswered ? "answered" : "the dialog goes");
         DialogDriver driver;
-        ASSERT_TRUE(driver.choose(OurPrinter));
-        ASSERT_TRUE(TurnUntil([&] { return driver.tab(Tab) != nullptr; }));
+        ASSERT_TRUE(ChooseOurs(driver));
         AlertEnd end{driver, isAnswered};
         const guint source = g_timeout_add(5, EndAlert, &end);
         EXPECT_FALSE(driver.press(GTK_RESPONSE_OK));

@@ -1,5 +1,7 @@
 #include "panels/advanced/AdvancedSettings.h"
 
+#include "support/Entries.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -12,21 +14,12 @@ constexpr const char* Rotation = "com.tarvo.print.AdvancedRotateImage180";
 constexpr const char* Emit = "com.tarvo.print.EmitTPIF";
 constexpr const char* Emulation = "com.tarvo.print.QuillonEmulation";
 
-TEST(AdvancedSettings, AFreshTicketGivesDefaults)
+TEST(AdvancedSettings, AreReadUnderTheTicketsKeys)
 {
     AdvancedSettings settings{9, 9, 9, 9};
     EXPECT_EQ(ReadAdvancedSettings(PMTicket(), settings), StatusItemNotFound);
     EXPECT_EQ(settings, (AdvancedSettings{2, 1, 1, 1}));
-}
-
-TEST(AdvancedSettings, AreReadUnderTheTicketsKeys)
-{
-    PMTicket ticket;
-    ticket.setItem("x", LayoutOrder, 1);
-    ticket.setItem("x", Rotation, 2);
-    ticket.setItem("x", Emit, 0);
-    ticket.setItem("x", Emulation, 4);
-    AdvancedSettings settings;
+    PMTicket ticket(Entries(LayoutOrder, 1, Rotation, 2, Emit, 0, Emulation, 4), "x");
     EXPECT_EQ(ReadAdvancedSettings(ticket, settings), StatusOk);
     EXPECT_EQ(settings, (AdvancedSettings{1, 3, 0, 4}));
     ticket.setItem("x", Rotation, "2");
@@ -53,10 +46,7 @@ TEST(AdvancedSettings, KeepNumbersThatNoMenuHas)
 {
     for (const std::int32_t number : {std::numeric_limits<std::int32_t>::min(), -1, 7,
                                       std::numeric_limits<std::int32_t>::max()}) {
-        PMTicket ticket;
-        ticket.setItem("x", Rotation, number);
-        ticket.setItem("x", LayoutOrder, number);
-        ticket.setItem("x", Emit, number);
+        const PMTicket ticket(Entries(Rotation, number, LayoutOrder, number, Emit, number), "x");
         AdvancedSettings settings;
         ReadAdvancedSettings(ticket, settings);
         PMTicket written;

@@ -3,7 +3,7 @@
 #include "panels/toolkit/BackgroundWork.h"
 #include "panels/toolkit/DesktopServices.h"
 #include "support/BuiltBundle.h"
-#include "support/Widgets.h"
+#include "support/DialogScript.h"
 
 #include <glibmm/main.h>
 #include <gmock/gmock.h>
@@ -17,15 +17,10 @@
 namespace tarvo {
 namespace {
 
-struct ValueCase {
-    const char* name;
-    std::optional<std::string> before;
-    int response;
-    std::int32_t result;
-    std::optional<std::string> after;
-};
+using Text = std::optional<std::string>;
 
-const ValueCase ValueCases[] = {
+// name, text before, response, result, text afterwards
+const std::tuple<const char*, Text, int, std::int32_t, Text> ValueCases[] = {
     {"OK",        "Trim",       Gtk::RESPONSE_OK,           DialogOk,     "Trim!"     },
     {"no text",   std::nullopt, Gtk::RESPONSE_OK,           DialogOk,     "!"         },
     {"Cancel",    "Trim",       Gtk::RESPONSE_CANCEL,       DialogCancel, std::nullopt},
@@ -35,37 +30,20 @@ const ValueCase ValueCases[] = {
 TEST(CustomValueDialog, GivesTheTextOnlyOnOk)
 {
     const CFBundle bundle = BuiltBundle();
-    for (const auto& row : ValueCases) {
-        SCOPED_TRACE(row.name);
-        auto text = row.before;
+    for (const auto& [name, before, response, expected, after] : ValueCases) {
+        SCOPED_TRACE(name);
+        auto text = before;
         std::int32_t result = 0;
-        const DialogAnswer answer([&row](Gtk::Dialog& dialog) {
+        const DialogAnswer answer([response = response](Gtk::Dialog& dialog) {
             EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
             auto* field = FindWidget<Gtk::Entry>(dialog, "TPDE123456");
             EXPECT_TRUE(field->is_focus());
             field->set_text(field->get_text() + "!");
-            dialog.response(row.response);
+            dialog.response(response);
         });
         EXPECT_EQ(RunModalCustomValueDialog(bundle, nullptr, 8, text, result), StatusOk);
-        EXPECT_EQ(result, row.result);
-        EXPECT_EQ(text, row.after);
-    }
-}
-
-TEST(Dialogs, AreGoneOnceTheyAreAnswered)
-{
-    const CFBundle bundle = BuiltBundle();
-    std::size_t left = 0; // by the toolkit itself, the first time
-    for (int time = 0; time < 4; ++time) {
-        const DialogAnswer answer(
-            [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_CANCEL); });
-        std::optional<std::string> text;
-        std::int32_t result = 0;
-        RunModalCustomValueDialog(bundle, nullptr, 8, text, result);
-        TurnMainLoop();
-        const std::size_t windows = Gtk::Window::list_toplevels().size();
-        left = time == 0 ? windows : left;
-        EXPECT_EQ(windows, left);
+        EXPECT_EQ(result, expected);
+        EXPECT_EQ(text, after);
     }
 }
 
@@ -107,21 +85,6 @@ TEST(FileChoosers, GoWithTheirWindow)
         EXPECT_FALSE(choose(Glib::wrap(GTK_WINDOW(window))));
         EXPECT_THAT(Gtk::Window::list_toplevels(), testing::Not(testing::Contains(chooser)));
     }
-}
-
-TEST(Notice, TellsWhatIsWrongAndWhatToDo)
-{
-    Gtk::Window window;
-    window.show();
-    const DialogAnswer answer([](Gtk::Dialog& dialog) {
-        auto* notice = dynamic_cast<Gtk::MessageDialog*>(&dialog);
-        ASSERT_NE(notice, nullptr);
-        EXPECT_EQ(notice->property_text().get_value(), "The secure print job has no passcode.");
-        EXPECT_NE(notice->property_secondary_text().get_value(), "");
-        dialog.response(Gtk::RESPONSE_OK);
-    });
-    DisplayNotice(BuiltBundle(), &window, "Invalid Secure Print Passcode Header",
-                  "Invalid Secure Print Passcode Message");
 }
 
 TEST(BackgroundWork, LetsTheApplicationGoOn)

@@ -2,7 +2,8 @@
 
 #include "panels/finishing/FinishedSetView.h"
 #include "support/BuiltBundle.h"
-#include "support/Widgets.h"
+#include "support/DialogScript.h"
+#include "support/FinishedSets.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/checkbutton.h>
@@ -19,45 +20,12 @@ namespace {
 
 using Finishing = FinishingChoice;
 
-const std::vector<FinishingOffer> Offers = {
-    {4,  "1 Staple...",      {5, 6, 7, 8}                    },
-    {9,  "2 Staples...",     {10, 11, 12, 13}                },
-    {14, "Bind...",          {15, 16}                        },
-    {24, "Booklet...",       {7, 8}                          },
-    {18, "Fold...",          {19, 20}                        },
-    {30, "Hole Punch...",    {3, 4}                          },
-    {36, "Z-Fold...",        {38, 39}                        },
-    {40, "Advanced Fold...", {41, 42, 43, 44, 45, 46, 47, 48}},
-    {25, "Center Staple...", {26, 27, 28, 29}                },
-};
-
-FinishedSet SetWith(std::int32_t option, std::int32_t Finishing::*position, std::int32_t value)
-{
-    FinishedSet set;
-    set.finishing.option = option;
-    set.finishing.*position = value;
-    return set;
-}
-
-template <typename Widget>
-std::vector<Widget*> AllOf(Gtk::Widget& root)
-{
-    std::vector<Widget*> found;
-    ForEachWidget(root, [&found](Gtk::Widget& widget) {
-        auto* wanted = dynamic_cast<Widget*>(&widget);
-        if (wanted != nullptr && wanted->get_visible()) {
-            found.push_back(wanted);
-        }
-    });
-    return found;
-}
-
 // What the dialog gives when the user does that in it.
 std::optional<Finishing> AfterDialog(std::int32_t option, const FinishedSet& current,
                                      const std::function<void(Gtk::Dialog&)>& act)
 {
     const DialogAnswer answer(act);
-    return RunFinishingDialog(nullptr, BuiltBundle(), option, current, Offers);
+    return RunFinishingDialog(nullptr, BuiltBundle(), option, current, AllFinishingOffers);
 }
 
 struct PositionCase {
@@ -103,17 +71,6 @@ TEST(PositionDialogs, OfferEachPositionWithItsPicture)
     }
 }
 
-TEST(PositionDialogs, ChangeNothingWhenTheUserEscapes)
-{
-    const FinishedSet current = SetWith(9, &Finishing::twoStaples, 10);
-    EXPECT_EQ(AfterDialog(9, current,
-                          [](Gtk::Dialog& dialog) {
-                              AllOf<Gtk::RadioButton>(dialog).back()->set_active(true);
-                              PressKey(dialog, GDK_KEY_Escape);
-                          }),
-              std::nullopt);
-}
-
 TEST(PositionDialogs, StartAtTheFirstAndTakeTheKeyboard)
 {
     const FinishedSet former = SetWith(14, &Finishing::bind, 15);
@@ -136,20 +93,15 @@ TEST(CustomFinishing, IsNamedByTheUser)
 {
     FinishedSet current = SetWith(14, &Finishing::bind, 15);
     current.finishing.customText = "Trim";
-    const auto type = [](const std::string& text) {
-        return [text](Gtk::Dialog& dialog) {
-            AllOf<Gtk::Entry>(dialog).front()->set_text(text);
-            dialog.response(Gtk::RESPONSE_OK);
-        };
-    };
-    const auto chosen = AfterDialog(22, current, type(std::string(300, 'x')));
+    const auto chosen = AfterDialog(22, current, [](Gtk::Dialog& dialog) {
+        AllOf<Gtk::Entry>(dialog).front()->set_text(std::string(300, 'x'));
+        dialog.response(Gtk::RESPONSE_OK);
+    });
     ASSERT_TRUE(chosen);
     EXPECT_EQ(chosen->option, 22);
     EXPECT_EQ(chosen->bind, 0);
     EXPECT_EQ(chosen->customText, std::string(255, 'x'));
-    EXPECT_EQ(AfterDialog(22, current,
-                          [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_CANCEL); }),
-              std::nullopt);
+    EXPECT_EQ(AfterDialog(22, current, Respond(Gtk::RESPONSE_CANCEL)), std::nullopt);
 }
 
 TEST(HolePunchDialog, TakesSideAndNumber)
@@ -162,7 +114,7 @@ TEST(HolePunchDialog, TakesSideAndNumber)
         EXPECT_EQ(ShownText(*FindWidget<Gtk::ComboBox>(dialog, "TPDE901")),
                   "Hole punch, bottom or left");
         EXPECT_EQ(ShownText(*holes), "2 Holes");
-        EXPECT_EQ(holes->get_model()->children().size(), 2U);
+        EXPECT_EQ(holes->get_model()->children().size(), 3U);
         holes->set_active(1);
         EXPECT_EQ(AllOf<FinishedSetView>(dialog).front()->shown().finishing.holes, 4);
         dialog.response(Gtk::RESPONSE_OK);
@@ -283,7 +235,7 @@ TEST(OffsetDialog, LeavesWhatNobodyTouches)
 {
     for (const FinishedSet& set : {SetWithOffset(2, 0, 25), SetWithOffset(4, 1, 20'000),
                                    SetWithOffset(0, 7, 0), SetWithOffset(9, 1, -3)}) {
-        const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+        const DialogAnswer answer(Respond(Gtk::RESPONSE_OK));
         EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}), set.finishing);
     }
 }
@@ -330,26 +282,12 @@ TEST(BookletFinishingDialog, OffersNoFoldingOnlyToALayout)
     }
 }
 
-// With text of twice the usual size.
-class LargeText {
-public:
-    LargeText() { set(2); }
-    LargeText(const LargeText&) = delete;
-    LargeText& operator=(const LargeText&) = delete;
-    ~LargeText() { set(1); }
-
-private:
-    static void set(int scale)
-    {
-        constexpr int UsualDensity = 96 * 1024; // in 1024ths of a dot per inch
-        Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * UsualDensity;
-    }
-};
-
 TEST(FinishingDialogs, FitANarrowScreenWithLargeText)
 {
     constexpr int NarrowScreen = 1024;
-    const LargeText large;
+    constexpr int UsualDensity = 96 * 1024; // of text, in 1024ths of a dot per inch
+    auto density = Gtk::Settings::get_default()->property_gtk_xft_dpi();
+    density = 2 * UsualDensity;
     const CFBundle german = BuiltBundle("de");
     const auto measure = [](Gtk::Dialog& dialog) {
         int least = 0;
@@ -358,12 +296,13 @@ TEST(FinishingDialogs, FitANarrowScreenWithLargeText)
         EXPECT_LT(least, NarrowScreen - 40) << NameInDescription(dialog);
         dialog.response(Gtk::RESPONSE_CANCEL);
     };
-    for (const std::int32_t option : {4, 9, 14, 18, 24, 25, 30, 36, 40, 49}) {
+    for (const FinishingOffer& offer : AllFinishingOffers) {
         const DialogAnswer answer(measure);
-        RunFinishingDialog(nullptr, german, option, FinishedSet(), Offers);
+        RunFinishingDialog(nullptr, german, offer.option, FinishedSet(), AllFinishingOffers);
     }
     const DialogAnswer answer(measure);
     RunOffsetSetupDialog(nullptr, german, FinishedSet(), {});
+    density = UsualDensity;
 }
 
 TEST(FinishingDialogs, ChangeNothingWithoutTheirDescription)
@@ -374,7 +313,8 @@ TEST(FinishingDialogs, ChangeNothingWithoutTheirDescription)
         std::ofstream(copy.resource("Finishing.ui")) << description;
         const FinishedSet current;
         for (const std::int32_t option : {4, 30, 49, 0, 53}) {
-            EXPECT_EQ(RunFinishingDialog(nullptr, bundle, option, current, Offers), std::nullopt);
+            EXPECT_EQ(RunFinishingDialog(nullptr, bundle, option, current, AllFinishingOffers),
+                      std::nullopt);
         }
         EXPECT_EQ(RunOffsetSetupDialog(nullptr, bundle, current, {}), std::nullopt);
         EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, bundle, current, true), std::nullopt);

@@ -4,11 +4,12 @@
 #include "panels/toolkit/DesktopServices.h"
 #include "panels/toolkit/Help.h"
 #include "platform/files/FileContents.h"
+#include "prefs/FailingCall.h"
+#include "support/Entries.h"
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
-#include <csignal>
+#include <cerrno>
 #include <fstream>
 
 namespace tarvo {
@@ -37,12 +38,7 @@ protected:
         return path(name);
     }
     // Fills the ticket as the shell's sync does.
-    void exportAll()
-    {
-        CFDictionary options;
-        options.set(ExportAllKey, true);
-        ticket_->setItem("T", ExportOptionsKey, options);
-    }
+    void exportAll() { ticket_->setItem("T", ExportOptionsKey, Entries("TPIFOptionAll", true)); }
 
     std::string folder_ = testing::TempDir() + "tarvo-files-XXXXXX";
 };
@@ -77,35 +73,12 @@ TEST_F(JobTicketFiles, ExportIsSilentAndLeavesWhatItCannotReplace)
     EXPECT_EQ(contents("job.xml"), "") << "a job without a ticket has no settings";
 }
 
-// Lets no file of this process grow, as on a disk that is full.
-class FullDisk {
-public:
-    FullDisk()
-    {
-        getrlimit(RLIMIT_FSIZE, &former_);
-        rlimit full = former_;
-        full.rlim_cur = 16;
-        setrlimit(RLIMIT_FSIZE, &full);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, formerHandler_);
-    }
-
-private:
-    rlimit former_{};
-    void (*formerHandler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
-};
-
 TEST_F(JobTicketFiles, ExportToAFullDiskIsSilentAndLeavesTheFileThatWasThere)
 {
     exportAll();
     const std::string former = write("job.xml", "former");
     {
-        const FullDisk disk;
+        const FailingCall full("write", ENOSPC, 1);
         EXPECT_EQ(TPIFExportToFileAtPath(former), StatusOk);
         EXPECT_EQ(TPIFExportToFileAtPath(path("new.xml")), StatusOk);
     }
@@ -150,13 +123,15 @@ TEST_F(JobTicketFiles, ImportReplacesWhatTheDocumentsNameAndShowsIt)
     EXPECT_THAT(text, testing::EndsWith("\nSettings taken over: 2"));
 }
 
-// Answers for the user, and counts the links that are opened.
+// Its user cancels what asks for a file; notes the links that are opened.
 class Desktop {
 public:
     Desktop() : former_(TheDesktopServices())
     {
-        TheDesktopServices().chooseFileToSave = [this](auto&&...) { return save; };
-        TheDesktopServices().chooseFilesToOpen = [this](auto&&...) { return open; };
+        TheDesktopServices().chooseFileToSave = [](auto&&...) { return std::nullopt; };
+        TheDesktopServices().chooseFilesToOpen = [](auto&&...) {
+            return std::vector<std::string>();
+        };
         TheDesktopServices().openURI = [this](Gtk::Window*, const std::string& uri) {
             opened += uri;
             return status;
@@ -166,8 +141,6 @@ public:
     Desktop& operator=(const Desktop&) = delete;
     ~Desktop() { TheDesktopServices() = former_; }
 
-    std::optional<std::string> save;
-    std::vector<std::string> open;
     std::string opened;
     int status = 0;
 
@@ -181,15 +154,6 @@ TEST_F(JobTicketFiles, NothingHappensWhenTheUserCancels)
     EXPECT_EQ(RunModalTPIFExportDialog(), StatusOk);
     EXPECT_EQ(RunModalTPIFImportDialog(), StatusOk);
     EXPECT_EQ(syncs_, "");
-}
-
-TEST_F(JobTicketFiles, TheUsersChoiceIsWritten)
-{
-    Desktop desktop;
-    exportAll();
-    desktop.save = path("as typed");
-    EXPECT_EQ(RunModalTPIFExportDialog(), StatusOk);
-    EXPECT_THAT(contents("as typed"), StartsWith("<?xml"));
 }
 
 TEST_F(JobTicketFiles, HelpIsOpenedAtItsPlace)

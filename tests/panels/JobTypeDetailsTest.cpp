@@ -1,7 +1,7 @@
 #include "panels/paper/JobTypeDetails.h"
 
-#include "Entries.h"
 #include "panels/paper/PaperOutputSettings.h"
+#include "support/Entries.h"
 
 #include <gtest/gtest.h>
 
@@ -31,45 +31,26 @@ TEST(JobTypeDetails, AreCheckedAndStoredByTheirType)
         return it;
     };
     const auto asItIs = [](JobTypeDetails&) {};
-    const CFDictionary menu = Entries({
-        {"UseJobName",       false                    },
-        {"SavedJobName",     "Menu"                   },
-        {"SavedJobLocation", "file:///job-repository/"},
-        {"MediaType",        1                        }
-    });
-    const CFDictionary nameless = Entries({
-        {"UseJobName",       false                    },
-        {"SavedJobName",     ""                       },
-        {"SavedJobLocation", "file:///job-repository/"},
-        {"MediaType",        1                        }
-    });
-    const CFDictionary blank = Entries({
-        {"UseJobName",       false                    },
-        {"SavedJobName",     " \t"                    },
-        {"SavedJobLocation", "file:///job-repository/"},
-        {"MediaType",        1                        }
-    });
-    const CFDictionary jobsName = Entries({
-        {"UseJobName",       true      },
-        {"SavedJobLocation", "smb://x/"},
-        {"MediaType",        3         }
-    });
-    const CFDictionary passcode = Entries({
-        {"SecurePrintPassword", "0042"}
-    });
+    const auto saved = [](const char* name) {
+        return Entries("UseJobName", false, "SavedJobName", name, "SavedJobLocation",
+                       "file:///job-repository/", "MediaType", 1);
+    };
+    const CFDictionary jobsName =
+        Entries("UseJobName", true, "SavedJobLocation", "smb://x/", "MediaType", 3);
+    const CFDictionary passcode = Entries("SecurePrintPassword", "0042");
     // clang-format off
     const DetailsCase cases[] = {
-        {"saved, in the usual place", details(3, asItIs), true, JobTypeFault::None, menu},
-        {"saved without a name", details(3, [](auto& it) { it.savedName = ""; }), false, JobTypeFault::None, nameless},
-        {"saved under blanks", details(3, [](auto& it) { it.savedName = " \t"; }), false, JobTypeFault::None, blank},
+        {"saved, in the usual place", details(3, asItIs), true, JobTypeFault::None, saved("Menu")},
+        {"saved without a name", details(3, [](auto& it) { it.savedName = ""; }), false, JobTypeFault::None, saved("")},
+        {"saved under blanks", details(3, [](auto& it) { it.savedName = " \t"; }), false, JobTypeFault::None, saved(" \t")},
         {"saved by the job's name, elsewhere", details(4, [](auto& it) {
              it = {.type = 4, .usesJobName = true, .savedLocation = "smb://x/", .saveFormat = 3};
          }), true, JobTypeFault::None, jobsName},
         {"secure", details(6, asItIs), true, JobTypeFault::None, passcode},
         {"passcodes that differ", details(6, [](auto& it) { it.passcodeAgain = "0043"; }), true, JobTypeFault::Passcode, passcode},
-        {"delayed until now", details(7, asItIs), true, JobTypeFault::None, Entries({{"DelayedPrintTime", Now}})},
+        {"delayed until now", details(7, asItIs), true, JobTypeFault::None, Entries("DelayedPrintTime", Now)},
         {"delayed into the past", details(7, [](auto& it) { it.printTime = Before; }), true, JobTypeFault::TimeInThePast,
-         Entries({{"DelayedPrintTime", Before}})},
+         Entries("DelayedPrintTime", Before)},
         {"fax: nothing counts", details(5, [](auto& it) { it = {.type = 5, .passcode = "1", .printTime = Before}; }), true,
          JobTypeFault::None, CFDictionary()},
     };
@@ -79,18 +60,12 @@ TEST(JobTypeDetails, AreCheckedAndStoredByTheirType)
         EXPECT_EQ(IsComplete(row.details), row.isComplete);
         EXPECT_EQ(FaultOf(row.details, Now), row.fault);
         PaperOutputSettings settings;
-        settings.jobType = Entries({
-            {"JobType", row.details.type},
-            {"Site",    4               }
-        });
-        AcceptJobTypeDetails(settings, row.details);
-        CFDictionary expected = Entries({
-            {"JobType", row.details.type},
-            {"Site",    4               }
-        });
+        settings.jobType = Entries("JobType", row.details.type, "Site", 4);
+        CFDictionary expected = settings.jobType;
         for (const auto& entry : row.accepted) {
             expected.set(entry.key, entry.value);
         }
+        AcceptJobTypeDetails(settings, row.details);
         EXPECT_EQ(settings.jobType, expected);
     }
 }
@@ -118,13 +93,8 @@ TEST(JobTypeDetails, ShowWhatTheTicketSays)
     PaperOutputSettings settings = FreshPaperOutputSettings(Now);
     EXPECT_EQ(DetailsOfJobType(settings).savedLocation, "file:///job-repository/");
     EXPECT_EQ(DetailsOfJobType(settings).saveFormat, 1);
-    settings.jobType = Entries({
-        {"JobType",             6     },
-        {"UseJobName",          1     },
-        {"SavedJobName",        "Menu"},
-        {"SecurePrintPassword", "1234"},
-        {"MediaType",           5     }
-    });
+    settings.jobType = Entries("JobType", 6, "UseJobName", 1, "SavedJobName", "Menu",
+                               "SecurePrintPassword", "1234", "MediaType", 5);
     const JobTypeDetails details = DetailsOfJobType(settings);
     EXPECT_FALSE(details.usesJobName) << "a number is no boolean";
     AcceptJobTypeDetails(settings, details);

@@ -1,14 +1,12 @@
 // The panels with their widgets.
-#include "PanelFixture.h"
+#include "PanelWidgets.h"
 #include "panels/about/AboutPanel.h"
 #include "panels/advanced/AdvancedPanel.h"
 #include "panels/paper/PaperOutputPanel.h"
 #include "panels/toolkit/DesktopServices.h"
 #include "panels/toolkit/WidgetTexts.h"
-#include "support/Widgets.h"
 
 #include <gmock/gmock.h>
-#include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/checkbutton.h>
 #include <gtkmm/image.h>
@@ -18,32 +16,6 @@ namespace {
 
 constexpr PanelGetter AllPanels[] = {GetPaperOutputPanelInterface, GetAdvancedPanelInterface,
                                      GetAboutPanelInterface};
-
-class PanelWidgets : public PanelFixture {
-protected:
-    PanelWidgets() { window_.add(pane_); }
-
-    std::unique_ptr<Panel> start(PanelGetter getter)
-    {
-        auto panel = getter();
-        PanelDescription description;
-        EXPECT_EQ(panel->prologue(description), StatusOk);
-        panel->initialize(pane_, &session_);
-        return panel;
-    }
-    template <typename Widget>
-    Widget& control(const char* name)
-    {
-        auto* found = FindWidget<Widget>(pane_, name);
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
-    }
-    std::string shown(const char* name) { return ShownText(control<Gtk::ComboBox>(name)); }
-    CFPropertyList stored(std::string_view key) const { return ticket_->item(key)->value; }
-
-    Gtk::Window window_;
-    Gtk::Box pane_;
-};
 
 TEST_F(PanelWidgets, AdvancedShowsTheTicketAndStoresTheUsersChoice)
 {

@@ -2,12 +2,12 @@
 #include "panels/paper/PaperConflicts.h"
 
 #include "../platform/PPDTexts.h"
-#include "Entries.h"
 #include "panels/paper/PaperOutputMenus.h"
 #include "panels/paper/PaperOutputSettings.h"
 #include "printer/PrinterDescription.h"
 #include "settings/FinishingMaps.h"
 #include "support/BuiltBundle.h"
+#include "support/Entries.h"
 
 #include <gmock/gmock.h>
 
@@ -84,30 +84,20 @@ TEST_F(PaperPrinter, MenusHaveWhatItOffersAndWhatTheTicketSays)
     EXPECT_THAT(TextsOf(SidesMenu(bundle_, 0)).back(), "[Unknown]");
 }
 
-struct SetupCase {
-    std::int32_t type;
-    const char* picture;
-    const char* setupKey;
-    bool hasSetup;
-};
-
-constexpr SetupCase SetupCases[] = {
-    {0,  "",                   "Setup...",       false},
-    {1,  "Normal-Print.gif",   "Setup...",       false},
-    {4,  "Print&SaveJob.gif",  "Save Job As...", true },
-    {5,  "Fax.gif",            "Setup...",       true },
-    {8,  "Sample-Set.gif",     "Setup...",       false},
-    {9,  "BackgroundForm.gif", "Setup...",       true },
-    {10, "",                   "Setup...",       false},
+// name, job type, picture, key of the setup button, whether it does something
+const std::tuple<const char*, std::int32_t, const char*, const char*, bool> SetupCases[] = {
+    {"first",   1, "Normal-Print.gif",   "Setup...",       false},
+    {"saved",   4, "Print&SaveJob.gif",  "Save Job As...", true },
+    {"last",    9, "BackgroundForm.gif", "Setup...",       true },
+    {"unknown", 0, "",                   "Setup...",       false},
 };
 
 TEST_F(PaperPrinter, PicturesAndTheSetupButtonFollowTheValues)
 {
-    for (const SetupCase& row : SetupCases) {
-        SCOPED_TRACE(row.type);
-        EXPECT_STREQ(JobTypePicture(row.type), row.picture);
-        EXPECT_STREQ(SetupOfJobType(row.type).key, row.setupKey);
-        EXPECT_EQ(SetupOfJobType(row.type).isEnabled, row.hasSetup);
+    for (const auto& [name, type, picture, key, hasSetup] : SetupCases) {
+        EXPECT_STREQ(JobTypePicture(type), picture) << name;
+        EXPECT_STREQ(SetupOfJobType(type).key, key) << name;
+        EXPECT_EQ(SetupOfJobType(type).isEnabled, hasSetup) << name;
     }
     settings_.sides = 3;
     EXPECT_STREQ(SidesPicture(settings_), "2 Sided Flip on Short Edge.gif");
@@ -177,7 +167,7 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
          "5 “OutputBin: Booklet” does not go with “TRFoldOptions: None”. Use “Printer Default”"},
         {"with the dialog's own tab", [](auto& it) { it.outputDestination = 3; }, "*OutputBin Top *PageSize A3",
          "5 “OutputBin: Top” does not go with “Media Size: A3”. Use “Printer Default”"},
-        {"a job type of another printer", [](auto& it) { it.jobType = Entries({{"JobType", 5}}); }, "",
+        {"a job type of another printer", [](auto& it) { it.jobType = Entries("JobType", 5); }, "",
          "0 This printer does not offer “Fax”. Use “Normal”"},
         {"a fold without its unit", finish(18, &FinishingChoice::fold, 19), "",
          "3 This printer does not offer “C-fold”. Use “Printer Default”"},
@@ -193,9 +183,7 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
          "5 This printer does not offer “Stacker 2”. Use “Printer Default”"},
     };
     // clang-format on
-    dialog_ = Entries({
-        {"PageSize", "A3"}
-    });
+    dialog_ = Entries("PageSize", "A3");
     for (const ConflictCase& row : cases) {
         SCOPED_TRACE(row.name);
         use(*row.constraint == '\0' ? "" : std::string("*UIConstraints: ") + row.constraint + "\n");
@@ -214,9 +202,7 @@ TEST_F(PaperPrinter, SidesOfTheDialogsOwnTabCountWhenTheyAreNewer)
     use("*UIConstraints: *OutputBin Booklet *Duplex None\n");
     settings_.outputDestination = 7;
     settings_.dialogSides = "None";
-    dialog_ = Entries({
-        {"Duplex", "DuplexTumble"}
-    });
+    dialog_ = Entries("Duplex", "DuplexTumble");
     EXPECT_THAT(found(), ElementsAre());
     settings_.dialogSides = "DuplexTumble"; // the panel's choice is the later one
     EXPECT_THAT(found(), ElementsAre(testing::StartsWith("5 “OutputBin: Booklet”")));

@@ -1,6 +1,6 @@
 #include "panels/paper/PaperOutputSettings.h"
 
-#include "Entries.h"
+#include "support/Entries.h"
 
 #include <gtest/gtest.h>
 
@@ -15,30 +15,30 @@ constexpr CFDate Now = {1'800'000'000};
 CFDictionary FullTicket()
 {
     const std::pair<const char*, CFPropertyList> rows[] = {
-        {"JobLevelStock",                 Entries({{"Size", 1}})                  },
-        {"FinishingOptions",              50                                      },
-        {"FinishingOffset",               5                                       },
-        {"FinishingOffsetEnableSubset",   1                                       },
-        {"FinishingOffsetPagesPerSubset", 25                                      },
-        {"FinishingSlipSheet",            2                                       },
-        {"FinishingCustom",               "Trim"                                  },
-        {"FinishingDuplex",               3                                       },
-        {"FinishingOutputDestination",    4                                       },
-        {"FinishingOutputColor",          6                                       },
-        {"JobType",                       Entries({{"JobType", 3}, {"Site", "x"}})},
-        {"BackgroundFormsOptions",        Entries({{"CyclePages", 12}})           },
-        {"BookletLayout",                 true                                    },
-        {"BookletFoldStaple",             8                                       },
-        {"BookletDrawOutlines",           7                                       },
-        {"BookletForceNewSize",           true                                    },
-        {"FinishingStaple1Value",         9                                       },
-        {"FinishingStaple2Value",         10                                      },
-        {"FinishingStapleCenterValue",    26                                      },
-        {"FinishingFoldValue",            19                                      },
-        {"FinishingBindValue",            15                                      },
-        {"FinishingHolePunchValue",       32                                      },
-        {"FinishingHolePunchOptions",     13                                      },
-        {"FinishingZFoldValue",           38                                      },
+        {"JobLevelStock", Entries("Size",   1)},
+        {"FinishingOptions",               50             },
+        {"FinishingOffset",               5 },
+        {"FinishingOffsetEnableSubset",               1 },
+        {"FinishingOffsetPagesPerSubset",               25},
+        {"FinishingSlipSheet",               2            },
+        {"FinishingCustom",               "Trim"  },
+        {"FinishingDuplex",               3            },
+        {"FinishingOutputDestination",               4},
+        {"FinishingOutputColor",               6                  },
+        {"JobType",               Entries("JobType",     3, "Site", "x")},
+        {"BackgroundFormsOptions",              Entries("CyclePages",                    12)},
+        {"BookletLayout",               true       },
+        {"BookletFoldStaple",            8        },
+        {"BookletDrawOutlines",7     },
+        {"BookletForceNewSize",   true          },
+        {"FinishingStaple1Value",                  9                            },
+        {"FinishingStaple2Value",         10              },
+        {"FinishingStapleCenterValue",26},
+        {"FinishingFoldValue",     19      },
+        {"FinishingBindValue",                 15                                                },
+        {"FinishingHolePunchValue",         32                  },
+        {"FinishingHolePunchOptions",13},
+        {"FinishingZFoldValue",     38  },
     };
     CFDictionary entries;
     for (const auto& [key, value] : rows) {
@@ -181,30 +181,17 @@ TEST(PaperOutputSettings, ASavedJobTakesTheJobsNameAndADelayedOneHasATime)
     PMTicket ticket;
     ticket.setItem("x", "com.apple.print.JobInfo.PMJobName", "spring.pdf");
     PaperOutputSettings settings = FreshPaperOutputSettings(Now);
-    settings.jobType = Entries({
-        {"UseJobName",   true },
-        {"SavedJobName", "old"},
-        {"Site",         4    }
-    });
+    settings.jobType = Entries("UseJobName", true, "SavedJobName", "old", "Site", 4);
     WritePaperOutputSettings(settings, ticket);
     EXPECT_EQ(settings.jobType,
-              Entries({
-                  {"UseJobName",   true        },
-                  {"SavedJobName", "spring.pdf"},
-                  {"Site",         4           }
-    }));
+              Entries("UseJobName", true, "SavedJobName", "spring.pdf", "Site", 4));
 
     ticket.removeItem("x", "com.apple.print.JobInfo.PMJobName");
-    settings.jobType = Entries({
-        {"UseJobName",   true },
-        {"SavedJobName", "old"}
-    });
+    settings.jobType = Entries("UseJobName", true, "SavedJobName", "old");
     WritePaperOutputSettings(settings, ticket);
     EXPECT_EQ(*settings.jobType.get<std::string>("SavedJobName"), "old") << "the job has no name";
 
-    settings.jobType = Entries({
-        {"JobType", 7}
-    });
+    settings.jobType = Entries("JobType", 7);
     WritePaperOutputSettings(settings, ticket);
     EXPECT_EQ(*settings.jobType.get<CFDate>("DelayedPrintTime"),
               CFDate{Now.secondsSinceEpoch + 86'400});
@@ -226,11 +213,7 @@ TEST(PaperOutputSettings, WhatBelongsToAnotherJobTypeLeavesTheTicket)
         PMTicket ticket;
         ticket.setItem(
             "x", "com.tarvo.print.JobType",
-            Entries({
-                {"JobType",             type  },
-                {"SecurePrintPassword", "4711"},
-                {"DelayedPrintTime",    Now   }
-        }));
+            Entries("JobType", type, "SecurePrintPassword", "4711", "DelayedPrintTime", Now));
         PaperOutputSettings settings;
         ReadPaperOutputSettings(ticket, settings);
         WritePaperOutputSettings(settings, ticket);

@@ -1,7 +1,6 @@
 // The Paper/Output panel and its dialogs with their widgets.
 #include "../platform/PPDTexts.h"
-#include "Entries.h"
-#include "PanelFixture.h"
+#include "PanelWidgets.h"
 #include "panels/finishing/FinishedSetView.h"
 #include "panels/paper/BackgroundFormsDialog.h"
 #include "panels/paper/PaperOutputPanel.h"
@@ -9,12 +8,11 @@
 #include "panels/toolkit/WidgetTexts.h"
 #include "printer/PrinterDescription.h"
 #include "records/BackgroundFormsOptions.h"
-#include "support/Widgets.h"
+#include "support/Entries.h"
 
 #include <glibmm/datetime.h>
 #include <glibmm/main.h>
 #include <gmock/gmock.h>
-#include <gtkmm/box.h>
 #include <gtkmm/button.h>
 #include <gtkmm/calendar.h>
 #include <gtkmm/comboboxtext.h>
@@ -32,17 +30,6 @@ namespace {
 
 using testing::IsEmpty;
 
-// The label in a button; null when there is none.
-Gtk::Label* FindLabel(Gtk::Widget& button)
-{
-    Gtk::Label* found = nullptr;
-    ForEachWidget(button, [&found](Gtk::Widget& widget) {
-        auto* label = dynamic_cast<Gtk::Label*>(&widget);
-        found = label == nullptr ? found : label;
-    });
-    return found;
-}
-
 const std::string Keywords = PickOne("Duplex", "None", {"None", "DuplexNoTumble", "DuplexTumble"}) +
                              PickOne("OutputBin", "Auto", {"Auto", "Booklet"}) +
                              PickOne("MediaType", "Bond", {"Bond", "Labels"}) +
@@ -50,73 +37,34 @@ const std::string Keywords = PickOne("Duplex", "None", {"None", "DuplexNoTumble"
                              "*UIConstraints: *OutputBin Booklet *Duplex None\n"
                              "*UIConstraints: *MediaType Labels *InputSlot Tray\n";
 
-class PaperPanel : public PanelFixture {
+class PaperPanel : public PanelWidgets {
 protected:
-    PaperPanel() : printer_(PrinterOf(Keywords), nullptr, InstalledFeatures, *bundle_)
-    {
-        window_.add(pane_);
-        panel_ = GetPaperOutputPanelInterface();
-        PanelDescription description;
-        EXPECT_EQ(panel_->prologue(description), StatusOk);
-        EXPECT_EQ(description.title, "Paper/Output");
-    }
-
     void open()
     {
-        EXPECT_EQ(panel_->initialize(pane_, &session_), StatusOk);
+        panel_ = start(GetPaperOutputPanelInterface);
         EXPECT_EQ(panel_->open(), StatusOk);
         window_.show();
         pane_.show();
     }
-    template <typename Widget>
-    Widget& control(const char* name)
+    CFPropertyList written(std::string_view key)
     {
-        auto* found = FindWidget<Widget>(pane_, name);
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
-    }
-    std::string shown(const char* name) { return ShownText(control<Gtk::ComboBox>(name)); }
-    void choose(const char* name, const std::string& text)
-    {
-        auto& button = control<Gtk::ComboBox>(name);
-        for (const auto& row : button.get_model()->children()) {
-            Glib::ustring item;
-            row->get_value(0, item);
-            if (item.raw() == text) {
-                button.set_active(row);
-                return;
-            }
-        }
-        ADD_FAILURE() << name << " has no " << text;
-    }
-    const CFDictionary& jobType()
-    {
-        panel_->sync(&session_, SyncDirection::ToTicket);
-        return *ticket_->item(JobTypeKey)->value.get<CFDictionary>();
+        EXPECT_EQ(panel_->sync(&session_, SyncDirection::ToTicket), StatusOk);
+        return stored(key);
     }
     // The button of a notice; null when there is none to be seen.
     Gtk::Button* remedy(const char* place)
     {
-        Gtk::Button* found = nullptr;
-        ForEachWidget(control<Gtk::Box>(place), [&found](Gtk::Widget& widget) {
-            auto* button = dynamic_cast<Gtk::Button*>(&widget);
-            found = button != nullptr && button->get_mapped() ? button : found;
-        });
-        return found;
+        const auto buttons = AllOf<Gtk::Button>(control<Gtk::Box>(place));
+        return buttons.empty() || !buttons.back()->get_mapped() ? nullptr : buttons.back();
     }
 
-    PrinterDescription printer_;
-    Gtk::Window window_;
-    Gtk::Box pane_;
+    PrinterDescription printer_{PrinterOf(Keywords), nullptr, InstalledFeatures, *bundle_};
     std::unique_ptr<Panel> panel_;
 };
 
 TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
 {
-    ticket_->setItem("x", JobTypeKey,
-                     Entries({
-                         {"JobType", 5}
-    })); // not offered
+    ticket_->setItem("x", JobTypeKey, Entries("JobType", 5)); // not offered
     ticket_->setItem("x", DuplexKey, 2);
     open();
     EXPECT_EQ(shown("Tshl201"), "Fax");
@@ -126,14 +74,11 @@ TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
     choose("Tshl220", "1-Sided");
     choose("Tshl240", "Main Tray");
     choose("Tshl250", "Grayscale");
-    EXPECT_EQ(panel_->sync(&session_, SyncDirection::ToTicket), StatusOk);
-    EXPECT_EQ(ticket_->item(JobTypeKey)->value, CFPropertyList(Entries({
-                                                    {"JobType", 3}
-    })));
-    EXPECT_EQ(ticket_->item(DuplexKey)->value, CFPropertyList(1));
+    EXPECT_EQ(written(JobTypeKey), CFPropertyList(Entries("JobType", 3)));
+    EXPECT_EQ(stored(DuplexKey), CFPropertyList(1));
     EXPECT_EQ(*ticket_->ppdDictionary().get<std::string>("Duplex"), "None");
-    EXPECT_EQ(ticket_->item(OutputDestinationKey)->value, CFPropertyList(4));
-    EXPECT_EQ(ticket_->item(OutputColorKey)->value, CFPropertyList(1));
+    EXPECT_EQ(stored(OutputDestinationKey), CFPropertyList(4));
+    EXPECT_EQ(stored(OutputColorKey), CFPropertyList(1));
 
     ticket_->setItem("x", DuplexKey, 3);
     panel_->sync(&session_, SyncDirection::FromTicket);
@@ -146,15 +91,11 @@ TEST_F(PaperPanel, ShowsTheTicketAndStoresTheUsersChoice)
 
 TEST_F(PaperPanel, ShowsTheTicketsStockAndKeepsWhatNoMenuHas)
 {
-    const CFDictionary stock = Entries({
-        {"Color", 2 },
-        {"Type",  77}
-    });
+    const CFDictionary stock = Entries("Color", 2, "Type", 77);
     ticket_->setItem("x", JobLevelStockKey, stock);
     open();
     EXPECT_THAT(control<Gtk::Label>("Tshl212").get_text().raw(), testing::HasSubstr("Blue"));
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(JobLevelStockKey)->value, CFPropertyList(stock));
+    EXPECT_EQ(written(JobLevelStockKey), CFPropertyList(stock));
 }
 
 TEST_F(PaperPanel, TheSetupButtonFollowsTheJobType)
@@ -181,8 +122,7 @@ TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
     choose("Tshl240", "Booklet Tray");
     ASSERT_NE(remedy("Tshl2206"), nullptr);
     EXPECT_EQ(remedy("Tshl2203"), nullptr) << "beside one control only";
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(OutputDestinationKey)->value, CFPropertyList(7)) << "nothing silently";
+    EXPECT_EQ(written(OutputDestinationKey), CFPropertyList(7)) << "nothing silently";
     EXPECT_EQ(panel_->conflicts(),
               std::vector<std::string>{"“OutputBin: Booklet” does not go with “Duplex: None”."});
     EXPECT_THAT(AccessibilityFaults(control<Gtk::Box>("Tshl2206")), IsEmpty());
@@ -225,25 +165,24 @@ TEST_F(PaperPanel, ASecureJobHasThePasscodeOfItsDialog)
 {
     open();
     choose("Tshl201", "Secure Print");
-    const auto answerWith = [this](const char* passcode, const char* again, int response) {
-        const DialogAnswer answer([=](Gtk::Dialog& dialog) {
+    for (const int response :
+         {Gtk::RESPONSE_CANCEL, Gtk::RESPONSE_DELETE_EVENT, Gtk::RESPONSE_OK}) {
+        const DialogAnswer answer([response](Gtk::Dialog& dialog) {
             EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
             EXPECT_FALSE(FindWidget<Gtk::Entry>(dialog, "TPDE2")->get_mapped()) << "of a saved job";
             auto* field = FindWidget<Gtk::Entry>(dialog, "TPDE5");
-            field->set_text(passcode);
+            field->set_text("4711");
             EXPECT_FALSE(field->get_visibility());
-            FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text(again);
+            FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text("4711");
             dialog.response(response);
         });
         control<Gtk::Button>("Tshl203").clicked();
-    };
-    answerWith("4711", "4711", Gtk::RESPONSE_CANCEL);
-    EXPECT_FALSE(jobType().contains("SecurePrintPassword"));
-    answerWith("4711", "4711", Gtk::RESPONSE_DELETE_EVENT);
-    EXPECT_FALSE(jobType().contains("SecurePrintPassword"));
-    answerWith("4711", "4711", Gtk::RESPONSE_OK);
-    EXPECT_EQ(*jobType().get<std::string>("SecurePrintPassword"), "4711");
-    EXPECT_EQ(panel_->jobType()->int32("JobType"), 6);
+        EXPECT_EQ(written(JobTypeKey),
+                  response == Gtk::RESPONSE_OK
+                      ? CFPropertyList(Entries("JobType", 6, "SecurePrintPassword", "4711"))
+                      : CFPropertyList(Entries("JobType", 6)))
+            << response;
+    }
 }
 
 TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
@@ -255,19 +194,16 @@ TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
         const DialogAnswer answer([&](Gtk::Dialog& dialog) {
             isAnswered = true;
             EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
-            ForEachWidget(dialog, [radio](Gtk::Widget& widget) {
-                auto* button = dynamic_cast<Gtk::RadioButton*>(&widget);
-                const auto* label = button == nullptr ? nullptr : FindLabel(*button);
-                if (label != nullptr && label->get_text() == radio) {
+            for (Gtk::RadioButton* button : AllOf<Gtk::RadioButton>(dialog)) {
+                const auto labels = AllOf<Gtk::Label>(*button);
+                if (!labels.empty() && labels.back()->get_text() == radio) {
                     button->set_active(true);
                 }
-            });
+            }
             dialog.response(response);
         });
         act();
-        while (!isAnswered) {
-            g_main_context_iteration(nullptr, TRUE);
-        }
+        EXPECT_TRUE(TurnUntil([&] { return isAnswered; }));
     };
     answerWith("2 staples, right or bottom", Gtk::RESPONSE_CANCEL,
                [this] { choose("Tshl230", "2 Staples…"); });
@@ -278,19 +214,15 @@ TEST_F(PaperPanel, FinishingIsChosenInADialogThatCanBeCancelledAndChangedLater)
     EXPECT_EQ(shown("Tshl230"), "2 Staples…");
     EXPECT_EQ(control<Gtk::Label>("Tshl231").get_text(),
               "2 staples, left or top\nOffset: Printer Default");
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(FinishingOptionsKey)->value, CFPropertyList(9));
-    EXPECT_EQ(ticket_->item(Staple2ValueKey)->value, CFPropertyList(10));
-    EXPECT_EQ(ticket_->item(Staple1ValueKey)->value, CFPropertyList(0))
-        << "would be printed instead";
+    EXPECT_EQ(written(FinishingOptionsKey), CFPropertyList(9));
+    EXPECT_EQ(stored(Staple2ValueKey), CFPropertyList(10));
+    EXPECT_EQ(stored(Staple1ValueKey), CFPropertyList(0)) << "would be printed instead";
 
     answerWith("2 staples, right or bottom", Gtk::RESPONSE_OK,
                [this] { control<Gtk::Button>("Tshl233").clicked(); });
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(Staple2ValueKey)->value, CFPropertyList(13));
+    EXPECT_EQ(written(Staple2ValueKey), CFPropertyList(13));
     choose("Tshl230", "None");
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(FinishingOptionsKey)->value, CFPropertyList(1)) << "printed at once";
+    EXPECT_EQ(written(FinishingOptionsKey), CFPropertyList(1)) << "printed at once";
     EXPECT_EQ(control<Gtk::Label>("Tshl231").get_text(), "None\nOffset: Printer Default");
 }
 
@@ -312,9 +244,7 @@ TEST_F(PaperPanel, AFamilysDialogBelongsToThePrintDialogOfItsMenu)
         });
         choose("Tshl230", "2 Staples…");
         environment.dialog = 2;
-        while (current == 0) {
-            g_main_context_iteration(nullptr, TRUE);
-        }
+        EXPECT_TRUE(TurnUntil([&] { return current != 0; }));
     }
     EXPECT_EQ(current, 1U);
 
@@ -333,12 +263,9 @@ TEST_F(PaperPanel, ThePictureShowsTheFinishedJob)
     ticket_->setItem("x", JobLevelStockKey, stock.asTicket());
     open();
     choose("Tshl220", "2-Sided, Flip on Long Edge");
-    FinishedSetView* view = nullptr;
-    ForEachWidget(control<Gtk::Box>("Tshl260"), [&view](Gtk::Widget& widget) {
-        auto* found = dynamic_cast<FinishedSetView*>(&widget);
-        view = found == nullptr ? view : found;
-    });
-    ASSERT_NE(view, nullptr);
+    const auto views = AllOf<FinishedSetView>(control<Gtk::Box>("Tshl260"));
+    ASSERT_EQ(views.size(), 1U);
+    const FinishedSetView* view = views.front();
     EXPECT_TRUE(view->get_mapped());
     EXPECT_TRUE(view->shown().isLandscape);
     EXPECT_EQ(view->shown().paperColor, 2);
@@ -351,61 +278,43 @@ TEST_F(PaperPanel, ThePictureShowsTheFinishedJob)
     });
     offset.clicked();
     EXPECT_EQ(view->shown().finishing.offset, 3);
-    panel_->sync(&session_, SyncDirection::ToTicket);
-    EXPECT_EQ(ticket_->item(OffsetKey)->value, CFPropertyList(3));
+    EXPECT_EQ(written(OffsetKey), CFPropertyList(3));
 }
-
-// Of a dialog that stays open after its first answer.
-class TwoAnswers {
-public:
-    TwoAnswers(std::function<void(Gtk::Dialog&)> notice, std::function<void(Gtk::Dialog&)> again)
-        : notice_(std::move(notice)), again_(std::move(again))
-    {
-    }
-    void operator()(Gtk::Dialog& dialog)
-    {
-        const DialogAnswer answer([this](Gtk::Dialog&) {
-            for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
-                if (auto* message = dynamic_cast<Gtk::MessageDialog*>(window)) {
-                    notice_(*message);
-                }
-            }
-        });
-        dialog.response(Gtk::RESPONSE_OK);
-        EXPECT_TRUE(dialog.get_mapped()) << "it stays open";
-        again_(dialog);
-    }
-
-private:
-    std::function<void(Gtk::Dialog&)> notice_;
-    std::function<void(Gtk::Dialog&)> again_;
-};
 
 TEST(SaveJobAsDialog, StaysOpenWithANoticeWhileSomethingIsWrong)
 {
     const CFBundle bundle = BuiltBundle();
-    const auto dismiss = [](Gtk::Dialog& notice) { notice.response(Gtk::RESPONSE_OK); };
     {
-        const DialogAnswer answer(TwoAnswers(dismiss, [](Gtk::Dialog& dialog) {
-            EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE5")->get_text(), "1234") << "kept";
-            FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text("123456789012"); // ten at most
-            FindWidget<Gtk::Entry>(dialog, "TPDE5")
-                ->set_text(FindWidget<Gtk::Entry>(dialog, "TPDE6")->get_text());
-            dialog.response(Gtk::RESPONSE_OK);
-        }));
+        const DialogScript user({
+            {"SaveJobAs", Respond(Gtk::RESPONSE_OK)},
+            {"",          Respond(Gtk::RESPONSE_OK)},
+            {"SaveJobAs",
+             [](Gtk::Dialog& dialog) {
+                 EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE5")->get_text(), "1234") << "kept";
+                 FindWidget<Gtk::Entry>(dialog, "TPDE6")->set_text("123456789012"); // ten at most
+                 FindWidget<Gtk::Entry>(dialog, "TPDE5")
+                     ->set_text(FindWidget<Gtk::Entry>(dialog, "TPDE6")->get_text());
+                 dialog.response(Gtk::RESPONSE_OK);
+             }                                     },
+        });
         const auto details = RunSaveJobAsDialog(
             nullptr, bundle, {.type = 6, .passcode = "1234", .passcodeAgain = "12345"});
         ASSERT_TRUE(details);
         EXPECT_EQ(details->passcode, "1234567890");
     }
     const auto now = static_cast<std::int64_t>(std::time(nullptr));
-    const DialogAnswer answer(TwoAnswers(dismiss, [](Gtk::Dialog& dialog) {
-        FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_month(6, 2099);
-        FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_day(9);
-        FindWidget<Gtk::SpinButton>(dialog, "TPDE8")->set_text("17"); // typed and not left
-        FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_text("5");
-        dialog.response(Gtk::RESPONSE_OK);
-    }));
+    const DialogScript user({
+        {"SaveJobAs", Respond(Gtk::RESPONSE_OK)},
+        {"",          Respond(Gtk::RESPONSE_OK)},
+        {"SaveJobAs",
+         [](Gtk::Dialog& dialog) {
+             FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_month(6, 2099);
+             FindWidget<Gtk::Calendar>(dialog, "TPDE7")->select_day(9);
+             FindWidget<Gtk::SpinButton>(dialog, "TPDE8")->set_text("17"); // typed and not left
+             FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_text("5");
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                     },
+    });
     const auto details =
         RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = {now - 86'400}});
     ASSERT_TRUE(details);
@@ -417,9 +326,9 @@ TEST(SaveJobAsDialog, GoesWithThePrintDialogAndSoDoesANoticeBeforeIt)
 {
     GtkWidget* printDialog = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     gtk_widget_show(printDialog);
-    const DialogAnswer answer([printDialog](Gtk::Dialog& dialog) {
-        const DialogAnswer end([printDialog](Gtk::Dialog&) { gtk_widget_destroy(printDialog); });
-        dialog.response(Gtk::RESPONSE_OK); // brings the notice
+    const DialogScript user({
+        {"SaveJobAs", Respond(Gtk::RESPONSE_OK)                                       },
+        {"",          [printDialog](Gtk::Dialog&) { gtk_widget_destroy(printDialog); }},
     });
     EXPECT_FALSE(
         RunSaveJobAsDialog(Glib::wrap(GTK_WINDOW(printDialog)), BuiltBundle(), {.type = 6}));
@@ -428,24 +337,21 @@ TEST(SaveJobAsDialog, GoesWithThePrintDialogAndSoDoesANoticeBeforeIt)
     }
 }
 
-// As an application's user presses OK at once.
-std::optional<JobTypeDetails> PressOk(const CFBundle& bundle, CFDate printTime)
-{
-    const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
-    return RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = printTime});
-}
-
 TEST(SaveJobAsDialog, OkAloneChangesNoTime)
 {
     constexpr std::int64_t Day = 86'400;
     constexpr std::int64_t Hour = 3'600;
     const CFBundle bundle = BuiltBundle();
+    const auto pressOk = [&bundle](CFDate printTime) {
+        const DialogAnswer answer(Respond(Gtk::RESPONSE_OK));
+        return RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = printTime});
+    };
     const auto now = static_cast<std::int64_t>(std::time(nullptr));
     const CFDate withSeconds = {(now + Day) / 60 * 60 + 37};
-    const auto kept = PressOk(bundle, withSeconds);
+    const auto kept = pressOk(withSeconds);
     ASSERT_TRUE(kept);
     EXPECT_EQ(kept->printTime, withSeconds);
-    const auto tomorrow = PressOk(bundle, {std::numeric_limits<std::int64_t>::max()});
+    const auto tomorrow = pressOk({std::numeric_limits<std::int64_t>::max()});
     ASSERT_TRUE(tomorrow) << "a time of no calendar can be accepted";
     const std::int64_t later = tomorrow->printTime.secondsSinceEpoch - now;
     EXPECT_TRUE(later > Day - 2 * Hour && later < Day + 2 * Hour) << later; // clocks may change

@@ -1,10 +1,12 @@
 #include "panels/finishing/SheetPicture.h"
 
 #include "panels/finishing/TurnedCorner.h"
+#include "support/FinishedSets.h"
 
 #include <cairomm/surface.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -44,29 +46,29 @@ Picture PictureOf(const FinishedSet& set, int size, int scale)
 
 struct Box {
     int left = 1'000'000, top = 1'000'000, right = -1, bottom = -1;
-
-    void add(int x, int y)
-    {
-        left = std::min(left, x);
-        right = std::max(right, x);
-        top = std::min(top, y);
-        bottom = std::max(bottom, y);
-    }
-    bool isEmpty() const { return right < 0; }
 };
 
-template <typename Differs>
-Box Where(const Picture& picture, Differs differs)
+// The box round the points of the picture that differ from what is drawn there otherwise.
+Box Difference(const Picture& picture, const Picture& other)
 {
     Box box;
     for (int y = 0; y < picture.height; ++y) {
         for (int x = 0; x < picture.width; ++x) {
-            if (differs(x, y)) {
-                box.add(x, y);
+            if (picture.at(x, y) != other.at(x, y)) {
+                box.left = std::min(box.left, x);
+                box.right = std::max(box.right, x);
+                box.top = std::min(box.top, y);
+                box.bottom = std::max(box.bottom, y);
             }
         }
     }
     return box;
+}
+
+Box PaperOf(const Picture& picture)
+{
+    return Difference(picture, {picture.width, picture.height,
+                                std::vector<std::uint32_t>(picture.pixels.size())});
 }
 
 // In which thirds of the paper all that differs is: "top left", "left", "" for all over it.
@@ -81,42 +83,24 @@ std::string Words(const Box& marks, const Box& paper)
     return y + (x.empty() || y.empty() ? "" : " ") + x;
 }
 
-FinishedSet SetWith(std::int32_t option, std::int32_t Finishing::*position, std::int32_t value,
-                    bool isLandscape = false)
-{
-    FinishedSet set;
-    set.finishing.option = option;
-    set.finishing.*position = value;
-    set.isLandscape = isLandscape;
-    return set;
-}
-
-struct PlaceCase {
-    std::int32_t option;
-    std::int32_t Finishing::*position;
-    std::int32_t value;
-    const char* upright;
-    const char* lying;
-};
-
-constexpr PlaceCase PlaceCases[] = {
-    {4,  &Finishing::oneStaple,    5,  "top left",     "top right"   },
-    {4,  &Finishing::oneStaple,    6,  "bottom left",  "top left"    },
-    {4,  &Finishing::oneStaple,    7,  "top right",    "bottom right"},
-    {4,  &Finishing::oneStaple,    8,  "bottom right", "bottom left" },
-    {9,  &Finishing::twoStaples,   10, "left",         "top"         },
-    {9,  &Finishing::twoStaples,   13, "right",        "bottom"      },
-    {25, &Finishing::centerStaple, 27, "top",          "right"       },
-    {14, &Finishing::bind,         16, "right",        "bottom"      },
-    {30, &Finishing::punch,        34, "bottom",       "left"        },
+// option, position, its value, where it is on an upright sheet, on a lying one
+constexpr std::tuple<std::int32_t, std::int32_t Finishing::*, std::int32_t, const char*,
+                     const char*>
+    PlaceCases[] = {
+        {4,  &Finishing::oneStaple,    5,  "top left",     "top right"  },
+        {4,  &Finishing::oneStaple,    8,  "bottom right", "bottom left"},
+        {9,  &Finishing::twoStaples,   13, "right",        "bottom"     },
+        {25, &Finishing::centerStaple, 27, "top",          "right"      },
+        {14, &Finishing::bind,         16, "right",        "bottom"     },
+        {30, &Finishing::punch,        34, "bottom",       "left"       },
 };
 
 // Paper of a colour on which even a white rim is seen.
 TEST(SheetPicture, HasTheFinishingWhereItsWordsSay)
 {
-    for (const auto& row : PlaceCases) {
+    for (const auto& [option, position, value, upright, lying] : PlaceCases) {
         for (const bool isLandscape : {false, true}) {
-            FinishedSet set = SetWith(row.option, row.position, row.value, isLandscape);
+            FinishedSet set = SetWith(option, position, value, isLandscape);
             set.paperColor = 9;
             FinishedSet plain = set;
             plain.finishing = {};
@@ -126,13 +110,10 @@ TEST(SheetPicture, HasTheFinishingWhereItsWordsSay)
             }) {
                 const Picture with = PictureOf(set, size, scale);
                 const Picture without = PictureOf(plain, size, scale);
-                const Box paper =
-                    Where(without, [&](int x, int y) { return without.at(x, y) != 0; });
-                const Box marks =
-                    Where(with, [&](int x, int y) { return with.at(x, y) != without.at(x, y); });
-                ASSERT_FALSE(marks.isEmpty()) << row.value;
-                EXPECT_EQ(Words(marks, paper), isLandscape ? row.lying : row.upright)
-                    << row.value << " at " << size << " x " << scale;
+                const Box marks = Difference(with, without);
+                ASSERT_GE(marks.right, 0) << value << " is not drawn";
+                EXPECT_EQ(Words(marks, PaperOf(without)), isLandscape ? lying : upright)
+                    << value << " at " << size << " x " << scale;
             }
         }
     }
@@ -142,7 +123,7 @@ TEST(SheetPicture, HasHolesThroughWhichOneSees)
 {
     const FinishedSet set = SetWith(30, &Finishing::punch, 32);
     const Picture picture = PictureOf(set, 200, 1);
-    const Box paper = Where(picture, [&](int x, int y) { return picture.at(x, y) != 0; });
+    const Box paper = PaperOf(picture);
     int holes = 0; // along the paper's left edge
     for (int x = paper.left + 4; x < paper.left + 20; ++x) {
         int inThisColumn = 0;
@@ -156,32 +137,30 @@ TEST(SheetPicture, HasHolesThroughWhichOneSees)
 
 TEST(SheetPicture, StaysInItsAreaAndDiffersForEachChoice)
 {
-    std::vector<FinishedSet> sets = {{}};
-    for (std::int32_t value = 41; value <= 48; ++value) {
-        if (value != 47) { // looks as a simple Z-fold does
-            sets.push_back(SetWith(40, &Finishing::fold, value));
+    const std::tuple<std::int32_t, std::int32_t Finishing::*, std::vector<std::int32_t>>
+        families[] = {
+            {40, &Finishing::fold,        {41, 42, 43, 44, 45, 46, 48}}, // 47 looks as 38 does
+            {36, &Finishing::zFold,       {38, 39}                    },
+            {24, &Finishing::bookletFold, {7, 8}                      },
+            {0,  &Finishing::offset,      {2, 3, 4, 5}                },
+            {18, &Finishing::fold,        {20}                        },
+            {0,  &Finishing::slipSheet,   {2}                         },
+            {22, &Finishing::fold,        {0}                         },
+    };
+    std::vector<FinishedSet> sets(5);
+    sets[1].paperColor = 2;
+    sets[2].sides = 2;
+    sets[3].sides = 3;
+    sets[4].isLandscape = true;
+    for (const auto& [option, position, values] : families) {
+        for (const std::int32_t value : values) {
+            sets.push_back(SetWith(option, position, value));
         }
     }
-    for (std::int32_t value : {38, 39}) {
-        sets.push_back(SetWith(36, &Finishing::zFold, value));
-    }
-    for (std::int32_t value : {7, 8}) {
-        sets.push_back(SetWith(24, &Finishing::bookletFold, value));
-    }
-    for (std::int32_t value = 2; value <= 5; ++value) {
-        sets.push_back(SetWith(0, &Finishing::offset, value));
-    }
-    sets.push_back(SetWith(18, &Finishing::fold, 20));
-    sets.push_back(SetWith(0, &Finishing::slipSheet, 2));
-    sets.push_back(SetWith(22, &Finishing::fold, 0));
-    sets.push_back({{}, 2, 1, false});
-    sets.push_back({{}, UnsetValue, 2, false});
-    sets.push_back({{}, UnsetValue, 3, false});
-    sets.push_back({{}, UnsetValue, 1, true});
     std::vector<std::vector<std::uint32_t>> drawn;
     for (const FinishedSet& set : sets) {
         const Picture picture = PictureOf(set, 64, 2);
-        const Box seen = Where(picture, [&](int x, int y) { return picture.at(x, y) != 0; });
+        const Box seen = PaperOf(picture);
         EXPECT_TRUE(seen.left > 0 && seen.top > 0 && seen.right < 127 && seen.bottom < 127)
             << set.finishing.option;
         EXPECT_GT(std::max(seen.right - seen.left, seen.bottom - seen.top), 100);
@@ -223,44 +202,31 @@ bool IsInTriangle(SheetPlace place, const TurnedCorner& turned)
     return along + across <= 1;
 }
 
-std::string FinishingInTheWay(const FinishingMarks& marks, const TurnedCorner& turned)
+bool IsInTheWay(const FinishingMarks& marks, const TurnedCorner& turned)
 {
-    std::string found;
-    for (const StapleMark& staple : marks.staples) {
-        found += IsInTriangle(staple.place, turned) ? "staple " : "";
-    }
-    for (const SheetPlace& hole : marks.holes) {
-        found += IsInTriangle(hole, turned) ? "hole " : "";
-    }
-    const auto tape = [&marks](SheetEdge edge, double place, double end) {
-        return marks.binding == edge && place == end ? "tape " : "";
-    };
-    return found + tape(SheetEdge::Left, turned.corner.x, 0) +
-           tape(SheetEdge::Right, turned.corner.x, 1) + tape(SheetEdge::Top, turned.corner.y, 0) +
-           tape(SheetEdge::Bottom, turned.corner.y, 1);
+    const auto isIn = [&turned](SheetPlace place) { return IsInTriangle(place, turned); };
+    const bool isTaped =
+        marks.binding == (turned.corner.x == 0 ? SheetEdge::Left : SheetEdge::Right) ||
+        marks.binding == (turned.corner.y == 0 ? SheetEdge::Top : SheetEdge::Bottom);
+    return isTaped || std::any_of(marks.holes.begin(), marks.holes.end(), isIn) ||
+           std::any_of(marks.staples.begin(), marks.staples.end(),
+                       [isIn](const StapleMark& staple) { return isIn(staple.place); });
 }
-
-struct StaplePlace {
-    std::int32_t Finishing::*family;
-    std::int32_t first;
-};
-
-constexpr StaplePlace StaplePlaces[] = {
-    {&Finishing::oneStaple,    5 },
-    {&Finishing::twoStaples,   10},
-    {&Finishing::centerStaple, 26},
-};
 
 // Every staple with every row of holes, and with none.
 std::vector<FinishedSet> StapledAndPunchedSets()
 {
     std::vector<FinishedSet> sets = {SetWith(14, &Finishing::bind, 15),
                                      SetWith(14, &Finishing::bind, 16)};
-    for (const StaplePlace& row : StaplePlaces) {
-        for (std::int32_t staple = row.first; staple < row.first + 4; ++staple) {
+    for (const auto& [family, first] : {
+             std::pair(&Finishing::oneStaple, 5),
+             {&Finishing::twoStaples,   10},
+             {&Finishing::centerStaple, 26},
+    }) {
+        for (std::int32_t staple = first; staple < first + 4; ++staple) {
             for (const std::int32_t punch : {0, 32, 33, 34, 35}) {
                 for (const std::int32_t holes : {3, 4, 5}) {
-                    sets.push_back(SetWith(49, row.family, staple));
+                    sets.push_back(SetWith(49, family, staple));
                     sets.back().finishing.punch = punch;
                     sets.back().finishing.holes = holes;
                 }
@@ -281,7 +247,7 @@ TEST(SheetPicture, TurnsACornerThatHasNothingOfTheFinishing)
                 const auto turned = CornerToTurn(set, marks);
                 const bool isAlone = set.finishing.punch == 0;
                 EXPECT_TRUE(turned || !isAlone) << "one finishing leaves a corner";
-                EXPECT_EQ(turned ? FinishingInTheWay(marks, *turned) : "", "")
+                EXPECT_FALSE(turned && IsInTheWay(marks, *turned))
                     << set.finishing.oneStaple << " " << set.finishing.twoStaples << " "
                     << set.finishing.punch << ", sides " << sides;
             }

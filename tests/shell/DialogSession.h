@@ -26,10 +26,7 @@ public:
     }
     DialogSession(const DialogSession&) = delete;
     DialogSession& operator=(const DialogSession&) = delete;
-    ~DialogSession() { removeFolder(); }
-
-    /// The description's, which is open already once a plug-in has been initialized.
-    void removeFolder() const { std::filesystem::remove_all(folder_); }
+    ~DialogSession() { std::filesystem::remove_all(folder_); }
 
     PMTicket& ticket() const { return *session.ticket(JobTicketName); }
 

@@ -21,7 +21,10 @@
 #include "shell/ShellCommands.h"
 #include "stocklibrary/StockLibraryList.h"
 #include "support/BuiltBundle.h"
-#include "support/Widgets.h"
+#include "support/DialogScript.h"
+#include "support/Entries.h"
+#include "support/FinishedSets.h"
+#include "support/StockText.h"
 
 #include <gdkmm/pixbuf.h>
 #include <gdkmm/window.h>
@@ -31,7 +34,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <tuple>
 
 namespace tarvo {
 namespace {
@@ -41,12 +43,8 @@ constexpr int DotsPerInch = 96 * 1024; // as GTK counts them
 // A job for which the printer is not made.
 void FillWithConflicts(PMTicket& ticket)
 {
-    CFDictionary transparency;
-    transparency.set("Type", 2);
-    CFDictionary fax;
-    fax.set("JobType", 5);
-    ticket.setItem(PanelClient, JobLevelStockKey, transparency);
-    ticket.setItem(PanelClient, JobTypeKey, fax);
+    ticket.setItem(PanelClient, JobLevelStockKey, Entries("Type", 2)); // a transparency
+    ticket.setItem(PanelClient, JobTypeKey, Entries("JobType", 5));    // a fax
     ticket.setItem(PanelClient, DuplexKey, 2);
     ticket.setItem(PanelClient, FinishingOptionsKey, 18);
     ticket.setItem(PanelClient, FoldValueKey, 19);
@@ -144,26 +142,15 @@ void DrawDialogs(const CFBundle& bundle, const std::string& prefix)
 // A dialog of each family, with everything that there is, for a job on blue paper.
 void DrawFinishingDialogs(const CFBundle& bundle, const std::string& prefix)
 {
-    const std::vector<FinishingOffer> offers = {
-        {4,  "1 Staple...",      {5, 6, 7, 8}                    },
-        {9,  "2 Staples...",     {10, 11, 12, 13}                },
-        {14, "Bind...",          {15, 16}                        },
-        {18, "Fold...",          {19, 20}                        },
-        {24, "Booklet...",       {7, 8}                          },
-        {25, "Center Staple...", {26, 27, 28, 29}                },
-        {30, "Hole Punch...",    {3, 4, 5}                       },
-        {36, "Z-Fold...",        {38, 39}                        },
-        {40, "Advanced Fold...", {41, 42, 43, 44, 45, 46, 47, 48}},
-        {49, nullptr,            {49, 50, 51, 52}                },
-    };
     FinishedSet set;
     set.finishing.option = 49;
     set.finishing.twoStaples = 10;
     set.finishing.punch = 32;
     set.paperColor = 2;
-    for (const FinishingOffer& offer : offers) {
-        DrawDialog(prefix + "-finishing-" + std::to_string(offer.option) + ".png",
-                   [&] { RunFinishingDialog(nullptr, bundle, offer.option, set, offers); });
+    for (const FinishingOffer& offer : AllFinishingOffers) {
+        DrawDialog(prefix + "-finishing-" + std::to_string(offer.option) + ".png", [&] {
+            RunFinishingDialog(nullptr, bundle, offer.option, set, AllFinishingOffers);
+        });
     }
     set.finishing.offset = 5;
     set.finishing.slipSheet = 2;
@@ -177,31 +164,22 @@ void DrawFinishingDialogs(const CFBundle& bundle, const std::string& prefix)
 void SavePapers()
 {
     StockLibraryList list(UserPreferenceFolders());
-    for (const auto& [name, color, type, weight] :
-         std::vector<std::tuple<const char*, int, int, int>>{
-             {"Letterhead",   1,  3, 90 },
-             {"Spring cover", 3,  1, 160},
-             {"Odd",          77, 1, 90 }
+    for (const auto& [name, ticket] : {
+             std::pair("Letterhead", "Size=4 Type=3 Color=1 Weight=90"),
+             {"Spring cover", "Size=4 Type=1 Color=3 Weight=160"},
+             {"Odd",          "Size=4 Type=1 Color=77 Weight=90"}
     }) {
         StockLibrary paper;
         paper.setName(name);
+        paper.stock() = StockOf(ticket);
         paper.stock().setCustomName(name);
-        paper.stock().setSize(4);
-        paper.stock().setColor(color);
-        paper.stock().setType(type);
-        paper.stock().setWeight(weight);
         list.add(paper);
     }
 }
 
 using StockDialog = OSStatus (*)(const CFBundle&, Gtk::Window*, Stock&, std::int32_t&);
 
-struct StockPictureRow {
-    const char* name;
-    StockDialog run;
-};
-
-constexpr StockPictureRow StockPictures[] = {
+const std::pair<const char*, StockDialog> StockPictures[] = {
     {"stock-color",       RunModalCustomStockColorSetup},
     {"stock-type",        RunModalCustomStockTypeSetup },
     {"stock-ordered",     RunModalOrderedStockSetup    },
@@ -213,9 +191,9 @@ void DrawStockDialogs(const CFBundle& bundle, const std::string& prefix)
 {
     Stock stock;
     std::int32_t result = 0;
-    for (const StockPictureRow& row : StockPictures) {
-        DrawDialog(prefix + "-" + row.name + ".png",
-                   [&] { row.run(bundle, nullptr, stock, result); });
+    for (const auto& [name, run] : StockPictures) {
+        DrawDialog(prefix + "-" + name + ".png",
+                   [&, run = run] { run(bundle, nullptr, stock, result); });
     }
     DrawDialog(prefix + "-stock-size.png", [&] {
         std::int32_t width = 21000;

@@ -25,22 +25,12 @@ TarvoPlugInFactory FactoryOf(const std::string& bundle)
     return reinterpret_cast<TarvoPlugInFactory>(dlsym(handle, TARVO_FACTORY_NAME));
 }
 
-std::vector<GtkWidget*> ChildrenOf(GtkWidget* container)
-{
-    std::vector<GtkWidget*> children;
-    const auto note = [](GtkWidget* child, gpointer list) {
-        static_cast<std::vector<GtkWidget*>*>(list)->push_back(child);
-    };
-    gtk_container_foreach(GTK_CONTAINER(container), note, &children);
-    return children;
-}
-
 TarvoPrintSession* AsInterface(PMPrintSession& session)
 {
     return reinterpret_cast<TarvoPrintSession*>(&session);
 }
 
-// A dialog's side: an instance, its interface, a window and what Prologue said.
+// A dialog's side: an instance, its interface, a window and what Prologue said. It ends with this.
 class Host {
 public:
     explicit Host(const std::string& bundle = BuiltBundleFolder)
@@ -58,25 +48,35 @@ public:
             static_cast<Host*>(self)->handler = given;
             static_cast<Host*>(self)->handlerData = data;
         };
+        EXPECT_EQ(table->Prologue(&context, &creator, &kind, &title, &width, &height), 0);
     }
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
     ~Host()
     {
+        EXPECT_TRUE(context == nullptr || terminate() == 0);
         gtk_widget_destroy(window);
         EXPECT_EQ(table->Release(&pde), 0);
         EXPECT_EQ(pde, nullptr);
         EXPECT_EQ(instance_->table->Release(instance_), 0U) << "the interface has its own count";
     }
 
-    TarvoStatus prologue()
-    {
-        return table->Prologue(&context, &creator, &kind, &title, &width, &height);
-    }
     TarvoStatus initialize()
     {
         return table->Initialize(context, 0, &reference, GTK_CONTAINER(pane),
                                  AsInterface(dialog.session));
+    }
+    TarvoStatus terminate() { return table->Terminate(std::exchange(context, nullptr), 0); }
+    // There is nothing in it, whatever was there before.
+    TarvoStatus getSummaryText(void* of) const
+    {
+        const char* const none[] = {nullptr};
+        const char* const* titles = none;
+        const char* const* summaries = none;
+        const TarvoStatus status = table->GetSummaryText(of, &titles, &summaries);
+        EXPECT_EQ(titles, nullptr);
+        EXPECT_EQ(summaries, nullptr);
+        return status;
     }
     TarvoStatus hit(std::int32_t control) const
     {
@@ -139,34 +139,27 @@ TEST(PlugIn, SaysWhatItIs)
     EXPECT_EQ(host.table->Release(&other), 0);
     EXPECT_EQ(other, nullptr);
 
-    ASSERT_EQ(host.prologue(), 0);
     EXPECT_EQ(host.creator, 0x70646520U); // 'pde '
     EXPECT_STREQ(host.kind, "com.tarvo.print.pde.tarvofeatureskind");
     EXPECT_STREQ(host.title, "Tarvo Features");
     EXPECT_EQ(host.width, 540);
     EXPECT_EQ(host.height, 491);
-    EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
 }
 
 TEST(PlugIn, RefusesContextsThatAreNone)
 {
     Host host;
-    ASSERT_EQ(host.prologue(), 0);
     EXPECT_EQ(host.table->Initialize(host.context, 0, nullptr, nullptr, nullptr), -9530);
     EXPECT_EQ(host.table->Open(host.context), -9530) << "not before it is initialized";
     EXPECT_EQ(host.table->Sync(host.context, nullptr, true), -30879);
-    EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
-    for (void* context : {static_cast<void*>(nullptr), host.context}) {
+    void* const ended = host.context;
+    EXPECT_EQ(host.terminate(), 0);
+    for (void* context : {static_cast<void*>(nullptr), ended}) {
         SCOPED_TRACE(context == nullptr ? "null" : "ended");
-        const char* const none[] = {nullptr};
-        const char* const* titles = none;
-        const char* const* summaries = none;
         TarvoPrintSession* session = AsInterface(host.dialog.session);
         EXPECT_EQ(host.table->Initialize(context, 0, nullptr, nullptr, session), -9530);
         EXPECT_EQ(host.table->Sync(context, session, true), -30879);
-        EXPECT_EQ(host.table->GetSummaryText(context, &titles, &summaries), -9530);
-        EXPECT_EQ(titles, nullptr);
-        EXPECT_EQ(summaries, nullptr);
+        EXPECT_EQ(host.getSummaryText(context), -9530);
         EXPECT_EQ(host.table->Open(context), -9530);
         EXPECT_EQ(host.table->Close(context), -9530);
         EXPECT_EQ(host.table->Terminate(context, 0), -9530);
@@ -187,22 +180,18 @@ TEST(PlugIn, IsForPrintersOfItsMaker)
         SCOPED_TRACE(manufacturer);
         Host host;
         DialogSession other(manufacturer);
-        ASSERT_EQ(host.prologue(), 0);
         CaptureStderr();
         EXPECT_EQ(host.table->Initialize(host.context, 0, &host.reference, GTK_CONTAINER(host.pane),
                                          AsInterface(other.session)),
                   status);
         EXPECT_EQ(GetCapturedStderr(), diagnostic);
         EXPECT_EQ(host.handler != nullptr, status == 0);
-        EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
     }
     Host host;
     PMPrintSession empty;
-    ASSERT_EQ(host.prologue(), 0);
     CaptureStderr();
     EXPECT_EQ(host.table->Initialize(host.context, 0, nullptr, nullptr, AsInterface(empty)), -9530);
     EXPECT_EQ(GetCapturedStderr(), "Initialize()::ppdOpenCompiledPPDFromTicket() failed.\n");
-    EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
 }
 
 // The order in which a dialog ends differs from host to host.
@@ -214,9 +203,8 @@ TEST(PlugIn, ServesTenDialogsInARow)
         SCOPED_TRACE(dialog);
         const auto end = static_cast<End>(dialog % 3);
         Host host;
-        ASSERT_EQ(host.prologue(), 0);
         ASSERT_EQ(host.initialize(), 0);
-        EXPECT_TRUE(ChildrenOf(host.pane).empty()) << "not yet open";
+        EXPECT_EQ(gtk_container_get_children(GTK_CONTAINER(host.pane)), nullptr) << "not yet open";
         gtk_widget_show(host.window);
         EXPECT_EQ(host.table->Open(host.context), 0);
         gtk_widget_show_all(host.window);
@@ -229,20 +217,14 @@ TEST(PlugIn, ServesTenDialogsInARow)
                                 "com.tarvo.print.TPIFOptions"}) {
             EXPECT_TRUE(host.dialog.ticket().containsItem(key)) << key;
         }
-        const char* const none[] = {nullptr};
-        const char* const* titles = none;
-        const char* const* summaries = none;
-        EXPECT_EQ(host.table->GetSummaryText(host.context, &titles, &summaries), 0);
-        EXPECT_EQ(titles, nullptr);
-        EXPECT_EQ(summaries, nullptr);
+        EXPECT_EQ(host.getSummaryText(host.context), 0);
         if (end != End::WithoutClose) {
             EXPECT_EQ(host.table->Close(host.context), 0);
         }
         if (end == End::WindowFirst) {
             gtk_widget_destroy(gtk_bin_get_child(GTK_BIN(host.window)));
         }
-        EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
-        EXPECT_EQ(host.table->Terminate(host.context, 0), -9530);
+        EXPECT_EQ(host.terminate(), 0);
         EXPECT_EQ(host.handler, nullptr);
     }
 }
@@ -250,7 +232,6 @@ TEST(PlugIn, ServesTenDialogsInARow)
 TEST(PlugIn, LetsOtherEventsGoOn)
 {
     Host host;
-    ASSERT_EQ(host.prologue(), 0);
     ASSERT_EQ(host.initialize(), 0);
     // class, kind, signature, control
     const TarvoEvent events[] = {
@@ -264,7 +245,6 @@ TEST(PlugIn, LetsOtherEventsGoOn)
         EXPECT_EQ(host.handler(&event, host.handlerData), TARVO_EVENT_NOT_HANDLED);
     }
     EXPECT_EQ(host.handler(nullptr, host.handlerData), TARVO_EVENT_NOT_HANDLED);
-    EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
 }
 
 // Makes a copy of the bundle unusable; the module in it is another one, so it starts afresh.
@@ -302,46 +282,13 @@ TEST(PlugIn, ShowsNothingOfABrokenBundle)
         const BundleCopy copy;
         breakIt(copy);
         Host host(copy.folder());
-        ASSERT_EQ(host.prologue(), 0);
         EXPECT_EQ(host.title == nullptr, std::strcmp(name, "another bundle") == 0);
         CaptureStderr();
         EXPECT_EQ(host.initialize(), -9530);
         EXPECT_EQ(GetCapturedStderr(), diagnostic);
         EXPECT_EQ(host.table->Open(host.context), -9530);
         EXPECT_EQ(host.handler, nullptr);
-        EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
     }
-}
-
-TEST(PlugIn, HidesArrowsWithoutPictures)
-{
-    const BundleCopy copy;
-    std::filesystem::remove(copy.resource("MacUp.png"));
-    Host host(copy.folder());
-    ASSERT_EQ(host.prologue(), 0);
-    ASSERT_EQ(host.initialize(), 0);
-    EXPECT_EQ(host.table->Open(host.context), 0);
-    gtk_widget_show_all(host.window);
-    std::string shown;
-    GtkWidget* header = ChildrenOf(ChildrenOf(host.pane).front()).front();
-    for (GtkWidget* widget : ChildrenOf(header)) {
-        if (GTK_IS_BUTTON(widget) && gtk_widget_get_visible(widget) != FALSE) {
-            shown += std::string(gtk_buildable_get_name(GTK_BUILDABLE(widget))) + " ";
-        }
-    }
-    EXPECT_EQ(shown, "Tshl1967 Tshl1968 ");
-    EXPECT_EQ(host.table->Terminate(host.context, 0), 0);
-}
-
-// The last test: how the program ends is what it tries.
-TEST(PlugIn, MayBeOpenWhenTheApplicationExits)
-{
-    static Host* const host = std::make_unique<Host>().release();
-    ASSERT_EQ(host->prologue(), 0);
-    ASSERT_EQ(host->initialize(), 0);
-    EXPECT_EQ(host->table->Open(host->context), 0);
-    gtk_widget_show_all(host->window);
-    host->dialog.removeFolder();
 }
 
 } // namespace

@@ -5,16 +5,10 @@
 namespace tarvo {
 namespace {
 
-struct JobCase {
-    const char* name;
-    CFPropertyList jobType;
-    CFPropertyList passcode; // false: none
-    bool isBlocked;
-};
-
 TEST(SecurePrint, NeedsAPasscode)
 {
-    const JobCase cases[] = {
+    // name, job type, passcode (false: none), whether it is blocked
+    const std::tuple<const char*, CFPropertyList, CFPropertyList, bool> cases[] = {
         {"secure, without",             6,   false,  true },
         {"secure, empty",               6,   "",     true },
         {"secure, a number is no text", 6,   1234,   true },

@@ -10,7 +10,7 @@
 #include "shell/Shell.h"
 #include "stocklibrary/DemoPrinter.h"
 #include "support/BuiltBundle.h"
-#include "support/Widgets.h"
+#include "support/DialogScript.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/box.h>
@@ -79,18 +79,15 @@ protected:
         std::filesystem::remove(file_);
     }
 
-    // Answers the dialog that is shown next.
-    void answer(Gtk::Dialog& dialog)
-    {
-        meanwhile_();
-        dialog.response(Gtk::RESPONSE_OK);
-    }
     // All that lets the application go on. Each gives whether what the user has done counts.
     bool choosesFileToSave() { return ChooseFileToSave(Bundle(), nullptr, "").has_value(); }
     bool choosesFilesToOpen() { return !ChooseFilesToOpen(Bundle(), nullptr, "", {}).empty(); }
     bool givesText()
     {
-        const DialogAnswer ok([this](Gtk::Dialog& dialog) { answer(dialog); });
+        const DialogAnswer ok([this](Gtk::Dialog& dialog) {
+            meanwhile_();
+            dialog.response(Gtk::RESPONSE_OK);
+        });
         std::optional<std::string> text = "Trim";
         std::int32_t result = 0;
         RunModalCustomValueDialog(Bundle(), nullptr, 8, text, result);
@@ -107,15 +104,6 @@ protected:
         return RunInBackground(&window, [] {});
     }
 
-    static bool turnUntil(const std::function<bool()>& isReached)
-    {
-        for (int turn = 0; !isReached() && turn < 10'000; ++turn) {
-            TurnMainLoop();
-            g_usleep(1'000);
-        }
-        return isReached();
-    }
-
     const DesktopServices former_ = TheDesktopServices();
     const std::string file_ = testing::TempDir() + "tarvo-several-dialogs.xml";
     std::function<void()> meanwhile_ = [] {};
@@ -124,11 +112,7 @@ protected:
     std::unique_ptr<PrintDialog> dialog_ = std::make_unique<PrintDialog>(first_.session);
     std::unique_ptr<PrintDialog> second_;
 
-    struct WaitCase {
-        const char* name;
-        bool (SeveralDialogs::*run)();
-    };
-    static constexpr WaitCase WaitCases[] = {
+    static constexpr std::pair<const char*, bool (SeveralDialogs::*)()> WaitCases[] = {
         {"save chooser", &SeveralDialogs::choosesFileToSave },
         {"open chooser", &SeveralDialogs::choosesFilesToOpen},
         {"modal window", &SeveralDialogs::givesText         },
@@ -198,12 +182,12 @@ TEST_F(SeveralDialogs, APrintersPapersAreOfItsDialogAlone)
     other_.session.currentPrinter.emplace().deviceUri = uriOf(silent);
     const PanelEnvironment& environment = ThePanelEnvironment();
     dialog_->open();
-    ASSERT_TRUE(turnUntil([&] { return environment.printerStockList != nullptr; }));
+    ASSERT_TRUE(TurnUntil([&] { return environment.printerStockList != nullptr; }));
     const auto former = environment.printerStockList;
 
     second_ = std::make_unique<PrintDialog>(other_.session);
     second_->open();
-    EXPECT_TRUE(turnUntil(
+    EXPECT_TRUE(TurnUntil(
         [&] { return environment.printerStocksState().status == PrinterStockStatus::InProgress; }));
     EXPECT_EQ(environment.printerStockList, nullptr);
     dialog_->use();
@@ -219,7 +203,7 @@ TEST_F(SeveralDialogs, APrintersPapersAreOfItsDialogAlone)
     });
     environment.askForPrinterStocks(window.window());
     EXPECT_EQ(environment.printerStocksState().status, PrinterStockStatus::InProgress);
-    EXPECT_TRUE(turnUntil([&] { return isTold; }));
+    EXPECT_TRUE(TurnUntil([&] { return isTold; }));
     EXPECT_EQ(environment.printerStocksState().status, PrinterStockStatus::Complete);
     EXPECT_NE(environment.printerStockList, former);
     EXPECT_EQ(environment.printerStockList->stockList().size(), DemoPrinter::MediaCount);

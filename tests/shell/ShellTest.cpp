@@ -6,7 +6,8 @@
 #include "settings/TicketKeys.h"
 #include "shell/ShellCommands.h"
 #include "support/BuiltBundle.h"
-#include "support/Widgets.h"
+#include "support/DialogScript.h"
+#include "support/Entries.h"
 
 #include <gmock/gmock.h>
 #include <gtk/gtk.h>
@@ -196,32 +197,37 @@ TEST_F(ShellOperations, ShowOnePanelAtATime)
     EXPECT_EQ(shownPanel(), "A");
     EXPECT_EQ(hit(4711), EventNotHandled);
     EXPECT_EQ(shell_->handleControlHit(0, NextPanelControl), EventNotHandled);
+    EXPECT_EQ(shell_->handleCommand(FourCharCode("TFdn")), EventNotHandled);
+    EXPECT_EQ(shownPanel(), "C") << "commands step, too";
+    EXPECT_EQ(shell_->handleCommand(FourCharCode("TFup")), EventNotHandled);
+    EXPECT_EQ(shownPanel(), "A");
+    EXPECT_EQ(ShownText(popup()), "Panel A");
+}
+
+TEST_F(ShellOperations, HideArrowsWithoutPictures)
+{
+    const BundleCopy copy;
+    std::filesystem::remove(copy.resource("MacUp.png"));
+    const CFBundle bundle = copy.bundle();
+    Gtk::Box pane;
+    Shell shell(&bundle, ThreePanels);
+    EXPECT_EQ(shell.initialize(nullptr, GTK_CONTAINER(pane.gobj()), &dialog_.session), StatusOk);
+    EXPECT_EQ(shell.open(), StatusOk);
+    pane.show_all();
+    EXPECT_FALSE(FindWidget<Gtk::Button>(pane, "Tshl1966")->get_visible());
+    EXPECT_TRUE(FindWidget<Gtk::Button>(pane, "Tshl1967")->get_visible());
 }
 
 TEST_F(ShellOperations, APanelsLabelsHaveLettersWheneverItIsShown)
 {
     window_.show_all();
     shell_->open();
-    Gtk::Button* button = nullptr; // of panel A
-    ForEachWidget(*FindWidget<Gtk::Widget>(pane_, "Tshl17"), [&button](Gtk::Widget& widget) {
-        auto* found = dynamic_cast<Gtk::Button*>(&widget);
-        button = found == nullptr ? button : found;
-    });
-    ASSERT_NE(button, nullptr);
+    Gtk::Button* const button =
+        AllOf<Gtk::Button>(*FindWidget<Gtk::Widget>(pane_, "Tshl17")).back();
     hit(NextPanelControl);
     RelabelButton(*button, "Stop"); // which cannot be seen now
     hit(PreviousPanelControl);
     EXPECT_THAT(AccessibilityFaults(*button), testing::IsEmpty());
-}
-
-TEST_F(ShellOperations, CommandsStepToo)
-{
-    shell_->open();
-    EXPECT_EQ(shell_->handleCommand(FourCharCode("TFdn")), EventNotHandled);
-    EXPECT_EQ(shownPanel(), "C");
-    EXPECT_EQ(shell_->handleCommand(FourCharCode("TFup")), EventNotHandled);
-    EXPECT_EQ(shownPanel(), "A");
-    EXPECT_EQ(ShownText(popup()), "Panel A");
 }
 
 TEST_F(ShellOperations, OpenAgainWhereTheyWere)
@@ -246,11 +252,9 @@ TEST_F(ShellOperations, TheVisiblePanelSyncsLast)
     EXPECT_FALSE(dialog_.ticket().containsItem("com.tarvo.print.TPIFOptions"));
     EXPECT_EQ(PDESync(nullptr, SyncDirection::ToTicket), StatusOk);
     EXPECT_EQ(CallsSince(), "B> C> A> ");
-    CFDictionary all;
-    all.set("TPIFOptionAll", true);
     const PMTicket::Item* options = dialog_.ticket().item("com.tarvo.print.TPIFOptions");
     ASSERT_NE(options, nullptr);
-    EXPECT_EQ(options->value, CFPropertyList(all));
+    EXPECT_EQ(options->value, CFPropertyList(Entries("TPIFOptionAll", true)));
     EXPECT_EQ(options->client, "T");
     EXPECT_FALSE(dialog_.ticket().containsItem("com.tarvo.print.RotateBooklet180Degrees"));
 
@@ -262,9 +266,14 @@ TEST_F(ShellOperations, TheVisiblePanelSyncsLast)
 TEST_F(ShellOperations, ASecureJobWithoutPasscodeIsNotPrinted)
 {
     EXPECT_EQ(press(TARVO_DEFAULT_BUTTON), EventNotHandled);
-    jobTypeOfB.set("JobType", 6);
+    jobTypeOfB = Entries("JobType", 6);
     {
-        const DialogAnswer answer([](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_OK); });
+        const DialogAnswer answer([](Gtk::Dialog& dialog) {
+            auto& notice = dynamic_cast<Gtk::MessageDialog&>(dialog);
+            EXPECT_EQ(notice.property_text().get_value(), "The secure print job has no passcode.");
+            EXPECT_NE(notice.property_secondary_text().get_value(), "");
+            dialog.response(Gtk::RESPONSE_OK);
+        });
         EXPECT_EQ(press(TARVO_DEFAULT_BUTTON), StatusOk) << "swallowed";
     }
     EXPECT_EQ(press(TARVO_CANCEL_BUTTON), EventNotHandled);
@@ -315,17 +324,6 @@ TEST_F(ShellOperations, EndWithTheDialogInEitherOrder)
     shell_.reset();
 }
 
-TEST_F(ShellOperations, AnotherDialogTakesThePlaceUntilItEnds)
-{
-    DialogSession other;
-    auto second = std::make_unique<Shell>(&bundle_, ThreePanels);
-    EXPECT_EQ(second->initialize(nullptr, nullptr, &other.session), StatusOk);
-    EXPECT_EQ(GetCurrentPrintSession(), &other.session);
-    second.reset();
-    EXPECT_EQ(GetCurrentPrintSession(), &dialog_.session);
-    EXPECT_NE(PrinterDescription::Current(), nullptr);
-}
-
 TEST_F(ShellOperations, ADialogThatCannotBeMadeLeavesTheOneBefore)
 {
     constexpr PanelGetter Throwing[] = {Get<'A'>, Get<'T'>, nullptr};
@@ -334,21 +332,14 @@ TEST_F(ShellOperations, ADialogThatCannotBeMadeLeavesTheOneBefore)
     EXPECT_EQ(PDESync(nullptr, SyncDirection::ToTicket), StatusOk);
 }
 
-TEST_F(ShellOperations, TheLastPanelsSummaryIsTheWhole)
-{
-    EXPECT_EQ(shell_->getSummaryText().titles, std::nullopt) << "C clears what A has filled";
-}
-
 // Presses the button of the panel that is shown.
 void ClickIn(Gtk::Widget& pane)
 {
-    ForEachWidget(pane, [](Gtk::Widget& widget) {
-        auto* button = dynamic_cast<Gtk::Button*>(&widget);
-        if (button != nullptr && NameInDescription(widget).empty() &&
-            button->get_parent()->get_visible()) {
+    for (Gtk::Button* button : AllOf<Gtk::Button>(*FindWidget<Gtk::Widget>(pane, "Tshl17"))) {
+        if (button->get_parent()->get_visible()) {
             button->clicked();
         }
-    });
+    }
 }
 
 TEST_F(ShellOperations, WhatHappensInADialogIsAboutThatDialog)
@@ -385,7 +376,7 @@ TEST_F(ShellOperations, ADialogIsCurrentInItsSummaryAndItsEnd)
     EXPECT_EQ(second.initialize(nullptr, nullptr, &other.session), StatusOk);
     const std::set<PMPrintSession*> own = {&dialog_.session};
     sessionsOfCalls.clear();
-    shell_->getSummaryText();
+    EXPECT_EQ(shell_->getSummaryText().titles, std::nullopt) << "C clears what A has filled";
     EXPECT_EQ(std::exchange(sessionsOfCalls, {}), own);
     second.makeCurrent();
     shell_.reset(); // without a close before
@@ -393,29 +384,22 @@ TEST_F(ShellOperations, ADialogIsCurrentInItsSummaryAndItsEnd)
     EXPECT_EQ(GetCurrentPrintSession(), &other.session);
 }
 
-struct LoadCase {
-    const char* name;
-    std::vector<PanelGetter> getters;
-    std::size_t count;
-};
-
 TEST(ShellLoading, EndsAtThePanelThatCannotBeHad)
 {
     const CFBundle bundle = BuiltBundle();
-    const LoadCase cases[] = {
+    const std::tuple<const char*, std::vector<PanelGetter>, std::size_t> cases[] = {
         {"none",            {nullptr},                                         0},
         {"null panel",      {Get<'A'>, GetNothing, Get<'B'>, nullptr},         1},
         {"failed prologue", {Get<'A'>, Get<'B'>, Get<'X'>, Get<'C'>, nullptr}, 2},
     };
     for (const auto& [name, getters, count] : cases) {
         SCOPED_TRACE(name);
-        const DialogSession dialog;
+        DialogSession dialog;
         Gtk::Window window;
         Gtk::Box pane;
         window.add(pane);
-        auto& session = const_cast<PMPrintSession&>(dialog.session);
         Shell shell(&bundle, getters.data());
-        EXPECT_EQ(shell.initialize(nullptr, GTK_CONTAINER(pane.gobj()), &session), StatusOk);
+        EXPECT_EQ(shell.initialize(nullptr, GTK_CONTAINER(pane.gobj()), &dialog.session), StatusOk);
         EXPECT_EQ(shell.open(), StatusOk);
         auto* popup = FindWidget<Gtk::ComboBox>(pane, "Tshl16");
         EXPECT_EQ(popup->get_model()->children().size(), count);

@@ -10,7 +10,7 @@
 
 namespace tarvo {
 
-/// The bundle of the build folder, or a copy of it to break.
+/// The bundle of the build folder.
 inline const std::string BuiltBundleFolder = TARVO_BINARY_DIR "/TarvoFeatures.plugin";
 
 inline CFBundle BuiltBundle(const std::string& language = "en")
@@ -18,14 +18,13 @@ inline CFBundle BuiltBundle(const std::string& language = "en")
     return {BuiltBundleFolder, {language}};
 }
 
-/// A copy that goes with this.
+/// A copy of a bundle, to break, that goes with this.
 class BundleCopy {
 public:
-    BundleCopy()
+    explicit BundleCopy(const std::string& original = BuiltBundleFolder)
     {
         EXPECT_NE(mkdtemp(root_.data()), nullptr);
-        std::filesystem::copy(BuiltBundleFolder, folder(),
-                              std::filesystem::copy_options::recursive);
+        std::filesystem::copy(original, folder(), std::filesystem::copy_options::recursive);
     }
     BundleCopy(const BundleCopy&) = delete;
     BundleCopy& operator=(const BundleCopy&) = delete;

@@ -5,10 +5,10 @@
 #include <gtest/gtest.h>
 #include <gtkmm/button.h>
 #include <gtkmm/combobox.h>
-#include <gtkmm/dialog.h>
 #include <gtkmm/label.h>
 #include <gtkmm/window.h>
 
+#include <chrono>
 #include <functional>
 #include <set>
 #include <string>
@@ -36,6 +36,20 @@ Widget* FindWidget(Gtk::Widget& root, const std::string& name)
     return found;
 }
 
+/// All visible widgets of a type, in the order of their places.
+template <typename Widget>
+std::vector<Widget*> AllOf(Gtk::Widget& root)
+{
+    std::vector<Widget*> found;
+    ForEachWidget(root, [&found](Gtk::Widget& widget) {
+        auto* wanted = dynamic_cast<Widget*>(&widget);
+        if (wanted != nullptr && wanted->get_visible()) {
+            found.push_back(wanted);
+        }
+    });
+    return found;
+}
+
 /// Handles what GTK has waiting.
 inline void TurnMainLoop()
 {
@@ -53,6 +67,18 @@ inline std::string ShownText(Gtk::ComboBox& button)
     return text;
 }
 
+/// Turns the main loop until the condition holds.
+/// @return false when it does not for so long that it never will
+inline bool TurnUntil(const std::function<bool()>& holds)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!holds() && std::chrono::steady_clock::now() < end) {
+        TurnMainLoop();
+        g_usleep(1'000);
+    }
+    return holds();
+}
+
 /// Presses a key as somebody at the window would; it goes where the focus is.
 inline void PressKey(Gtk::Window& window, guint key, guint modifiers = 0)
 {
@@ -62,65 +88,27 @@ inline void PressKey(Gtk::Window& window, guint key, guint modifiers = 0)
     int count = 0;
     ASSERT_TRUE(
         gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), key, &keys, &count));
-    GdkEvent* const event = gdk_event_new(GDK_KEY_PRESS);
-    event->key.window = GDK_WINDOW(g_object_ref(place));
-    event->key.keyval = key;
-    event->key.state = modifiers;
-    event->key.hardware_keycode = static_cast<guint16>(keys[0].keycode);
+    for (const GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
+        GdkEvent* const event = gdk_event_new(type);
+        event->key.window = GDK_WINDOW(g_object_ref(place));
+        event->key.send_event = TRUE;
+        event->key.keyval = key;
+        event->key.state = modifiers;
+        event->key.hardware_keycode = static_cast<guint16>(keys[0].keycode);
+        gdk_event_set_device(event, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
+        gtk_widget_event(GTK_WIDGET(window.gobj()), event);
+        gdk_event_free(event);
+    }
     g_free(keys);
-    gdk_event_set_device(event, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
-    gtk_widget_event(GTK_WIDGET(window.gobj()), event);
-    gdk_event_free(event);
 }
 
 /// The letter that is underlined in the label of a button; it is pressed with Alt.
 inline guint LetterOf(Gtk::Button& button)
 {
-    guint letter = GDK_KEY_VoidSymbol;
-    ForEachWidget(button, [&letter](Gtk::Widget& widget) {
-        if (auto* label = dynamic_cast<Gtk::Label*>(&widget)) {
-            letter = gtk_label_get_mnemonic_keyval(label->gobj());
-        }
-    });
-    return letter;
+    const auto labels = AllOf<Gtk::Label>(button);
+    return labels.empty() ? guint{GDK_KEY_VoidSymbol}
+                          : gtk_label_get_mnemonic_keyval(labels.back()->gobj());
 }
-
-/// Calls the function with the next dialog that runs, once it is shown.
-class DialogAnswer {
-public:
-    explicit DialogAnswer(std::function<void(Gtk::Dialog&)> answer) : answer_(std::move(answer))
-    {
-        source_ = g_timeout_add(1, OnTimeout, this);
-    }
-    DialogAnswer(const DialogAnswer&) = delete;
-    DialogAnswer& operator=(const DialogAnswer&) = delete;
-    ~DialogAnswer()
-    {
-        EXPECT_EQ(source_, 0U) << "no dialog was shown";
-        if (source_ != 0) {
-            g_source_remove(source_);
-        }
-    }
-
-private:
-    static gboolean OnTimeout(gpointer self) { return static_cast<DialogAnswer*>(self)->look(); }
-
-    gboolean look()
-    {
-        for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
-            auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
-            if (dialog != nullptr && dialog->get_mapped()) {
-                source_ = 0;
-                answer_(*dialog);
-                return FALSE;
-            }
-        }
-        return TRUE;
-    }
-
-    std::function<void(Gtk::Dialog&)> answer_;
-    guint source_ = 0;
-};
 
 // What the focus can be on; inside a pop-up button that is the pop-up button.
 inline bool TakesFocus(Gtk::Widget& widget)

@@ -1,9 +1,9 @@
 #include "panels/stock/AdvancedStockDialog.h"
 
-#include "DialogScript.h"
 #include "StockFixture.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/PopupButton.h"
+#include "support/DialogScript.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/checkbutton.h>
@@ -17,12 +17,8 @@ using testing::HasSubstr;
 constexpr const char* MenuWindow = "AdvancedStockSelection";
 constexpr const char* LibraryWindow = "NamedPaperStockSelection";
 
-struct Choice {
-    const char* popup;
-    std::int32_t value;
-};
-
-constexpr Choice EveryChoice[] = {
+// pop-up, value
+constexpr std::pair<const char*, std::int32_t> EveryChoice[] = {
     {"1",  4 },
     {"2",  2 },
     {"3",  10},
@@ -76,20 +72,18 @@ TEST_F(AdvancedStockDialog, SetsEveryAttributeOnOkAlone)
 {
     for (const int response : {Gtk::RESPONSE_OK, Gtk::RESPONSE_CANCEL}) {
         Stock stock;
-        const DialogScript user({
-            {MenuWindow, [response](Gtk::Dialog& dialog) {
-                 EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
-                 EXPECT_FALSE(name(dialog).get_visible());
-                 EXPECT_FALSE(popup(dialog, "9").get_sensitive()) << "no side is coated";
-                 for (const Choice& row : EveryChoice) {
-                     choose(dialog, row.popup, row.value);
-                 }
-                 EXPECT_TRUE(popup(dialog, "9").get_sensitive());
-                 FindWidget<Gtk::CheckButton>(dialog, "TPDE7")->set_active(false);
-                 FindWidget<Gtk::SpinButton>(dialog, "TPDE6")->set_text("120"); // not left yet
-                 FindWidget<Gtk::Entry>(dialog, "TPDE14")->set_text("drawer");
-                 dialog.response(response);
-             }}
+        const DialogScript user(MenuWindow, [response](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+            EXPECT_FALSE(name(dialog).get_visible());
+            EXPECT_FALSE(popup(dialog, "9").get_sensitive()) << "no side is coated";
+            for (const auto& [number, value] : EveryChoice) {
+                choose(dialog, number, value);
+            }
+            EXPECT_TRUE(popup(dialog, "9").get_sensitive());
+            FindWidget<Gtk::CheckButton>(dialog, "TPDE7")->set_active(false);
+            FindWidget<Gtk::SpinButton>(dialog, "TPDE6")->set_text("120"); // not left yet
+            FindWidget<Gtk::Entry>(dialog, "TPDE14")->set_text("drawer");
+            dialog.response(response);
         });
         const bool isOk = response == Gtk::RESPONSE_OK;
         EXPECT_EQ(run(stock), isOk ? DialogOk : DialogCancel);
@@ -111,24 +105,19 @@ TEST_F(AdvancedStockDialog, ShowsWhatOneChoiceMakesOfTheOthers)
              EXPECT_EQ(GetPopupButtonTicketValue(popup(dialog, "2"), 0), 6) << "clear";
              EXPECT_THAT(summary(dialog), HasSubstr("Color: Clear"));
              choose(dialog, "5", 0); // asks
-         }                                                                 },
-        {"StockDescriptionSetup",
-         [](Gtk::Dialog& dialog) { dialog.response(Gtk::RESPONSE_CANCEL); }},
+         }                                                     },
+        {"StockDescriptionSetup", Respond(Gtk::RESPONSE_CANCEL)},
         {MenuWindow,
          [](Gtk::Dialog& dialog) {
              EXPECT_EQ(GetPopupButtonTicketValue(popup(dialog, "5"), 0), UnsetValue) << "as before";
              choose(dialog, "2", 10);
-         }                                                                 },
-        {"CustomStockColorSetup",
-         [](Gtk::Dialog& dialog) {
-             FindWidget<Gtk::Entry>(dialog, "TPDE1")->set_text("Lime");
-             dialog.response(Gtk::RESPONSE_OK);
-         }                                                                 },
+         }                                                     },
+        {"CustomStockColorSetup", Typing("TPDE1",                "Lime")},
         {MenuWindow,
          [](Gtk::Dialog& dialog) {
              EXPECT_THAT(summary(dialog), HasSubstr("Color: Lime"));
              dialog.response(Gtk::RESPONSE_OK);
-         }                                                                 },
+         }                                          },
     });
     EXPECT_EQ(run(stock), DialogOk);
     EXPECT_EQ(stock.weight(), 229) << "above what the field shows, and not touched";
@@ -186,16 +175,14 @@ TEST_F(AdvancedStockDialog, GoesBackToTheDefaults)
 {
     Stock stock = StockOf("Size=4 Type=7 Weight=120 Punched=2 Description=thick CustomComment=top "
                           "Finish=2");
-    const DialogScript user({
-        {MenuWindow, [](Gtk::Dialog& dialog) {
-             EXPECT_FALSE(popup(dialog, "1").get_sensitive()) << "the size of a job is its page's";
-             EXPECT_EQ(ShownText(popup(dialog, "1")), "");
-             FindWidget<Gtk::Button>(dialog, "TPDE16")->clicked();
-             EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE14")->get_text(), "");
-             EXPECT_EQ(ShownText(popup(dialog, "3")), "Printer Default");
-             EXPECT_FALSE(FindWidget<Gtk::SpinButton>(dialog, "TPDE6")->get_sensitive());
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user(MenuWindow, [](Gtk::Dialog& dialog) {
+        EXPECT_FALSE(popup(dialog, "1").get_sensitive()) << "the size of a job is its page's";
+        EXPECT_EQ(ShownText(popup(dialog, "1")), "");
+        FindWidget<Gtk::Button>(dialog, "TPDE16")->clicked();
+        EXPECT_EQ(FindWidget<Gtk::Entry>(dialog, "TPDE14")->get_text(), "");
+        EXPECT_EQ(ShownText(popup(dialog, "3")), "Printer Default");
+        EXPECT_FALSE(FindWidget<Gtk::SpinButton>(dialog, "TPDE6")->get_sensitive());
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(run(stock, JobContext::Job), DialogOk);
     EXPECT_EQ(StockText(stock), "Size=4 Punched=1 Finish=2");
@@ -212,7 +199,7 @@ TEST_F(AdvancedStockDialog, NeedsANameForTheLibraryAndAsksForATakenOne)
              EXPECT_EQ(dialog.get_title(), "Add Named Paper");
              EXPECT_TRUE(name(dialog).is_focus());
              EXPECT_FALSE(CanPressOk(dialog));
-             Press(dialog, GDK_KEY_Return);
+             PressKey(dialog, GDK_KEY_Return);
              EXPECT_TRUE(dialog.get_mapped());
              name(dialog).set_text(std::string(300, 'a'));
              EXPECT_EQ(name(dialog).get_text_length(), 255);
@@ -222,7 +209,7 @@ TEST_F(AdvancedStockDialog, NeedsANameForTheLibraryAndAsksForATakenOne)
              EXPECT_EQ(summary(dialog), "Name: Taken") << "it alone tells the paper";
              dialog.response(Gtk::RESPONSE_OK);
          }                                       },
-        {"",            PressKey(GDK_KEY_Escape) }, // do not replace
+        {"",            Pressing(GDK_KEY_Escape) }, // do not replace
         {LibraryWindow, Respond(Gtk::RESPONSE_OK)},
         {"",            Respond(Gtk::RESPONSE_OK)}, // do
     });

@@ -1,8 +1,8 @@
 #include "panels/stock/CustomSizeDialog.h"
 
-#include "DialogScript.h"
 #include "StockFixture.h"
 #include "panels/toolkit/Dialogs.h"
+#include "support/DialogScript.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/messagedialog.h>
@@ -46,19 +46,17 @@ protected:
 
 TEST_F(CustomSizeDialog, TakesASizeInEitherUnit)
 {
-    const DialogScript user({
-        {"Custom", [](Gtk::Dialog& dialog) {
-             EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
-             EXPECT_EQ(shown(dialog), "200.0 300.0");
-             spin(dialog, "TPDE1").set_text("215.9");
-             spin(dialog, "TPDE1").update(); // as a press of the mouse does
-             spin(dialog, "TPDE1").spin(Gtk::SPIN_STEP_FORWARD, 1);
-             EXPECT_EQ(shown(dialog), "216.9 300.0") << "an arrow goes on from what was typed";
-             FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
-             EXPECT_EQ(shown(dialog), "8.54 11.81");
-             spin(dialog, "TPDE2").set_text("11");
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("Custom", [](Gtk::Dialog& dialog) {
+        EXPECT_THAT(AccessibilityFaults(dialog), testing::IsEmpty());
+        EXPECT_EQ(shown(dialog), "200.0 300.0");
+        spin(dialog, "TPDE1").set_text("215.9");
+        spin(dialog, "TPDE1").update(); // as a press of the mouse does
+        spin(dialog, "TPDE1").spin(Gtk::SPIN_STEP_FORWARD, 1);
+        EXPECT_EQ(shown(dialog), "216.9 300.0") << "an arrow goes on from what was typed";
+        FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
+        EXPECT_EQ(shown(dialog), "8.54 11.81");
+        spin(dialog, "TPDE2").set_text("11");
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(run(), DialogOk);
     EXPECT_EQ(size(), std::pair(21692, 27940));
@@ -68,12 +66,10 @@ TEST_F(CustomSizeDialog, TakesASizeInEitherUnit)
 TEST_F(CustomSizeDialog, LeavesTheSizeOnCancelAndEscape)
 {
     for (const DialogScript::Action& leave :
-         {Respond(Gtk::RESPONSE_CANCEL), PressKey(GDK_KEY_Escape)}) {
-        const DialogScript user({
-            {"Custom", [&leave](Gtk::Dialog& dialog) {
-                 spin(dialog, "TPDE1").set_text("250");
-                 leave(dialog);
-             }}
+         {Respond(Gtk::RESPONSE_CANCEL), Pressing(GDK_KEY_Escape)}) {
+        const DialogScript user("Custom", [&leave](Gtk::Dialog& dialog) {
+            spin(dialog, "TPDE1").set_text("250");
+            leave(dialog);
         });
         EXPECT_EQ(run(), DialogCancel);
         EXPECT_EQ(size(), std::pair(20000, 30000));
@@ -82,46 +78,38 @@ TEST_F(CustomSizeDialog, LeavesTheSizeOnCancelAndEscape)
 
 TEST_F(CustomSizeDialog, GoesBackToTheUsualSizeOfTheCountry)
 {
-    const DialogScript user({
-        {"Custom", [](Gtk::Dialog& dialog) {
-             press(dialog, "TPDE5");
-             EXPECT_EQ(shown(dialog), "8.50 11.00");
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("Custom", [](Gtk::Dialog& dialog) {
+        press(dialog, "TPDE5");
+        EXPECT_EQ(shown(dialog), "8.50 11.00");
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(run(), DialogOk);
     EXPECT_EQ(size(), std::pair(21590, 27940));
 }
 
-struct WrongCase {
-    const char* name;
-    const char* width;
-    bool leavesField;  // before OK: the toolkit would put it right then
-    const char* shown; // afterwards
-};
-
-constexpr WrongCase WrongCases[] = {
-    {"too large",           "304.9", false, "200.0 300.0"},
-    {"too large, left",     "304.9", true,  "200.0 300.0"},
-    {"too small",           "152.3", true,  "200.0 300.0"},
-    {"nothing",             "",      true,  "200.0 300.0"},
-    {"no number",           "2x",    true,  "200.0 300.0"},
-    {"beyond all numbers",  "1e300", true,  "200.0 300.0"},
-    {"not a number at all", "nan",   true,  "200.0 300.0"},
+// name, width, whether the field is left before OK (the toolkit would put it right then)
+constexpr std::tuple<const char*, const char*, bool> WrongCases[] = {
+    {"too large",           "304.9", false},
+    {"too large, left",     "304.9", true },
+    {"too small",           "152.3", true },
+    {"nothing",             "",      true },
+    {"no number",           "2x",    true },
+    {"beyond all numbers",  "1e300", true },
+    {"not a number at all", "nan",   true },
 };
 
 TEST_F(CustomSizeDialog, SaysWhichSizesThePrinterTakes)
 {
-    for (const auto& row : WrongCases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, width, leavesField] : WrongCases) {
+        SCOPED_TRACE(name);
         const DialogScript user({
             {"Custom",
-             [&row](Gtk::Dialog& dialog) {
+             [width = width, leavesField = leavesField](Gtk::Dialog& dialog) {
                  spin(dialog, "TPDE1").property_numeric() = false; // as a paste may be
-                 spin(dialog, "TPDE1").set_text(row.width);
-                 if (row.leavesField) {
+                 spin(dialog, "TPDE1").set_text(width);
+                 if (leavesField) {
                      spin(dialog, "TPDE1").update();
-                     EXPECT_EQ(spin(dialog, "TPDE1").get_text(), row.width);
+                     EXPECT_EQ(spin(dialog, "TPDE1").get_text(), width);
                  }
                  dialog.response(Gtk::RESPONSE_OK);
              }},
@@ -132,10 +120,10 @@ TEST_F(CustomSizeDialog, SaysWhichSizesThePrinterTakes)
                              testing::HasSubstr("a width from 152.4 to 304.8 mm and a length from "
                                                 "152.4 to 304.8 mm"));
                  dialog.response(Gtk::RESPONSE_OK);
-             }},
+             }          },
             {"Custom",
-             [&row](Gtk::Dialog& dialog) {
-                 EXPECT_EQ(shown(dialog), row.shown);
+             [](Gtk::Dialog& dialog) {
+                 EXPECT_EQ(shown(dialog), "200.0 300.0");
                  dialog.response(Gtk::RESPONSE_CANCEL);
              }},
         });
@@ -148,38 +136,23 @@ TEST_F(CustomSizeDialog, KeepsWhatIsNotTouched)
 {
     width_ = 21007;
     length_ = 29704;
-    const DialogScript user({
-        {"Custom", [](Gtk::Dialog& dialog) {
-             EXPECT_EQ(shown(dialog), "210.0 297.0");
-             spin(dialog, "TPDE1").set_text("200");
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("Custom", [](Gtk::Dialog& dialog) {
+        EXPECT_EQ(shown(dialog), "210.0 297.0");
+        spin(dialog, "TPDE1").set_text("200");
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(run(), DialogOk);
     EXPECT_EQ(size(), std::pair(20000, 29704));
 }
 
-// A number field takes no separator of thousands.
-TEST_F(CustomSizeDialog, ShowsASizeOfThousands)
-{
-    length_ = 200000;
-    const DialogScript user({
-        {"Custom", [](Gtk::Dialog& dialog) {
-             EXPECT_EQ(shown(dialog), "200.0 2000.0");
-             dialog.response(Gtk::RESPONSE_CANCEL);
-         }}
-    });
-    EXPECT_EQ(run(), DialogCancel);
-}
-
 // A stock of another printer keeps its size until the user changes it.
 TEST_F(CustomSizeDialog, ShowsASizeThatThePrinterDoesNotTake)
 {
-    length_ = 60000;
+    length_ = 200000; // a number field takes no separator of thousands
     const DialogScript user({
         {"Custom",
          [](Gtk::Dialog& dialog) {
-             EXPECT_EQ(shown(dialog), "200.0 600.0");
+             EXPECT_EQ(shown(dialog), "200.0 2000.0");
              dialog.response(Gtk::RESPONSE_OK);
          }                                  },
         {"",       Respond(Gtk::RESPONSE_OK)},

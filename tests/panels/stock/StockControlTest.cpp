@@ -1,10 +1,10 @@
 #include "panels/stock/StockControl.h"
 
-#include "DialogScript.h"
 #include "StockFixture.h"
 #include "platform/files/FileLock.h"
 #include "prefs/FailingCall.h"
 #include "stocklibrary/RecentPapers.h"
+#include "support/DialogScript.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/checkmenuitem.h>
@@ -94,14 +94,6 @@ protected:
         }
         return names;
     }
-    static bool turnUntil(const std::function<bool()>& isReached)
-    {
-        for (int turn = 0; !isReached() && turn < 10'000; ++turn) {
-            TurnMainLoop();
-            g_usleep(1'000);
-        }
-        return isReached();
-    }
 
     Stock stock_;
     int changes_ = 0;
@@ -136,16 +128,12 @@ TEST_F(StockControlTest, ShowsWhatIsChosenFromItsMenu)
 TEST_F(StockControlTest, AsksForWhatAChoiceNeeds)
 {
     {
-        const DialogScript user({
-            {"CustomStockColorSetup", PressKey(GDK_KEY_Escape)}
-        });
+        const DialogScript user("CustomStockColorSetup", Pressing(GDK_KEY_Escape));
         choose({"Color", "Custom Color…"});
     }
     EXPECT_EQ(stock_, Stock());
     EXPECT_EQ(changes_, 0);
-    const DialogScript user({
-        {"Custom", Respond(Gtk::RESPONSE_OK)}
-    });
+    const DialogScript user("Custom", Respond(Gtk::RESPONSE_OK));
     choose({"Size", "Custom…"});
     EXPECT_EQ(stock_.size(), 75);
     EXPECT_EQ(changes_, 1);
@@ -159,9 +147,9 @@ TEST_F(StockControlTest, OffersNamedPapersTheMostRecentlyUsedFirst)
     choose({"Stock Library", "Green"});
     EXPECT_EQ(stock_.color(), 4);
     EXPECT_EQ(stock_.customName(), "Green");
-    EXPECT_TRUE(turnUntil([] { return recent() == "Green Blue "; }));
+    EXPECT_TRUE(TurnUntil([] { return recent() == "Green Blue "; }));
     choose({"Stock Library", "Clear Recently Used"});
-    EXPECT_TRUE(turnUntil([] { return recent().empty(); }));
+    EXPECT_TRUE(TurnUntil([] { return recent().empty(); }));
     EXPECT_EQ(stock_.customName(), "Green");
     choose({"Punching", "Punched"});
     EXPECT_EQ(stock_.customName(), "") << "it is not that paper any more";
@@ -179,7 +167,7 @@ TEST_F(StockControlTest, DoesNotWaitForTheLibrarysFile)
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
     EXPECT_EQ(recent(), "Green Blue ");
     held.reset();
-    EXPECT_TRUE(turnUntil([] { return recent() == "Blue Green "; }));
+    EXPECT_TRUE(TurnUntil([] { return recent() == "Blue Green "; }));
 }
 
 TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
@@ -189,17 +177,13 @@ TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
     const DialogScript user({
         {"StockLibrary",
          [](Gtk::Dialog& dialog) { FindWidget<Gtk::Button>(dialog, "TPDE3")->clicked(); }},
-        {"NamedPaperStockSelection",
-         [](Gtk::Dialog& dialog) {
-             FindWidget<Gtk::Entry>(dialog, "TPDE12")->set_text("New");
-             dialog.response(Gtk::RESPONSE_OK);
-         }                                                                               },
+        {"NamedPaperStockSelection", Typing("TPDE12",                                      "New")},
         {"StockLibrary",
          [](Gtk::Dialog& dialog) {
              EXPECT_THAT(FindWidget<Gtk::Label>(dialog, "TPDE9")->get_text().raw(),
                          testing::HasSubstr("could not be saved"));
              dialog.response(Gtk::RESPONSE_OK);
-         }                                                                               },
+         }                                                                },
     });
     choose({"Stock Library", "Open Stock Library…"});
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
@@ -210,12 +194,10 @@ TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)
 // The application ends the print dialog while one of ours is open.
 TEST_F(StockControlTest, MayGoWhileADialogIsOpen)
 {
-    const DialogScript user({
-        {"CustomStockColorSetup", [this](Gtk::Dialog& dialog) {
-             control_.reset();
-             FindWidget<Gtk::Entry>(dialog, "TPDE1")->set_text("Lime");
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("CustomStockColorSetup", [this](Gtk::Dialog& dialog) {
+        control_.reset();
+        FindWidget<Gtk::Entry>(dialog, "TPDE1")->set_text("Lime");
+        dialog.response(Gtk::RESPONSE_OK);
     });
     choose({"Color", "Custom Color…"});
     EXPECT_EQ(stock_, Stock());

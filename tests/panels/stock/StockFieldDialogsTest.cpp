@@ -1,12 +1,12 @@
 #include "panels/stock/StockFieldDialogs.h"
 
-#include "DialogScript.h"
 #include "panels/stock/AdvancedStockDialog.h"
 #include "panels/stock/CustomSizeDialog.h"
 #include "panels/stock/StockLibraryDialog.h"
 #include "panels/toolkit/Dialogs.h"
 #include "records/Stock.h"
 #include "support/BuiltBundle.h"
+#include "support/DialogScript.h"
 #include "support/StockText.h"
 
 #include <gmock/gmock.h>
@@ -22,30 +22,24 @@ using StockDialog = OSStatus (*)(const CFBundle&, Gtk::Window*, Stock&, std::int
 struct DialogCase {
     const char* name;
     StockDialog run;
-    const char* window;
     const char* before;
     const char* text; // to be entered; "" for a dialog without
     int number;       // likewise; 0 for none
     const char* after;
 };
 
+// clang-format off
 constexpr DialogCase DialogCases[] = {
-    {"colour",             RunModalCustomStockColorSetup, "CustomStockColorSetup", "CustomColor=Lime",   "Moss",
-     0,                                                                                                                "CustomColor=Moss"  },
-    {"type",               RunModalCustomStockTypeSetup,  "CustomStockTypeSetup",  "",                   "Felt",  0,
-     "CustomType=Felt"                                                                                                                     },
-    {"ordered",            RunModalOrderedStockSetup,     "OrderedStockSetup",     "",                   "Press", 7,
-     "CustomType=Press Modulus=7"                                                                                                          },
-    {"ordered, proposed",  RunModalOrderedStockSetup,     "OrderedStockSetup",     "",                   "Press", 0,
-     "CustomType=Press Modulus=5"                                                                                                          },
-    {"ordered, too many",  RunModalOrderedStockSetup,     "OrderedStockSetup",     "",                   "Press", 999,
-     "CustomType=Press Modulus=254"                                                                                                        },
-    {"pre-cut tabs",       RunModalPreCutTabStockSetup,   "PreCutTabStockSetup",   "",                   "",      9,   "Modulus=9"         },
-    {"tabs, out of range", RunModalPreCutTabStockSetup,   "PreCutTabStockSetup",   "Type=4 Modulus=999",
-     "",                                                                                                          0,   "Type=4 Modulus=254"},
-    {"description",        RunModalStockDescriptionSetup, "StockDescriptionSetup", "",                   "Thick", 0,
-     "Description=Thick"                                                                                                                   },
+    {"colour",             RunModalCustomStockColorSetup, "CustomColor=Lime",   "Moss",  0,   "CustomColor=Moss"},
+    {"type",               RunModalCustomStockTypeSetup,  "",                   "Felt",  0,   "CustomType=Felt"},
+    {"ordered",            RunModalOrderedStockSetup,     "",                   "Press", 7,   "CustomType=Press Modulus=7"},
+    {"ordered, proposed",  RunModalOrderedStockSetup,     "",                   "Press", 0,   "CustomType=Press Modulus=5"},
+    {"ordered, too many",  RunModalOrderedStockSetup,     "",                   "Press", 999, "CustomType=Press Modulus=254"},
+    {"pre-cut tabs",       RunModalPreCutTabStockSetup,   "",                   "",      9,   "Modulus=9"},
+    {"tabs, out of range", RunModalPreCutTabStockSetup,   "Type=4 Modulus=999", "",      0,   "Type=4 Modulus=254"},
+    {"description",        RunModalStockDescriptionSetup, "",                   "Thick", 0,   "Description=Thick"},
 };
+// clang-format on
 
 void Enter(Gtk::Dialog& dialog, const DialogCase& row)
 {
@@ -70,11 +64,9 @@ TEST(StockFieldDialogs, SetTheStockOnOkAlone)
             stock.takeAsItIs(StockOf(row.before));
             const bool isCancelled = key == GDK_KEY_Escape;
             std::int32_t result = 0;
-            const DialogScript user({
-                {row.window, [&](Gtk::Dialog& dialog) {
-                     Enter(dialog, row);
-                     key == 0 ? dialog.response(Gtk::RESPONSE_OK) : Press(dialog, key);
-                 }}
+            const DialogAnswer user([&](Gtk::Dialog& dialog) {
+                Enter(dialog, row);
+                key == 0 ? dialog.response(Gtk::RESPONSE_OK) : PressKey(dialog, key);
             });
             EXPECT_EQ(row.run(bundle, nullptr, stock, result), StatusOk);
             EXPECT_EQ(result, isCancelled ? DialogCancel : DialogOk);
@@ -89,20 +81,18 @@ TEST(StockFieldDialogs, TakeNoEmptyNameAndCutALongOne)
     std::string name = "Proof";
     std::int32_t result = 0;
     const std::string longest = std::string(254, 'a') + "ü";
-    const DialogScript user({
-        {"StockNameSetup", [&longest](Gtk::Dialog& dialog) {
-             auto* field = FindWidget<Gtk::Entry>(dialog, "TPDE1");
-             EXPECT_TRUE(CanPressOk(dialog));
-             field->set_text("");
-             EXPECT_FALSE(CanPressOk(dialog));
-             field->set_text("  ");
-             EXPECT_FALSE(CanPressOk(dialog));
-             Press(dialog, GDK_KEY_Return);
-             EXPECT_TRUE(dialog.get_mapped());
-             field->set_text(longest + "bc"); // as a paste does
-             EXPECT_TRUE(CanPressOk(dialog));
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("StockNameSetup", [&longest](Gtk::Dialog& dialog) {
+        auto* field = FindWidget<Gtk::Entry>(dialog, "TPDE1");
+        EXPECT_TRUE(CanPressOk(dialog));
+        field->set_text("");
+        EXPECT_FALSE(CanPressOk(dialog));
+        field->set_text("  ");
+        EXPECT_FALSE(CanPressOk(dialog));
+        PressKey(dialog, GDK_KEY_Return);
+        EXPECT_TRUE(dialog.get_mapped());
+        field->set_text(longest + "bc"); // as a paste does
+        EXPECT_TRUE(CanPressOk(dialog));
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(RunModalStockNameSetup(bundle, nullptr, name, result), StatusOk);
     EXPECT_EQ(result, DialogOk);
@@ -114,11 +104,9 @@ TEST(StockFieldDialogs, GoBackToTheNumberOfAnEmptyField)
     const CFBundle bundle = BuiltBundle();
     Stock stock = StockOf("Type=4 Modulus=9");
     std::int32_t result = 0;
-    const DialogScript user({
-        {"PreCutTabStockSetup", [](Gtk::Dialog& dialog) {
-             FindWidget<Gtk::SpinButton>(dialog, "TPDE1")->set_text("");
-             dialog.response(Gtk::RESPONSE_OK);
-         }}
+    const DialogScript user("PreCutTabStockSetup", [](Gtk::Dialog& dialog) {
+        FindWidget<Gtk::SpinButton>(dialog, "TPDE1")->set_text("");
+        dialog.response(Gtk::RESPONSE_OK);
     });
     EXPECT_EQ(RunModalPreCutTabStockSetup(bundle, nullptr, stock, result), StatusOk);
     EXPECT_EQ(StockText(stock), "Type=4 Modulus=9");
@@ -146,32 +134,35 @@ OSStatus RunLibrary(const CFBundle& bundle, Gtk::Window* parent, Stock& stock, s
     return status;
 }
 
+struct WindowCase {
+    const char* window;
+    const char* file;
+    StockDialog run;
+};
+
+constexpr WindowCase WindowCases[] = {
+    {"CustomStockColorSetup",  "CustomStockColor.ui",       RunModalCustomStockColorSetup},
+    {"OrderedStockSetup",      "OrderedStock.ui",           RunModalOrderedStockSetup    },
+    {"PreCutTabStockSetup",    "PreCutTabStockSetup.ui",    RunModalPreCutTabStockSetup  },
+    {"Custom",                 "CustomStockSize.ui",        RunSize                      },
+    {"AdvancedStockSelection", "AdvancedStockSelection.ui", RunAdvanced                  },
+    {"StockLibrary",           "StockLibrary.ui",           RunLibrary                   },
+};
+
 TEST(StockDialogs, AreGoneAfterwards)
 {
     const CFBundle bundle = BuiltBundle();
-    const std::pair<const char*, StockDialog> dialogs[] = {
-        {"PreCutTabStockSetup",    RunModalPreCutTabStockSetup},
-        {"Custom",                 RunSize                    },
-        {"AdvancedStockSelection", RunAdvanced                },
-        {"StockLibrary",           RunLibrary                 },
-    };
-    for (const auto& [window, run] : dialogs) {
+    for (const auto& [window, file, run] : WindowCases) {
         SCOPED_TRACE(window);
         GObject* shown = nullptr;
         Stock stock;
         std::int32_t result = 0;
-        const DialogScript user({
-            {window, [&shown](Gtk::Dialog& dialog) {
-                 g_set_weak_pointer(&shown, G_OBJECT(dialog.gobj()));
-                 dialog.response(Gtk::RESPONSE_CANCEL);
-             }}
+        const DialogScript user(window, [&shown](Gtk::Dialog& dialog) {
+            g_set_weak_pointer(&shown, G_OBJECT(dialog.gobj()));
+            dialog.response(Gtk::RESPONSE_CANCEL);
         });
         run(bundle, nullptr, stock, result);
-        for (int turn = 0; shown != nullptr && turn < 1000; ++turn) {
-            TurnMainLoop();
-            g_usleep(1'000);
-        }
-        EXPECT_EQ(shown, nullptr);
+        EXPECT_TRUE(TurnUntil([&shown] { return shown == nullptr; }));
         g_clear_weak_pointer(&shown);
     }
 }
@@ -179,15 +170,7 @@ TEST(StockDialogs, AreGoneAfterwards)
 // A bundle that was installed by halves.
 TEST(StockDialogs, AreCancelledWhenTheyCannotBeShown)
 {
-    const std::pair<const char*, StockDialog> dialogs[] = {
-        {"CustomStockColor.ui",       RunModalCustomStockColorSetup},
-        {"OrderedStock.ui",           RunModalOrderedStockSetup    },
-        {"PreCutTabStockSetup.ui",    RunModalPreCutTabStockSetup  },
-        {"CustomStockSize.ui",        RunSize                      },
-        {"AdvancedStockSelection.ui", RunAdvanced                  },
-        {"StockLibrary.ui",           RunLibrary                   },
-    };
-    for (const auto& [file, run] : dialogs) {
+    for (const auto& [window, file, run] : WindowCases) {
         for (const char* description :
              {"", "<interface>", "<interface/>",
               "<interface><object class='GtkDialog' id='Custom'/></interface>"}) {

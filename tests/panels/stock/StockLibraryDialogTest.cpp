@@ -1,6 +1,5 @@
 #include "panels/stock/StockLibraryDialog.h"
 
-#include "DialogScript.h"
 #include "StockFixture.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/PopupButton.h"
@@ -8,13 +7,13 @@
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/RecentPapers.h"
 #include "stocklibrary/StockLibraryView.h"
+#include "support/DialogScript.h"
 
 #include <gmock/gmock.h>
 #include <gtkmm/checkbutton.h>
 #include <gtkmm/treeview.h>
 
 #include <chrono>
-#include <fstream>
 
 namespace tarvo {
 namespace {
@@ -77,16 +76,15 @@ protected:
             press(dialog, button);
         };
     }
-    static DialogScript::Action naming(const char* name)
-    {
-        return [name](Gtk::Dialog& dialog) {
-            FindWidget<Gtk::Entry>(dialog, "TPDE12")->set_text(name);
-            dialog.response(Gtk::RESPONSE_OK);
-        };
-    }
+    static DialogScript::Action naming(const char* name) { return Typing("TPDE12", name); }
     static void showPrinter(Gtk::Dialog& dialog)
     {
         SetPopupButtonToTicketValue(FindWidget<Gtk::ComboBox>(dialog, "TPDE1"), 2);
+    }
+    static bool ask(const DemoPrinter& printer, PrinterStockStatus expected)
+    {
+        MySpawnThread("com.tarvo.test", printer.authority(), 0);
+        return TurnUntil([expected] { return CurrentPrinterStockStatus() == expected; });
     }
     static std::string status(Gtk::Dialog& dialog)
     {
@@ -96,15 +94,6 @@ protected:
     {
         return list(dialog).get_model()->children().size();
     }
-    static bool turnUntil(const std::function<bool()>& isReached)
-    {
-        const auto end = std::chrono::steady_clock::now() + Hang;
-        while (!isReached() && std::chrono::steady_clock::now() < end) {
-            TurnMainLoop();
-            g_usleep(1'000);
-        }
-        return isReached();
-    }
 };
 
 TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
@@ -113,17 +102,15 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
     const std::string green = save("Green", 4);
     Stock stock = StockOf("Weight=90");
     {
-        const DialogScript user({
-            {Library, [](Gtk::Dialog& dialog) {
-                 EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
-                 EXPECT_FALSE(CanPressOk(dialog)) << "nothing is selected";
-                 EXPECT_TRUE(list(dialog).is_focus());
-                 select(dialog, 1);
-                 EXPECT_TRUE(CanPressOk(dialog));
-                 list(dialog).get_column(0)->set_fixed_width(231);
-                 TurnMainLoop();
-                 list(dialog).row_activated(Gtk::TreePath("1"), *list(dialog).get_column(0));
-             }}
+        const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+            EXPECT_THAT(AccessibilityFaults(dialog), IsEmpty());
+            EXPECT_FALSE(CanPressOk(dialog)) << "nothing is selected";
+            EXPECT_TRUE(list(dialog).is_focus());
+            select(dialog, 1);
+            EXPECT_TRUE(CanPressOk(dialog));
+            list(dialog).get_column(0)->set_fixed_width(231);
+            TurnMainLoop();
+            list(dialog).row_activated(Gtk::TreePath("1"), *list(dialog).get_column(0));
         });
         EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     }
@@ -133,13 +120,11 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
     EXPECT_EQ(view.widths[0], 231);
     EXPECT_EQ(view.widths[1], std::nullopt) << "as wide as ever";
     EXPECT_EQ(RecentPapers(UserPreferenceFolders(), nullptr)[0].uuid, green);
-    const DialogScript user({
-        {Library, [](Gtk::Dialog& dialog) {
-             EXPECT_TRUE(list(dialog).get_selection()->is_selected(Gtk::TreePath("1")));
-             EXPECT_EQ(list(dialog).get_column(0)->get_fixed_width(), 231);
-             select(dialog, 0);
-             Press(dialog, GDK_KEY_Escape);
-         }}
+    const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+        EXPECT_TRUE(list(dialog).get_selection()->is_selected(Gtk::TreePath("1")));
+        EXPECT_EQ(list(dialog).get_column(0)->get_fixed_width(), 231);
+        select(dialog, 0);
+        PressKey(dialog, GDK_KEY_Escape);
     });
     EXPECT_EQ(run(stock), LibraryAnswer::Cancelled);
     EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
@@ -170,7 +155,7 @@ TEST_F(StockLibraryDialog, KeepsTheUsersPapers)
         {Library,             pressing(Add)                                                                    },
         {PaperWindow, naming("Red")},
         {Library,             pressing(Delete,                                                                                 1)},
-        {"",PressKey(GDK_KEY_Return)}, // not by a hasty key
+        {"",Pressing(GDK_KEY_Return)}, // not by a hasty key
         {Library,
          [](Gtk::Dialog& dialog) {
              EXPECT_EQ(rows(dialog), 2U);
@@ -184,14 +169,8 @@ TEST_F(StockLibraryDialog, KeepsTheUsersPapers)
     EXPECT_THAT(saved(), ElementsAre("Blue:4")) << "whatever the result";
 }
 
-struct LostCase {
-    const char* name;
-    const char* stock;
-    bool isDeleted; // the first paper, while the dialog is open
-    LibraryAnswer answer;
-};
-
-constexpr LostCase LostCases[] = {
+// name, stock, whether the first paper is deleted while the dialog is open, answer
+constexpr std::tuple<const char*, const char*, bool, LibraryAnswer> LostCases[] = {
     {"another one is deleted",     "Color=4 CustomName=Teal", true,  LibraryAnswer::Cancelled},
     {"its own one is deleted",     "Color=2 CustomName=Blue", true,  LibraryAnswer::PaperLost},
     {"of its name, but different", "Color=3 CustomName=Blue", true,  LibraryAnswer::Cancelled},
@@ -203,10 +182,10 @@ constexpr LostCase LostCases[] = {
 TEST_F(StockLibraryDialog, TellsOfAPaperThatIsLostWhileItIsOpen)
 {
     save("Teal", 4);
-    for (const auto& row : LostCases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, text, isDeleted, answer] : LostCases) {
+        SCOPED_TRACE(name);
         std::vector<DialogScript::Step> steps;
-        if (row.isDeleted) {
+        if (isDeleted) {
             steps = {
                 {Library, pressing(Delete, 1)},
                 {"",       Respond(Gtk::RESPONSE_OK)                    }
@@ -215,9 +194,9 @@ TEST_F(StockLibraryDialog, TellsOfAPaperThatIsLostWhileItIsOpen)
         save("Blue", 2);
         steps.push_back({Library, Respond(Gtk::RESPONSE_CANCEL)});
         const DialogScript user(steps);
-        Stock stock = StockOf(row.stock);
-        EXPECT_EQ(run(stock), row.answer);
-        EXPECT_EQ(StockText(stock), row.stock) << "for the caller to decide";
+        Stock stock = StockOf(text);
+        EXPECT_EQ(run(stock), answer);
+        EXPECT_EQ(StockText(stock), text) << "for the caller to decide";
     }
 }
 
@@ -231,11 +210,9 @@ TEST_F(StockLibraryDialog, ComparesWithThePrintersPapersOfTheEnd)
     };
     for (const bool isLost : {false, true}) {
         ThePanelEnvironment().printerStockList = listOf(far);
-        const DialogScript user({
-            {Library, [&](Gtk::Dialog& dialog) {
-                 ThePanelEnvironment().printerStockList = listOf(isLost ? Paper("Near") : far);
-                 dialog.response(Gtk::RESPONSE_CANCEL);
-             }}
+        const DialogScript user(Library, [&](Gtk::Dialog& dialog) {
+            ThePanelEnvironment().printerStockList = listOf(isLost ? Paper("Near") : far);
+            dialog.response(Gtk::RESPONSE_CANCEL);
         });
         Stock stock = far.stock();
         EXPECT_EQ(run(stock), isLost ? LibraryAnswer::PaperLost : LibraryAnswer::Cancelled);
@@ -245,17 +222,15 @@ TEST_F(StockLibraryDialog, ComparesWithThePrintersPapersOfTheEnd)
 TEST_F(StockLibraryDialog, ShowsButDoesNotGiveAPaperThatIsNotOffered)
 {
     save("Odd", 77);
-    const DialogScript user({
-        {Library, [](Gtk::Dialog& dialog) {
-             select(dialog, 0);
-             EXPECT_FALSE(CanPressOk(dialog));
-             EXPECT_NE(status(dialog), "");
-             list(dialog).row_activated(Gtk::TreePath("0"), *list(dialog).get_column(0));
-             EXPECT_TRUE(dialog.get_mapped());
-             EXPECT_TRUE(isEnabled(dialog, Edit));
-             EXPECT_FALSE(isEnabled(dialog, Copy));
-             dialog.response(Gtk::RESPONSE_CANCEL);
-         }}
+    const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+        select(dialog, 0);
+        EXPECT_FALSE(CanPressOk(dialog));
+        EXPECT_NE(status(dialog), "");
+        list(dialog).row_activated(Gtk::TreePath("0"), *list(dialog).get_column(0));
+        EXPECT_TRUE(dialog.get_mapped());
+        EXPECT_TRUE(isEnabled(dialog, Edit));
+        EXPECT_FALSE(isEnabled(dialog, Copy));
+        dialog.response(Gtk::RESPONSE_CANCEL);
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
@@ -289,66 +264,45 @@ TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
     EXPECT_TRUE(isHidden[1]);
 }
 
-TEST_F(StockLibraryDialog, LosesNothingOfALibraryThatIsBroken)
-{
-    save("Blue", 2);
-    std::ofstream(libraryPath()) << "<plist><dict><key>half";
-    testing::internal::CaptureStderr();
-    const DialogScript user({
-        {Library,
-         [](Gtk::Dialog& dialog) {
-             EXPECT_EQ(status(dialog), "Your library has no papers yet.");
-             press(dialog, Add);
-         }                                     },
-        {PaperWindow, naming("New")            },
-        {Library,     Respond(Gtk::RESPONSE_OK)},
-    });
-    EXPECT_EQ(run(), LibraryAnswer::Chosen);
-    testing::internal::GetCapturedStderr();
-    EXPECT_THAT(saved(), ElementsAre("New:-2147483648"));
-    EXPECT_TRUE(std::filesystem::exists(libraryPath() + ".unreadable"));
-}
-
 TEST_F(StockLibraryDialog, SavesWhenItIsClosedWhatCouldNotBeSavedBefore)
 {
     save("Blue", 2);
     const std::string aside = libraryPath() + ".aside";
     testing::internal::CaptureStderr();
+    const auto addWhileBlocked = [&aside](Gtk::Dialog& dialog) {
+        std::filesystem::rename(libraryPath(), aside);
+        std::filesystem::create_directory(libraryPath());
+        press(dialog, Add);
+    };
+    const auto closeWhenFree = [this, &aside](Gtk::Dialog& dialog) {
+        EXPECT_EQ(status(dialog), bundle_->localizedString("StockLibraryNotSaved"));
+        EXPECT_EQ(rows(dialog), 2U);
+        std::filesystem::remove(libraryPath());
+        std::filesystem::rename(aside, libraryPath());
+        dialog.response(Gtk::RESPONSE_CANCEL);
+    };
     const DialogScript user({
-        {Library,
-         [&aside](Gtk::Dialog& dialog) {
-             std::filesystem::rename(libraryPath(), aside);
-             std::filesystem::create_directory(libraryPath());
-             press(dialog, Add);
-         }               },
-        {       PaperWindow, naming("New")},
-        { Library,
-         [this,     &aside](Gtk::Dialog& dialog) {
-             EXPECT_EQ(status(dialog), bundle_->localizedString("StockLibraryNotSaved"));
-             EXPECT_EQ(rows(dialog), 2U);
-             std::filesystem::remove(libraryPath());
-             std::filesystem::rename(aside, libraryPath());
-             dialog.response(Gtk::RESPONSE_CANCEL);
-         }},
+        {Library,     addWhileBlocked},
+        {PaperWindow, naming("New")  },
+        {Library,     closeWhenFree  },
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
-    EXPECT_TRUE(turnUntil([] { return saved().size() == 2; })) << "by a task";
+    EXPECT_TRUE(TurnUntil([] { return saved().size() == 2; })) << "by a task";
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::StartsWith("WriteUserPreferences() failed"));
 }
 
-TEST_F(StockLibraryDialog, SaysWhatIsKnownOfAPrinter)
+TEST_F(StockLibraryDialog, SaysWhyThereIsNothingToChoose)
 {
-    const DialogScript user({
-        {Library, [](Gtk::Dialog& dialog) {
-             showPrinter(dialog);
-             EXPECT_EQ(status(dialog), "This printer has no list of papers.");
-             EXPECT_EQ(rows(dialog), 0U);
-             for (const char* button : {Add, Edit, Delete, Copy, Refresh}) {
-                 EXPECT_FALSE(isEnabled(dialog, button)) << button;
-             }
-             dialog.response(Gtk::RESPONSE_CANCEL);
-         }}
+    const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+        EXPECT_EQ(status(dialog), "Your library has no papers yet.");
+        showPrinter(dialog);
+        EXPECT_EQ(status(dialog), "This printer has no list of papers.");
+        EXPECT_EQ(rows(dialog), 0U);
+        for (const char* button : {Add, Edit, Delete, Copy, Refresh}) {
+            EXPECT_FALSE(isEnabled(dialog, button)) << button;
+        }
+        dialog.response(Gtk::RESPONSE_CANCEL);
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
@@ -357,14 +311,12 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
 {
     const DemoPrinter printer({});
     save("Gloss brochure", 2);
-    MySpawnThread("com.tarvo.test", printer.authority(), 0);
-    ASSERT_TRUE(
-        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; }));
+    ASSERT_TRUE(ask(printer, PrinterStockStatus::InProgress));
     const DialogScript user({
         {Library,
          [](Gtk::Dialog& dialog) {
              showPrinter(dialog);
-             EXPECT_TRUE(turnUntil([&] { return rows(dialog) == DemoPrinter::MediaCount; }))
+             EXPECT_TRUE(TurnUntil([&] { return rows(dialog) == DemoPrinter::MediaCount; }))
                  << "it was asked before the dialog opened";
              EXPECT_EQ(status(dialog), "");
              press(dialog, Refresh);
@@ -372,7 +324,7 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
              EXPECT_THAT(status(dialog), testing::HasSubstr("being retrieved"));
              const auto former = ThePanelEnvironment().printerStockList;
              EXPECT_TRUE(
-                 turnUntil([&] { return ThePanelEnvironment().printerStockList != former; }));
+                 TurnUntil([&] { return ThePanelEnvironment().printerStockList != former; }));
              EXPECT_TRUE(isEnabled(dialog, Refresh));
              select(dialog, 0);
              press(dialog, Copy);
@@ -393,41 +345,30 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
 }
 
-struct AnswerCase {
-    const char* name;
-    std::vector<std::string> printer;
-    const char* status;
-};
-
 TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
 {
-    const AnswerCase cases[] = {
-        {"none",    {"--repeat", "0"}, "The printer reports no papers."                       },
-        {"refused",
-         {"--misbehave", "401"},
+    using enum PrinterStockStatus;
+    // clang-format off
+    // name, the printer's options, how it ends, what is told
+    const std::tuple<const char*, std::vector<std::string>, PrinterStockStatus, const char*> cases[] = {
+        {"none", {"--repeat", "0"}, Complete, "The printer reports no papers."},
+        {"refused", {"--misbehave", "401"}, Complete,
          "The papers of the printer could not be read: the printer answered 401 Unauthorized."},
-        {"gone",
-         {"--misbehave", "refuse"},
-         "The papers of the printer could not be retrieved. Check that it is switched on and "
-         "connected, then press Refresh."                                                     },
+        {"gone", {"--misbehave", "refuse"}, Failed,
+         "The papers of the printer could not be retrieved. Check that it is switched on and connected, then press Refresh."},
     };
-    for (const AnswerCase& row : cases) {
-        SCOPED_TRACE(row.name);
-        const DemoPrinter printer(row.printer);
+    // clang-format on
+    for (const auto& [name, options, end, told] : cases) {
+        SCOPED_TRACE(name);
+        const DemoPrinter printer(options);
         testing::internal::CaptureStderr();
-        MySpawnThread("com.tarvo.test", printer.authority(), 0);
-        EXPECT_TRUE(turnUntil([] {
-            return CurrentPrinterStockStatus() == PrinterStockStatus::Complete ||
-                   CurrentPrinterStockStatus() == PrinterStockStatus::Failed;
-        }));
+        EXPECT_TRUE(ask(printer, end));
         testing::internal::GetCapturedStderr(); // the worker's
-        const DialogScript user({
-            {Library, [&row](Gtk::Dialog& dialog) {
-                 showPrinter(dialog);
-                 EXPECT_EQ(status(dialog), row.status);
-                 EXPECT_TRUE(isEnabled(dialog, Refresh));
-                 dialog.response(Gtk::RESPONSE_CANCEL);
-             }}
+        const DialogScript user(Library, [told = told](Gtk::Dialog& dialog) {
+            showPrinter(dialog);
+            EXPECT_EQ(status(dialog), told);
+            EXPECT_TRUE(isEnabled(dialog, Refresh));
+            dialog.response(Gtk::RESPONSE_CANCEL);
         });
         EXPECT_EQ(run(), LibraryAnswer::Cancelled);
         MyRemoveThread(0);
@@ -437,21 +378,17 @@ TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
 TEST_F(StockLibraryDialog, SaysWhyAPapersOfThePrinterCannotBeChosen)
 {
     const DemoPrinter printer({"--repeat", "0"});
-    MySpawnThread("com.tarvo.test", printer.authority(), 0);
-    EXPECT_TRUE(
-        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::Complete; }));
+    EXPECT_TRUE(ask(printer, PrinterStockStatus::Complete));
     StockLibrary odd = Paper("Odd", 77);
     odd.validateStockEntry();
     ThePanelEnvironment().printerStockList = std::make_shared<StockLibraryList>();
     ThePanelEnvironment().printerStockList->add(odd);
-    const DialogScript user({
-        {Library, [](Gtk::Dialog& dialog) {
-             showPrinter(dialog);
-             select(dialog, 0);
-             EXPECT_FALSE(CanPressOk(dialog));
-             EXPECT_THAT(status(dialog), testing::HasSubstr("Copy it to your papers"));
-             dialog.response(Gtk::RESPONSE_CANCEL);
-         }}
+    const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+        showPrinter(dialog);
+        select(dialog, 0);
+        EXPECT_FALSE(CanPressOk(dialog));
+        EXPECT_THAT(status(dialog), testing::HasSubstr("Copy it to your papers"));
+        dialog.response(Gtk::RESPONSE_CANCEL);
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
 }
@@ -460,17 +397,13 @@ TEST_F(StockLibraryDialog, SaysWhyAPapersOfThePrinterCannotBeChosen)
 TEST_F(StockLibraryDialog, OpensAndClosesWhileThePrinterHangs)
 {
     const DemoPrinter printer({"--misbehave", "silent"});
-    MySpawnThread("com.tarvo.test", printer.authority(), 0);
-    ASSERT_TRUE(
-        turnUntil([] { return CurrentPrinterStockStatus() == PrinterStockStatus::InProgress; }));
+    ASSERT_TRUE(ask(printer, PrinterStockStatus::InProgress));
     const auto start = std::chrono::steady_clock::now();
     for (int time = 0; time < 2; ++time) {
-        const DialogScript user({
-            {Library, [](Gtk::Dialog& dialog) {
-                 showPrinter(dialog);
-                 EXPECT_THAT(status(dialog), testing::HasSubstr("being retrieved"));
-                 dialog.response(Gtk::RESPONSE_CANCEL);
-             }}
+        const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+            showPrinter(dialog);
+            EXPECT_THAT(status(dialog), testing::HasSubstr("being retrieved"));
+            dialog.response(Gtk::RESPONSE_CANCEL);
         });
         EXPECT_EQ(run(), LibraryAnswer::Cancelled);
     }

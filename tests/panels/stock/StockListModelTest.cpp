@@ -1,6 +1,7 @@
 #include "panels/stock/StockListModel.h"
 
 #include "StockFixture.h"
+#include "support/Entries.h"
 
 #include <gtk/gtk.h>
 #include <gtkmm/treepath.h>
@@ -8,34 +9,23 @@
 namespace tarvo {
 namespace {
 
-class StockListModelTest : public StockFixture {
-protected:
-    // Papers named by their numbers, and something that is none between them.
-    Glib::RefPtr<StockListModel> modelOf(int count)
-    {
-        StockLibraryList list;
-        for (int number = 0; number < count; ++number) {
-            StockLibrary paper = Paper(std::to_string(number), number == 1 ? 77 : 2);
-            uuids_.push_back(list.add(paper));
-        }
-        if (count > 2) {
-            list.setInUse(uuids_[2]);
-        }
-        auto papers = std::make_shared<CFDictionary>();
-        papers->set("no entry", 5);
-        for (const auto& each : list.stockList()) {
-            papers->set(each.key, each.value);
-        }
-        return StockListModel::Create(*bundle_, papers);
-    }
-
-    std::vector<std::string> uuids_;
-};
+using StockListModelTest = StockFixture;
 
 // As a list walks through it.
 TEST_F(StockListModelTest, HasARowForEachPaper)
 {
-    const auto model = modelOf(4);
+    StockLibraryList list;
+    std::vector<std::string> uuids;
+    for (int number = 0; number < 4; ++number) {
+        StockLibrary paper = Paper(std::to_string(number), number == 1 ? 77 : 2);
+        uuids.push_back(list.add(paper));
+    }
+    list.setInUse(uuids[2]);
+    auto papers = std::make_shared<CFDictionary>(Entries("no entry", 5));
+    for (const auto& each : list.stockList()) {
+        papers->set(each.key, each.value);
+    }
+    const auto model = StockListModel::Create(*bundle_, papers);
     EXPECT_EQ(model->children().size(), 4U);
     int number = 0;
     for (const auto& row : model->children()) {
@@ -54,6 +44,9 @@ TEST_F(StockListModelTest, HasARowForEachPaper)
         ++number;
     }
     EXPECT_EQ(number, 4);
+    for (const char* path : {"4", "0:0", "2147483647"}) {
+        EXPECT_FALSE(model->get_iter(path)) << path;
+    }
 }
 
 TEST_F(StockListModelTest, ShowsTheBeginningOfALongText)
@@ -71,21 +64,6 @@ TEST_F(StockListModelTest, ShowsTheBeginningOfALongText)
     model->children().begin()->get_value(0, shown);
     EXPECT_EQ(shown.size(), 255U);
     EXPECT_EQ(model->paper(0).name(), text);
-}
-
-TEST_F(StockListModelTest, FindsRowsByPathAndByUuid)
-{
-    const auto model = modelOf(3);
-    EXPECT_EQ(model->rowOf(uuids_[2]), 2U);
-    EXPECT_EQ(model->rowOf("no entry"), std::nullopt);
-    EXPECT_EQ(model->uuid(2), uuids_[2]);
-    EXPECT_EQ(model->paper(2).name(), "2");
-    EXPECT_TRUE(model->get_iter("2"));
-    for (const char* path : {"3", "0:0", "2147483647"}) {
-        EXPECT_FALSE(model->get_iter(path)) << path;
-    }
-    EXPECT_EQ(StockListModel::Create(*bundle_, nullptr)->children().size(), 0U)
-        << "a printer that has said nothing";
 }
 
 } // namespace

@@ -9,15 +9,8 @@ namespace {
 
 constexpr PictureBox Room = {10, 20, 100, 200};
 
-struct PageCase {
-    const char* name;
-    StockDimensions page;
-    StockDimensions largest;
-    double width;
-    double height;
-};
-
-constexpr PageCase PageCases[] = {
+// name, page, the largest page, width and height of the picture
+constexpr std::tuple<const char*, StockDimensions, StockDimensions, double, double> PageCases[] = {
     {"half of the largest",   {100, 200}, {200, 400}, 50,  100},
     {"the length decides",    {100, 400}, {100, 800}, 25,  100},
     {"the width decides",     {400, 100}, {400, 100}, 100, 25 },
@@ -27,11 +20,11 @@ constexpr PageCase PageCases[] = {
 
 TEST(PageBox, IsToScaleAndInTheMiddle)
 {
-    for (const auto& row : PageCases) {
-        SCOPED_TRACE(row.name);
-        const PictureBox box = PageBox(row.page, row.largest, Room);
-        EXPECT_DOUBLE_EQ(box.width, row.width);
-        EXPECT_DOUBLE_EQ(box.height, row.height);
+    for (const auto& [name, page, largest, width, height] : PageCases) {
+        SCOPED_TRACE(name);
+        const PictureBox box = PageBox(page, largest, Room);
+        EXPECT_DOUBLE_EQ(box.width, width);
+        EXPECT_DOUBLE_EQ(box.height, height);
         EXPECT_DOUBLE_EQ(box.left + box.width / 2, 60);
         EXPECT_DOUBLE_EQ(box.top + box.height / 2, 120);
     }

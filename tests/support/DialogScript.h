@@ -2,6 +2,9 @@
 
 #include "support/Widgets.h"
 
+#include <gtkmm/dialog.h>
+#include <gtkmm/entry.h>
+
 #include <deque>
 #include <functional>
 #include <string>
@@ -11,7 +14,7 @@
 namespace tarvo {
 
 /// What a user does in dialogs, one within another: each step waits for the dialog of its name in
-/// front and acts in it. An alert has no name.
+/// front and acts in it. An alert's name is "".
 class DialogScript {
 public:
     using Action = std::function<void(Gtk::Dialog& dialog)>;
@@ -23,6 +26,12 @@ public:
     explicit DialogScript(std::vector<Step> steps) : steps_(steps.begin(), steps.end())
     {
         waitForNext();
+    }
+    DialogScript(const std::string& window, const Action& act)
+        : DialogScript({
+              Step{window, act}
+    })
+    {
     }
     DialogScript(const DialogScript&) = delete;
     DialogScript& operator=(const DialogScript&) = delete;
@@ -44,6 +53,9 @@ public:
                    : nullptr;
     }
 
+protected:
+    static constexpr const char* AnyWindow = "*";
+
 private:
     static constexpr int MostTurns = 10'000;
 
@@ -57,7 +69,7 @@ private:
         if (steps_.empty()) {
             return giveUp(dialog);
         }
-        if (dialog == nullptr || WindowName(*dialog) != steps_.front().window) {
+        if (dialog == nullptr || !IsOf(steps_.front(), *dialog)) {
             return ++turns_ < MostTurns ? TRUE : giveUp(dialog);
         }
         turns_ = 0;
@@ -88,6 +100,10 @@ private:
         }
         return TRUE;
     }
+    static bool IsOf(const Step& step, Gtk::Dialog& dialog)
+    {
+        return step.window == AnyWindow || step.window == WindowName(dialog);
+    }
     static std::string WindowName(Gtk::Dialog& dialog)
     {
         return GTK_IS_MESSAGE_DIALOG(dialog.gobj()) ? "" : NameInDescription(dialog);
@@ -98,6 +114,12 @@ private:
     int turns_ = 0; // in vain
 };
 
+/// The same in the next dialog, whichever it is.
+class DialogAnswer : public DialogScript {
+public:
+    explicit DialogAnswer(const Action& act) : DialogScript(AnyWindow, act) {}
+};
+
 // What users do.
 
 inline DialogScript::Action Respond(int response)
@@ -105,31 +127,18 @@ inline DialogScript::Action Respond(int response)
     return [response](Gtk::Dialog& dialog) { dialog.response(response); };
 }
 
-/// Presses a key in the window, as the toolkit hears of it.
-inline void Press(Gtk::Window& window, guint key, guint modifiers = 0)
+/// Types into an entry and presses OK.
+inline DialogScript::Action Typing(const char* entry, const std::string& text)
 {
-    for (const GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
-        GdkEvent* event = gdk_event_new(type);
-        GdkKeymapKey* keys = nullptr;
-        gint count = 0;
-        gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(gdk_display_get_default()),
-                                          key, &keys, &count);
-        event->key.window = GDK_WINDOW(g_object_ref(window.get_window()->gobj()));
-        event->key.send_event = TRUE;
-        event->key.keyval = key;
-        event->key.state = modifiers;
-        event->key.hardware_keycode = static_cast<guint16>(count > 0 ? keys[0].keycode : 0);
-        g_free(keys);
-        gdk_event_set_device(
-            event, gdk_seat_get_keyboard(gdk_display_get_default_seat(gdk_display_get_default())));
-        gtk_widget_event(GTK_WIDGET(window.gobj()), event);
-        gdk_event_free(event);
-    }
+    return [entry, text](Gtk::Dialog& dialog) {
+        FindWidget<Gtk::Entry>(dialog, entry)->set_text(text);
+        dialog.response(Gtk::RESPONSE_OK);
+    };
 }
 
-inline DialogScript::Action PressKey(guint key)
+inline DialogScript::Action Pressing(guint key)
 {
-    return [key](Gtk::Dialog& dialog) { Press(dialog, key); };
+    return [key](Gtk::Dialog& dialog) { PressKey(dialog, key); };
 }
 
 inline bool CanPressOk(Gtk::Dialog& dialog)
