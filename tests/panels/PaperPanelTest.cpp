@@ -141,10 +141,7 @@ TEST_F(PaperPanel, AConflictIsSeenAndResolvedAndChangesNothingByItself)
 
 TEST_F(PaperPanel, ResolvingAConflictOfTheStockLeadsToItsMenu)
 {
-    ticket_->setItem("x", JobLevelStockKey,
-                     Entries({
-                         {"Type", 9}
-    })); // labels
+    ticket_->setItem("x", JobLevelStockKey, Entries("Type", 9)); // labels
     ticket_->ppdDictionary().set("InputSlot", "Tray");
     open();
     ASSERT_NE(remedy("Tshl2202"), nullptr);
