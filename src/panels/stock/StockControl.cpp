@@ -173,7 +173,7 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
     }
 
     // On a copy: the panel with the stock may go while a dialog is open.
-    void choose(const MenuItem& item)
+    void choose(const MenuItem& item) const
     {
         const CFBundle* bundle = GetPDEBundle();
         if (bundle == nullptr || stock == nullptr) {
