@@ -4,9 +4,6 @@
 #include "platform/text/Utf8.h"
 #include "platform/xml/XmlParser.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parserInternals.h>
-
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -55,7 +52,7 @@ std::string_view NameOfElement(Element wanted)
     return "";
 }
 
-std::string TextOf(const xmlChar* text)
+std::string TextOf(const unsigned char* text)
 {
     return reinterpret_cast<const char*>(text);
 }
@@ -68,30 +65,32 @@ bool IsWhiteSpace(std::string_view text)
 }
 
 // Builds the values from the parser's events. The first error stops the parser.
-class PropertyListBuilder {
+class PropertyListBuilder final : public XmlReceiver {
 public:
-    PropertyListBuilder(xmlParserCtxt* parser, bool wantsPlaces)
-        : parser_(parser), wantsPlaces_(wantsPlaces)
+    /// @param xml  within the limits of a property list
+    PropertyListBuilder(std::string_view xml, bool wantsPlaces)
+        : parser_(*this, xml), wantsPlaces_(wantsPlaces)
     {
+        if (!parser_.isMade()) {
+            error_ = ParseError{0, "no memory for the parser"};
+            return;
+        }
         for (std::size_t index = 0; index < ElementNames.size(); ++index) {
-            const std::string_view name = ElementNames[index].first;
-            internedNames_[index] =
-                xmlDictLookup(parser->dict, reinterpret_cast<const xmlChar*>(name.data()),
-                              static_cast<int>(name.size()));
+            internedNames_[index] = parser_.nameOf(ElementNames[index].first);
         }
     }
 
-    /// @param name  as the parser's dictionary holds it
-    void startElement(const xmlChar* name);
-    void endElement();
-    void characters(std::string_view text);
-    void parserError(const xmlError& error) { fail(ParseErrorOf(error)); }
-    void fail(ParseError error);
-    void fail(std::string reason) { fail(ParseError{line(), std::move(reason)}); }
+    /// @return whether the list is complete; else error() says why not
+    bool run();
+
+    void startElement(const XmlStart& start) override;
+    void endElement() override;
+    void characters(std::string_view text) override;
+    void parserError(ParseError error, bool /*isOfNamespaces*/) override { fail(std::move(error)); }
 
     std::optional<CFPropertyList> takeRoot() { return std::move(root_); }
     PropertyListPlace takePlace() { return std::move(place_); }
-    const std::optional<ParseError>& error() const { return error_; }
+    const ParseError& error() const { return *error_; }
 
 private:
     // A dictionary or an array that is open.
@@ -103,20 +102,23 @@ private:
         std::vector<PropertyListPlace> places; // of the members; empty when nobody wants them
     };
 
-    Element elementOfName(const xmlChar* name) const;
-    std::string refusal(Element element, const xmlChar* name) const;
+    /// @param name  as the parser hands it out
+    void startElement(const unsigned char* name);
+    void fail(ParseError error);
+    void fail(std::string reason) { fail(ParseError{parser_.line(), std::move(reason)}); }
+    Element elementOfName(const unsigned char* name) const;
+    std::string refusal(Element element, const unsigned char* name) const;
     void endContainer();
     void endScalar(Element element);
     template <typename Type>
     void addParsed(Element element, std::optional<Type> value);
     void add(CFPropertyList&& value, std::vector<PropertyListPlace>&& inside = {});
     void beginPlace(Element element);
-    std::size_t line() const { return static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_)); }
 
-    xmlParserCtxt* parser_;
+    XmlParser parser_;
     bool wantsPlaces_;
     // The parser hands out one pointer for equal names: comparing pointers is enough.
-    std::array<const xmlChar*, ElementNames.size()> internedNames_ = {};
+    std::array<const unsigned char*, ElementNames.size()> internedNames_ = {};
     bool inPlist_ = false;
     bool seenPlist_ = false;
     Element leaf_ = Element::None; // the open element that holds text
@@ -131,15 +133,37 @@ private:
     std::optional<ParseError> error_;
 };
 
+bool PropertyListBuilder::run()
+{
+    if (!error_ && (!parser_.parse() || !root_) && !error_) {
+        error_ = ParseError{0, "not a complete XML document"};
+    }
+    return !error_;
+}
+
+void PropertyListBuilder::startElement(const XmlStart& start)
+{
+    // The parser walks all that are declared for every prefix it meets.
+    if (start.namespaces != 0) {
+        fail("a namespace is declared");
+        return;
+    }
+    if (start.prefix != nullptr) {
+        fail("unknown element \"" + TextOf(start.prefix) + ":" + TextOf(start.name) + "\"");
+        return;
+    }
+    startElement(start.name);
+}
+
 void PropertyListBuilder::fail(ParseError error)
 {
     if (!error_) {
         error_ = InOneLine(std::move(error));
-        xmlStopParser(parser_);
+        parser_.stop();
     }
 }
 
-Element PropertyListBuilder::elementOfName(const xmlChar* name) const
+Element PropertyListBuilder::elementOfName(const unsigned char* name) const
 {
     const auto found = std::find(internedNames_.begin(), internedNames_.end(), name);
     return found == internedNames_.end()
@@ -147,7 +171,7 @@ Element PropertyListBuilder::elementOfName(const xmlChar* name) const
                : ElementNames[static_cast<std::size_t>(found - internedNames_.begin())].second;
 }
 
-void PropertyListBuilder::startElement(const xmlChar* name)
+void PropertyListBuilder::startElement(const unsigned char* name)
 {
     const Element element = elementOfName(name);
     if (std::string reason = refusal(element, name); !reason.empty()) {
@@ -181,11 +205,11 @@ void PropertyListBuilder::beginPlace(Element element)
         return;
     }
     auto* places = open_.empty() ? nullptr : &open_.back().places;
-    (places == nullptr ? place_ : places->emplace_back()).line = line();
+    (places == nullptr ? place_ : places->emplace_back()).line = parser_.line();
 }
 
 // Why the element may not stand here; empty when it may.
-std::string PropertyListBuilder::refusal(Element element, const xmlChar* name) const
+std::string PropertyListBuilder::refusal(Element element, const unsigned char* name) const
 {
     if (element == Element::None) {
         return "unknown element \"" + TextOf(name) + "\"";
@@ -326,22 +350,6 @@ void PropertyListBuilder::add(CFPropertyList&& value, std::vector<PropertyListPl
     container.hasKey = false;
 }
 
-void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*,
-                  int namespaceCount, const xmlChar**, int, int, const xmlChar**)
-{
-    auto& builder = *static_cast<PropertyListBuilder*>(context);
-    // The parser walks all that are declared for every prefix it meets.
-    if (namespaceCount != 0) {
-        builder.fail("a namespace is declared");
-        return;
-    }
-    if (prefix != nullptr) {
-        builder.fail("unknown element \"" + TextOf(prefix) + ":" + TextOf(name) + "\"");
-        return;
-    }
-    builder.startElement(name);
-}
-
 } // namespace
 
 std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError& error,
@@ -351,30 +359,15 @@ std::optional<CFPropertyList> ReadPropertyList(std::string_view xml, ParseError&
         error = std::move(*broken);
         return std::nullopt;
     }
-    InitializeXmlParser();
-    // The limits keep the text below 64 MiB, so its length fits the parser's int.
-    const XmlParser parser(xmlCreateMemoryParserCtxt(xml.data(), static_cast<int>(xml.size())));
-    if (!parser) {
-        error = ParseError{0, "no memory for the parser"};
-        return std::nullopt;
-    }
-    PropertyListBuilder builder(parser.get(), place != nullptr);
-    *parser->sax = XmlHandlersFor<PropertyListBuilder>(StartElement);
-    parser->userData = &builder;
-    const bool isWellFormed = ParseXmlDocument(*parser);
-    if (builder.error()) {
-        error = *builder.error();
-        return std::nullopt;
-    }
-    auto root = builder.takeRoot();
-    if (!isWellFormed || !root) {
-        error = ParseError{0, "not a complete XML document"};
+    PropertyListBuilder builder(xml, place != nullptr);
+    if (!builder.run()) {
+        error = builder.error();
         return std::nullopt;
     }
     if (place != nullptr) {
         *place = builder.takePlace();
     }
-    return root;
+    return builder.takeRoot();
 }
 
 std::optional<CFDictionary> ReadPropertyListDictionary(std::string_view xml, ParseError& error,

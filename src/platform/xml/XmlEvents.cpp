@@ -2,47 +2,43 @@
 
 #include "platform/xml/XmlParser.h"
 
-#include <libxml/SAX2.h>
-#include <libxml/parserInternals.h>
-
 #include <vector>
 
 namespace tarvo {
 namespace {
 
-std::string_view ViewOf(const xmlChar* text)
+std::string_view ViewOf(const unsigned char* text)
 {
     return reinterpret_cast<const char*>(text);
 }
 
 // One reading: the source, checked on its way to the parser, and the parser's events on their way
 // to who wants them. The first error stops the parser.
-class XmlReading {
+class XmlReading final : public XmlReceiver {
 public:
     XmlReading(const XmlSource& source, const XmlLimits& limits, XmlEvents& events)
-        : source_(source), walk_(limits), events_(events)
+        : source_(source), walk_(limits), events_(events), parser_(*this, ReadBytes, this)
     {
     }
 
     bool run();
     const ParseError& error() const { return *error_; }
 
-    int read(char* bytes, std::size_t size);
-    void startElement(const xmlChar* name, const xmlChar* prefix, bool isDeclared, int namespaces,
-                      int attributeCount, const xmlChar** attributes);
-    void endElement();
-    void characters(std::string_view text) { events_.characters(text); }
-    void parserError(const xmlError& error);
+    void startElement(const XmlStart& start) override;
+    void endElement() override;
+    void characters(std::string_view text) override { events_.characters(text); }
+    void parserError(ParseError error, bool isOfNamespaces) override;
 
 private:
-    std::size_t line() const
+    static int ReadBytes(void* reading, char* bytes, int size)
     {
-        return static_cast<std::size_t>(xmlSAX2GetLineNumber(parser_.get()));
+        return static_cast<XmlReading*>(reading)->read(bytes, static_cast<std::size_t>(size));
     }
+    int read(char* bytes, std::size_t size);
     void refuse(std::string reason)
     {
         if (!reason.empty()) {
-            fail({line(), std::move(reason)});
+            fail({parser_.line(), std::move(reason)});
         }
     }
     void fail(ParseError error);
@@ -51,43 +47,21 @@ private:
     const XmlSource& source_;
     XmlLimitsWalk walk_;
     XmlEvents& events_;
-    XmlParser parser_;
     std::optional<ParseError> error_;
     bool isAtEnd_ = false;
     std::vector<int> namespaces_; // that each open element declares
     int namespacesInAll_ = 0;
     std::string prefixed_;
+    XmlParser parser_; // reads with what stands above
 };
-
-XmlReading& ReadingOf(void* context)
-{
-    return *static_cast<XmlReading*>(context);
-}
-
-int ReadBytes(void* context, char* bytes, int size)
-{
-    return ReadingOf(context).read(bytes, static_cast<std::size_t>(size));
-}
-
-void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
-                  int namespaceCount, const xmlChar**, int attributeCount, int,
-                  const xmlChar** attributes)
-{
-    ReadingOf(context).startElement(name, prefix, uri != nullptr, namespaceCount, attributeCount,
-                                    attributes);
-}
 
 bool XmlReading::run()
 {
-    InitializeXmlParser();
-    xmlSAXHandler handlers = XmlHandlersFor<XmlReading>(StartElement);
-    parser_.reset(
-        xmlCreateIOParserCtxt(&handlers, this, ReadBytes, nullptr, this, XML_CHAR_ENCODING_UTF8));
-    if (!parser_) {
+    if (!parser_.isMade()) {
         note(ParseError{0, "no memory for the parser"});
         return false;
     }
-    if (!ParseXmlDocument(*parser_) && !error_) {
+    if (!parser_.parse() && !error_) {
         note(ParseError{0, "not a complete XML document"});
     }
     return !error_;
@@ -114,29 +88,28 @@ int XmlReading::read(char* bytes, std::size_t size)
     return error_ ? -1 : static_cast<int>(filled);
 }
 
-void XmlReading::startElement(const xmlChar* name, const xmlChar* prefix, bool isDeclared,
-                              int namespaces, int attributeCount, const xmlChar** attributes)
+void XmlReading::startElement(const XmlStart& start)
 {
     if (error_) {
         return;
     }
-    namespaces_.push_back(namespaces);
-    namespacesInAll_ += namespaces;
+    namespaces_.push_back(start.namespaces);
+    namespacesInAll_ += start.namespaces;
     if (namespacesInAll_ > static_cast<int>(XmlMaximumNamespaces)) {
         refuse("more than " + std::to_string(XmlMaximumNamespaces) + " namespaces in one place");
         return;
     }
-    if (xmlDictSize(parser_->dict) > static_cast<int>(XmlMaximumNames)) {
+    if (parser_.nameCount() > static_cast<int>(XmlMaximumNames)) {
         refuse("more than " + std::to_string(XmlMaximumNames) + " different names");
         return;
     }
-    std::string_view shown = ViewOf(name);
-    if (prefix != nullptr && !isDeclared) {
-        prefixed_.assign(ViewOf(prefix)).append(":").append(shown);
+    std::string_view shown = ViewOf(start.name);
+    if (start.prefix != nullptr && !start.isDeclared) {
+        prefixed_.assign(ViewOf(start.prefix)).append(":").append(shown);
         shown = prefixed_;
     }
-    refuse(events_.startElement(
-        XmlElement(shown, line(), attributes, static_cast<std::size_t>(attributeCount))));
+    refuse(events_.startElement(XmlElement(shown, parser_.line(), start.attributes,
+                                           static_cast<std::size_t>(start.attributeCount))));
 }
 
 void XmlReading::endElement()
@@ -149,10 +122,10 @@ void XmlReading::endElement()
     refuse(events_.endElement());
 }
 
-void XmlReading::parserError(const xmlError& error)
+void XmlReading::parserError(ParseError error, bool isOfNamespaces)
 {
-    if (error.domain != XML_FROM_NAMESPACE) { // an undeclared prefix is part of the name
-        fail(ParseErrorOf(error));
+    if (!isOfNamespaces) { // an undeclared prefix is part of the name
+        fail(std::move(error));
     }
 }
 
@@ -161,7 +134,7 @@ void XmlReading::fail(ParseError error)
 {
     if (!error_) {
         note(std::move(error));
-        xmlStopParser(parser_.get());
+        parser_.stop();
     }
 }
 
@@ -178,7 +151,7 @@ void XmlReading::note(ParseError error)
 // value.
 std::optional<std::string_view> XmlElement::attribute(std::string_view name) const
 {
-    const auto* fields = static_cast<const xmlChar* const*>(attributes_);
+    const auto* fields = static_cast<const unsigned char* const*>(attributes_);
     for (std::size_t index = 0; index < count_; ++index, fields += 5) {
         if (name == ViewOf(fields[0])) {
             return std::string_view(reinterpret_cast<const char*>(fields[3]),
