@@ -125,11 +125,15 @@ gunichar MnemonicOf(const Gtk::Label& label)
     return key == GDK_KEY_VoidSymbol ? 0 : gdk_keyval_to_unicode(gdk_keyval_to_lower(key));
 }
 
-// The label of a control; null for any other widget.
+// The label of a control; null for any other widget, also for what a button makes of its own text.
 Gtk::Label* LabelOfControl(Gtk::Widget& widget)
 {
     auto* label = dynamic_cast<Gtk::Label*>(&widget);
-    return label != nullptr && label->get_mnemonic_widget() != nullptr ? label : nullptr;
+    if (label == nullptr || label->get_mnemonic_widget() == nullptr) {
+        return nullptr;
+    }
+    auto* button = dynamic_cast<Gtk::Button*>(label->get_ancestor(GTK_TYPE_BUTTON));
+    return button == nullptr || button->get_label().empty() ? label : nullptr;
 }
 
 // @return whether there is a letter and it is free, and taken from now on
