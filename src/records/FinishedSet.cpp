@@ -230,12 +230,9 @@ void MakeBooklet(FinishingMarks& marks, bool isStapled)
     }
 }
 
-// Whether the family folds what a booklet layout prints, or leaves its folding to the job's own.
 bool IsBooklet(const FinishingChoice& choice)
 {
-    const bool isOwn = choice.option == Family::Booklet || choice.option == Family::PrinterDefault;
-    const bool isFolded = LocalizedKeyForTicketValue(BookletFoldMap, choice.bookletFold) != nullptr;
-    return choice.option == Family::SignatureBooklet || (isOwn && isFolded);
+    return choice.option == Family::SignatureBooklet || FoldsBooklet(choice);
 }
 
 void Turn(FinishingMarks& marks)

@@ -286,6 +286,13 @@ std::vector<const SettingMap*> FinishingPositionMaps(std::int32_t option)
     return maps;
 }
 
+bool FoldsBooklet(const FinishingChoice& choice)
+{
+    const bool isOwn = choice.option == Family::Booklet ||
+                       choice.option == Family::PrinterDefault || choice.option == UnsetValue;
+    return isOwn && LocalizedKeyForTicketValue(BookletFoldMap, choice.bookletFold) != nullptr;
+}
+
 FinishingChoice WithoutUnusedPositions(FinishingChoice choice)
 {
     const auto used = UsedPositions(choice);

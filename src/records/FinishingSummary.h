@@ -43,6 +43,10 @@ struct FinishingChoice {
     std::int32_t pagesPerSubset = 0;
 };
 
+/// Whether the sheets are folded as a booklet: by the family of that name, and where no family is
+/// chosen too.
+bool FoldsBooklet(const FinishingChoice& choice);
+
 /// Whether the family, or a part of a combined one, makes holes, so that their number counts.
 bool IsPunched(const FinishingChoice& choice);
 

@@ -26,6 +26,7 @@ const std::string Keywords =
     PickOne("OutputBin", "Auto", {"Auto", "Top", "Upper", "Booklet"}) +
     PickOne("TRStaple", "None", {"None", "1StapleTL", "2StaplesL"}) +
     PickOne("TRFoldOptions", "None", {"None", "2HolePunch", "ZTriFoldOpt", "BookletFoldOpt"}) +
+    PickOne("MediaColor", "White", {"White", "Blue"}) + PickOne("InputSlot", "Tray", {"Tray"}) +
     PickOne("Jog", "None", {"None", "EndOfSet"}) + PickOne("Option1", "None", {"None", "DFA"});
 
 class PaperPrinter : public testing::Test {
@@ -171,6 +172,12 @@ TEST_F(PaperPrinter, WhatDoesNotGoIsToldBesideItsControlByName)
          "0 This printer does not offer “Fax”. Use “Normal”"},
         {"a fold without its unit", finish(18, &FinishingChoice::fold, 19), "",
          "3 This printer does not offer “C-fold”. Use “Printer Default”"},
+        {"a booklet's fold without its unit, of no family", [](auto& it) { it.finishing.bookletFold = 8; it.finishing.bookletLayout = true; }, "",
+         "3 This printer does not offer “Booklet, folded and stapled”. Use “Printer Default”"},
+        {"a booklet's fold of no family", [](auto& it) { it.finishing.bookletFold = 7; }, "*TRFoldOptions BookletFoldOpt *TRStaple None",
+         "3 “TRFoldOptions: BookletFoldOpt” does not go with “TRStaple: None”. Use “Printer Default”"},
+        {"the colour of a paper", [](auto& it) { it.stock.setColor(2); },
+         "*MediaColor Blue *InputSlot Tray", "1 “MediaColor: Blue” does not go with “Media Source: Tray”. Use “Printer Default”"},
         {"a number of holes without its punch", finish(30, &FinishingChoice::punch, 32), "",
          "3 This printer does not offer “Hole punch, left or top”. Use “Printer Default”"},
         {"a family with an unknown position", finish(14, &FinishingChoice::bind, 99), "",

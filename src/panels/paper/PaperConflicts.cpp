@@ -21,7 +21,8 @@ namespace {
 
 namespace Family = FinishingFamily;
 
-constexpr std::int32_t DefaultOffset = 1; // OffsetMap
+constexpr std::int32_t DefaultOffset = 1;    // OffsetMap
+constexpr std::int32_t NoBookletFolding = 1; // neither of BookletFoldMap
 
 // What resolving a control's conflict chooses.
 struct RemedyRow {
@@ -103,14 +104,17 @@ bool OffersParts(const std::vector<FinishingOffer>& offers, const CombinedFinish
 bool OffersFinishing(const PrinterDescription& printer, const FinishingChoice& choice)
 {
     const auto* ui = printer.uiDictionary();
-    if (printer.installable() == nullptr || ui == nullptr ||
-        FinishingMenuValue(choice) == Family::PrinterDefault) {
+    const bool isDefault = FinishingMenuValue(choice) == Family::PrinterDefault;
+    if (printer.installable() == nullptr || ui == nullptr || (isDefault && !FoldsBooklet(choice))) {
         return true;
     }
     const auto folds = ui->copyOptions(FoldMainKeyword);
     const auto offers = FinishingOffers(*printer.installable(), folds.value_or(PPDKeywordInfos()));
     if (PartsOfFinishing(choice.option)) {
         return OffersParts(offers, PartsOf(choice));
+    }
+    if (isDefault) {
+        return Offers(offers, Family::Booklet, choice.bookletFold);
     }
     const auto position = FinishingPosition(choice.option);
     const bool isHolePunch = choice.option == Family::HolePunch;
@@ -130,6 +134,10 @@ std::string CheckedText(const Menu& menu, const std::string& otherwise)
 // The first line of its summary. That of an unknown position says nothing of what is chosen.
 std::string NameOf(const CFBundle& bundle, const FinishingChoice& choice)
 {
+    if (FoldsBooklet(choice)) {
+        return bundle.localizedString(
+            LocalizedKeyForTicketValue(BookletFoldMap, choice.bookletFold));
+    }
     const std::string summary = CreateFinishingString(choice, bundle);
     const std::string line = summary.substr(0, summary.find('\n'));
     const bool isName = !line.empty() && line != bundle.localizedString("PrinterDefault");
@@ -223,13 +231,14 @@ void ResolvePaperConflict(PaperOutputSettings& settings, PaperControl control)
         settings.jobType.set(JobTypeNumberKey, static_cast<std::int32_t>(JobType::Normal));
         break;
     case PaperControl::Stock:
-        settings.stock.setType(UnsetValue);
+        DefaultStock(settings.stock, JobContext::Job);
         break;
     case PaperControl::Sides:
         settings.sides = OneSided;
         break;
     case PaperControl::Finishing:
         settings.finishing = ChooseFinishing(settings.finishing, Family::PrinterDefault);
+        settings.finishing.bookletFold = NoBookletFolding;
         break;
     case PaperControl::Offset:
         settings.finishing.offset = DefaultOffset;

@@ -97,8 +97,8 @@ void AddFinishing(const FinishingChoice& given, ChoiceList& list)
     if (IsPunched(choice)) {
         list.add(Control, FoldMainKeyword, TRFoldOptionsMap, choice.holes);
     }
-    if (choice.option == FinishingFamily::Booklet) {
-        list.add(Control, FoldMainKeyword, TRFoldOptionsMap, choice.bookletFold);
+    if (FoldsBooklet(given)) {
+        list.add(Control, FoldMainKeyword, TRFoldOptionsMap, given.bookletFold);
     }
 }
 
