@@ -90,6 +90,18 @@ TEST(Mnemonics, StayOfTheirOwnWhenButtonsComeAndChange)
     EXPECT_EQ(LetterOf(setup), 'v');
 }
 
+TEST(WidgetTexts, AreCutWhereTheyWouldStopTheToolkit)
+{
+    const std::string longest(255, 'x');
+    const std::string usual = "Delete “" + longest.substr(10) + "”?\nIt is\n\nin use. ";
+    EXPECT_EQ(ShownText(usual), usual);
+    EXPECT_EQ(ShownText("a " + longest + "xx b"), "a " + longest + "… b");
+    EXPECT_EQ(ShownText(longest + "\n" + longest + "x"), longest + "\n" + longest + "…");
+    const std::string many = ShownText(std::string(100'000, ' '));
+    EXPECT_LT(many.size(), 5'000U);
+    EXPECT_TRUE(many.ends_with("…"));
+}
+
 TEST(WidgetTexts, AreLocalizedAndRead)
 {
     const CFBundle bundle = EchoBundle({"Name:", "Send", "Tip", "Title"});

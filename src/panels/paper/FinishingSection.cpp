@@ -6,6 +6,7 @@
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/WidgetTexts.h"
 #include "printer/PPDKeywordMaps.h"
 #include "printer/PrinterDescription.h"
 #include "records/FinishingMenu.h"
@@ -103,7 +104,8 @@ void FinishingSection::bindPicture()
         setup_->set_sensitive(HasFinishingChoices(bundle, OffersOfPrinter(),
                                                   FinishingMenuValue(settings_.finishing),
                                                   settings_.finishing));
-        summary_->set_text(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle)));
+        summary_->set_text(
+            ShownText(WithoutLastLineFeed(CreateFinishingString(settings_.finishing, bundle))));
         view_.showSet(FinishedSetOf(settings_), bundle);
     });
 }

@@ -8,6 +8,7 @@
 #include "panels/toolkit/PopupButton.h"
 #include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
+#include "panels/toolkit/WidgetTexts.h"
 #include "platform/bundle/CFBundle.h"
 #include "records/AdvancedStock.h"
 #include "records/Stock.h"
@@ -230,7 +231,7 @@ private:
         if (weight_->get_value_as_int() != weight) { // else what is being typed would go
             weight_->set_value(weight);
         }
-        summary_->set_text(StockSummaryText(bundle_, request_.context, &edited_));
+        summary_->set_text(ShownText(StockSummaryText(bundle_, request_.context, &edited_)));
         dialog_->set_response_sensitive(Gtk::RESPONSE_OK,
                                         check(false) != NamedPaperCheck::NameMissing);
         isShowing_ = false;

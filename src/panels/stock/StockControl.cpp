@@ -6,6 +6,7 @@
 #include "panels/toolkit/BackgroundWork.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/MenuWidget.h"
+#include "panels/toolkit/WidgetTexts.h"
 #include "platform/ports/Task.h"
 #include "records/Stock.h"
 #include "records/StockDialogs.h"
@@ -129,7 +130,7 @@ struct StockControl::State : std::enable_shared_from_this<StockControl::State> {
         if (bundle == nullptr || stock == nullptr || !menuButton) {
             return;
         }
-        const std::string text = StockSummaryText(*bundle, context, stock);
+        const std::string text = ShownText(StockSummaryText(*bundle, context, stock));
         if (summary) {
             summary->set_text(text);
         }

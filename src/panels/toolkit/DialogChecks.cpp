@@ -3,6 +3,7 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/TextFilters.h"
+#include "panels/toolkit/WidgetTexts.h"
 #include "platform/bundle/CFBundle.h"
 #include "platform/text/WhiteSpace.h"
 
@@ -56,8 +57,9 @@ void RequireText(Gtk::Dialog& dialog, Gtk::Entry& field, std::size_t limit)
 bool AskUser(const CFBundle& bundle, Gtk::Window* parent, const std::string& question,
              const char* yesKey, const char* noKey, const std::string& details)
 {
-    Gtk::MessageDialog window(question, false, Gtk::MESSAGE_QUESTION, Gtk::BUTTONS_NONE, true);
-    window.set_secondary_text(details);
+    Gtk::MessageDialog window(ShownText(question), false, Gtk::MESSAGE_QUESTION, Gtk::BUTTONS_NONE,
+                              true);
+    window.set_secondary_text(ShownText(details));
     window.add_button(bundle.localizedString(noKey), Gtk::RESPONSE_CANCEL);
     window.add_button(bundle.localizedString(yesKey), Gtk::RESPONSE_OK);
     window.set_default_response(Gtk::RESPONSE_CANCEL);
@@ -70,9 +72,10 @@ void TellUser(const CFBundle& bundle, Gtk::Window* parent, const char* headerKey
 {
     Gtk::MessageDialog notice(bundle.localizedString(headerKey), false, Gtk::MESSAGE_WARNING,
                               Gtk::BUTTONS_NONE, true);
-    notice.set_secondary_text(message);
+    notice.set_secondary_text(ShownText(message));
     notice.add_button(bundle.localizedString("OK Command"), Gtk::RESPONSE_OK);
     notice.set_default_response(Gtk::RESPONSE_OK);
+    WrapLongWords(notice);
     RunModalWindow(bundle, notice, parent);
 }
 

@@ -1,6 +1,7 @@
 #include "panels/toolkit/WidgetTexts.h"
 
 #include "platform/bundle/CFBundle.h"
+#include "platform/text/Utf8.h"
 
 #include <atkmm/object.h>
 #include <glibmm/main.h>
@@ -10,6 +11,7 @@
 #include <gtkmm/label.h>
 #include <gtkmm/window.h>
 
+#include <algorithm>
 #include <string>
 
 namespace tarvo {
@@ -201,6 +203,23 @@ void ForEachWidget(Gtk::Widget& root, const std::function<void(Gtk::Widget&)>& f
     if (auto* container = dynamic_cast<Gtk::Container*>(&root)) {
         container->forall([&function](Gtk::Widget& child) { ForEachWidget(child, function); });
     }
+}
+
+std::string ShownText(std::string_view text)
+{
+    constexpr std::size_t LongestWord = 255; // what every field for a name allows
+    constexpr std::size_t LongestWhole = 4000;
+    constexpr const char* Ellipsis = "…";
+    std::string shown;
+    while (!text.empty() && shown.size() < LongestWhole) {
+        const std::string_view word = text.substr(0, text.find_first_of(" \n"));
+        const std::string_view begin = Utf8FirstCharacters(word, LongestWord);
+        shown.append(begin).append(begin.size() == word.size() ? "" : Ellipsis);
+        text.remove_prefix(word.size());
+        shown.append(text.substr(0, 1)); // what ends the word
+        text.remove_prefix(std::min<std::size_t>(text.size(), 1));
+    }
+    return text.empty() ? shown : shown + Ellipsis;
 }
 
 void LocalizeTexts(const CFBundle& bundle, Gtk::Widget& root)

@@ -5,6 +5,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace tarvo {
 
@@ -16,6 +17,10 @@ void ForEachWidget(Gtk::Widget& root, const std::function<void(Gtk::Widget&)>& f
 /// Replaces the texts of labels, buttons, titles, tooltips and accessible names, which are keys, by
 /// the bundle's texts. What has no text keeps none.
 void LocalizeTexts(const CFBundle& bundle, Gtk::Widget& root);
+
+/// A text of any length for a label: a word, or a whole, that is longer than any that users enter
+/// ends early, with an ellipsis. The toolkit takes time as the square of a word's length.
+std::string ShownText(std::string_view text);
 
 /// Gives each widget with a label of its own that label as accessible name, without the colon.
 void NameForScreenReaders(Gtk::Widget& root);
