@@ -68,14 +68,15 @@ void DrawDialog(const std::string& path, const std::function<void()>& run)
     run();
 }
 
-void DrawPanels(const CFBundle& bundle, const std::string& prefix)
+// High enough for all of a panel, which a print dialog scrolls.
+void DrawPanels(const CFBundle& bundle, const std::string& prefix, int scale)
 {
     DialogSession dialog;
     dialog.session.ticket(PrinterInfoTicketName)
         ->setItem("host", PPDPathKey, TARVO_SOURCE_DIR "/resources/ppd/TarvoQL900.ppd");
     Gtk::OffscreenWindow window;
     Gtk::Box pane;
-    window.set_size_request(540, 300);
+    window.set_size_request(540, 800 * scale);
     window.add(pane);
     window.show_all();
     Shell shell(&bundle, PanelMap);
@@ -236,11 +237,12 @@ int main(int argc, char** argv)
     std::filesystem::create_directories(argv[1]);
     setenv("XDG_CONFIG_HOME", (std::string(argv[1]) + "/home").c_str(), 1);
     SavePapers();
+    Gtk::Settings::get_default()->property_gtk_enable_animations() = false; // no state half way
     for (const int scale : {1, 2}) {
         Gtk::Settings::get_default()->property_gtk_xft_dpi() = scale * DotsPerInch;
         const std::string prefix = std::string(argv[1]) + "/" + UserLanguages().front() + "-" +
                                    std::to_string(scale * 100);
-        DrawPanels(bundle, prefix);
+        DrawPanels(bundle, prefix, scale);
         DrawDialogs(bundle, prefix);
         DrawFinishingDialogs(bundle, prefix);
         DrawStockDialogs(bundle, prefix);
