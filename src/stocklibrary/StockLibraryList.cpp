@@ -236,7 +236,7 @@ std::unique_ptr<StockLibraryList> MakePrinterStockLibraryList(std::span<const St
 bool ChangeStockLibrary(const PreferenceFolders& folders, const StockLibraryChange& change,
                         PreferenceFailure& failure)
 {
-    const auto changeRoot = [&change](CFDictionary& root) {
+    const auto changeRoot = [&change](CFDictionary& root, bool) {
         StockLibraryList list(Take<CFDictionary>(root, StockListKey));
         auto order = Take<CFArray>(root, StockMenuListKey);
         if (!change(list, order)) {

@@ -33,15 +33,14 @@ CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders, PreferenceFa
     return root ? std::move(*root) : SiteDefaults(folders);
 }
 
-bool ChangeStockLibraryFile(const PreferenceFolders& folders,
-                            const std::function<bool(CFDictionary& root)>& change,
+bool ChangeStockLibraryFile(const PreferenceFolders& folders, const PreferenceChange& change,
                             PreferenceFailure& failure)
 {
     const auto changeRoot = [&folders, &change](CFDictionary& root, bool isPresent) {
         if (!isPresent) {
             root = SiteDefaults(folders);
         }
-        return change(root);
+        return change(root, isPresent);
     };
     return ChangeUserPreferences(folders, StockLibraryFile, changeRoot, failure);
 }
@@ -72,8 +71,8 @@ void StockLibraryFileValue<Value>::write(const Value& inMemory)
     if (isInFile_ && unsaved_.empty()) {
         return; // reading thousands of papers again would change nothing
     }
-    const auto change = [this, &inMemory](CFDictionary& root) {
-        return bringUpToDate(root, inMemory);
+    const auto change = [this, &inMemory](CFDictionary& root, bool isPresent) {
+        return bringUpToDate(root, isPresent, inMemory);
     };
     const auto write = [this, &change](PreferenceFailure& failure) {
         return ChangeStockLibraryFile(folders_, change, failure);
@@ -95,11 +94,13 @@ void StockLibraryFileValue<Value>::writeAtEnd(const Value& inMemory) noexcept
 }
 
 template <typename Value>
-bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, const Value& inMemory) const
+bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, bool isPresent,
+                                                 const Value& inMemory) const
 {
+    const bool isLost = isInFile_ && !isPresent;
     CFPropertyList* present = root.find(key_);
     Value* value = present == nullptr ? nullptr : present->get<Value>();
-    if (value == nullptr) {
+    if (value == nullptr || isLost) {
         root.set(key_, inMemory);
         return true;
     }

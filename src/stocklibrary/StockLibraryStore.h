@@ -19,9 +19,9 @@ CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders,
 /// Changes that file by the rules of ChangeUserPreferences. One that is new begins with everything
 /// that the site gives, whatever the change is about: a user's file hides the site's, so the order
 /// would go with the first paper that is added, and the columns with it.
-/// @param change  returns false to leave the file as it is
+/// @param change  is told whether the user has a file; the root is what the site gives if not
 [[nodiscard]] bool ChangeStockLibraryFile(const PreferenceFolders& folders,
-                                          const std::function<bool(CFDictionary& root)>& change,
+                                          const PreferenceChange& change,
                                           PreferenceFailure& failure);
 
 /// One value of that file, which somebody keeps in memory. A change is made in memory and in the
@@ -43,7 +43,8 @@ public:
     void change(Value& inMemory, Change change);
     /// Makes the changes in the file that could not be saved before; a file that had no value yet
     /// gets the one in memory, and a user without a file one with that and whatever else the site
-    /// gives. A failure is told as by WriteOrReport.
+    /// gives. So does a user whose file is gone or broken since it was read: what is on the screen
+    /// is the last that there is of it. A failure is told as by WriteOrReport.
     void write(const Value& inMemory);
     /// The same for a destructor: an exception is told on standard error.
     void writeAtEnd(const Value& inMemory) noexcept;
@@ -51,7 +52,7 @@ public:
     bool isSaved() const { return unsaved_.empty(); }
 
 private:
-    bool bringUpToDate(CFDictionary& root, const Value& inMemory) const;
+    bool bringUpToDate(CFDictionary& root, bool isPresent, const Value& inMemory) const;
 
     PreferenceFolders folders_;
     std::string_view key_;

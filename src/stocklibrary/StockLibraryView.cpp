@@ -106,7 +106,7 @@ bool ChangeStockLibraryView(const PreferenceFolders& folders,
                             const std::function<void(StockLibraryView& view)>& change,
                             PreferenceFailure& failure)
 {
-    const auto changeRoot = [&change](CFDictionary& root) {
+    const auto changeRoot = [&change](CFDictionary& root, bool) {
         const StockLibraryView before = StockLibraryViewOf(root);
         StockLibraryView view = before;
         change(view);
