@@ -148,9 +148,9 @@ void StockLibraryList::replace(const StockLibrary& entry)
     isIndexed_ = false;
 }
 
-void StockLibraryList::remove(const std::string& uuid)
+void StockLibraryList::remove(const std::string& uuid, const StockLibraryRider& rider)
 {
-    change([uuid](CFDictionary& entries) { entries.remove(uuid); });
+    change([uuid](CFDictionary& entries) { entries.remove(uuid); }, rider);
     isIndexed_ = false;
 }
 
@@ -179,6 +179,19 @@ void StockLibraryList::clearStatus()
     change(ClearStatus);
 }
 
+void StockLibraryList::setInUse(const std::string& uuid, const StockLibraryRider& rider)
+{
+    change([uuid](CFDictionary& entries) { StoreStatus(entries, uuid, StockEntryStatus::InUse); },
+           rider);
+}
+
+void StockLibraryList::changeInMemory(const std::function<void(StockLibraryList&)>& change)
+{
+    std::optional<File> file = std::exchange(file_, std::nullopt);
+    change(*this);
+    file_ = std::move(file);
+}
+
 void StockLibraryList::setStatus(const std::string& uuid, StockEntryStatus status)
 {
     if (entries_.get<CFDictionary>(uuid) != nullptr) {
@@ -186,10 +199,10 @@ void StockLibraryList::setStatus(const std::string& uuid, StockEntryStatus statu
     }
 }
 
-void StockLibraryList::change(File::Change change)
+void StockLibraryList::change(File::Change change, const StockLibraryRider& rider)
 {
     if (file_) {
-        file_->change(entries_, std::move(change));
+        file_->change(entries_, std::move(change), rider);
     } else {
         change(entries_);
     }

@@ -12,9 +12,9 @@
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/PopupButton.h"
 #include "platform/bundle/CFBundle.h"
-#include "platform/ports/Task.h"
 #include "platform/text/CaseFolding.h"
 #include "platform/text/TextFormat.h"
+#include "prefs/PreferenceTasks.h"
 #include "records/TicketSpecialPages.h"
 #include "settings/SettingMenu.h"
 #include "settings/StockMaps.h"
@@ -108,6 +108,7 @@ public:
           stock_(stock),
           papers_(std::move(papers)),
           mine_(papers_->papers()),
+          state_(papers_->state()),
           view_(view),
           dialog_(nib.window<Gtk::Dialog>("StockLibrary")),
           source_(nib.widget<Gtk::ComboBox>("TPDE1")),
@@ -122,15 +123,14 @@ public:
     }
     StockLibraryWindow(const StockLibraryWindow&) = delete;
     StockLibraryWindow& operator=(const StockLibraryWindow&) = delete;
-    // The shell hears of an answer that comes after this; the library may wait for the disk.
+    // The shell hears of an answer that comes after this; what the library still has to save comes
+    // after what the user has changed last.
     ~StockLibraryWindow()
     {
         if (CurrentPrinterStockStatus() == PrinterStockStatus::InProgress) {
             SendMessageToThread(PollStatusMessage, "");
         }
-        if (StartTask([papers = std::move(papers_)] { static_cast<void>(papers); }) != StatusOk) {
-            papers_.reset();
-        }
+        StartPreferenceChange([papers = std::move(papers_)] { static_cast<void>(papers); });
     }
 
     std::int32_t run(Gtk::Window* parent)
@@ -240,7 +240,7 @@ private:
 
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
     {
-        if (!areSaved_) {
+        if (!state_.areSaved) {
             return bundle_.localizedString("StockLibraryNotSaved");
         }
         if (model_->size() == 0) {
@@ -281,7 +281,7 @@ private:
             return;
         }
         mine_ = papers_->papers();
-        areSaved_ = papers_->areSaved();
+        state_ = papers_->state();
         showPapers(*uuid);
         if (Gtk::Widget* focus = dialog_->get_focus(); focus == nullptr || !focus->is_sensitive()) {
             list_->grab_focus(); // the button that was pressed has nothing left to do
@@ -373,8 +373,8 @@ private:
             return std::string(uuid);
         });
         if (dialog_->get_mapped()) {
-            status_->set_text(
-                bundle_.localizedString(areSaved_ ? "StockLibraryCopied" : "StockLibraryNotSaved"));
+            status_->set_text(bundle_.localizedString(state_.areSaved ? "StockLibraryCopied"
+                                                                      : "StockLibraryNotSaved"));
         }
     }
 
@@ -413,18 +413,15 @@ private:
             return;
         }
         view_.isHidden = chosen.isHidden;
-        saveView([chosen](StockLibraryView& view) { view.isHidden = chosen.isHidden; });
+        StartPreferenceChange([folders = UserPreferenceFolders(), isHidden = chosen.isHidden] {
+            WriteOrReport([&](PreferenceFailure& failure) {
+                const auto hide = [&](StockLibraryView& view) { view.isHidden = isHidden; };
+                return ChangeStockLibraryView(folders, hide, failure);
+            });
+        });
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             list_->get_column(static_cast<int>(column))->set_visible(!view_.isHidden[column]);
         }
-    }
-
-    void saveView(const std::function<void(StockLibraryView&)>& change)
-    {
-        const auto write = [change](PreferenceFailure& failure) {
-            return ChangeStockLibraryView(UserPreferenceFolders(), change, failure);
-        };
-        RunInBackground(dialog_.get(), [write] { WriteOrReport(write); });
     }
 
     // The widths that the user has set; the last column may be stretched besides.
@@ -451,21 +448,21 @@ private:
             return false;
         }
         stock_.takeAsItIs(paper->stock());
-        saveView([uuid, widths = widths()](StockLibraryView& view) {
+        const auto leave = [uuid, widths = widths()](StockLibraryView& view) {
             view.selectedRow = uuid;
             view.widths = widths;
-        });
-        RunInBackground(dialog_.get(), [papers = papers_, uuid] { papers->use(uuid); });
+        };
+        StartPreferenceChange([papers = papers_, uuid, leave] { papers->use(uuid, leave); });
         return true;
     }
 
     const CFBundle& bundle_;
     JobContext context_;
     Stock stock_;
-    std::shared_ptr<UserPapers> papers_; // of a task while one runs
+    std::shared_ptr<UserPapers> papers_; // of a task while one runs, and once a paper is chosen
     std::shared_ptr<const CFDictionary> mine_;
+    UserPapersState state_; // as papers_ was last seen
     bool hadPaper_ = false;
-    bool areSaved_ = true; // what the user has changed
     StockLibraryView view_;
     Glib::RefPtr<StockListModel> model_;
     Glib::RefPtr<Gtk::Dialog> dialog_;
@@ -503,7 +500,7 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     }
     nib.reset();
     const std::int32_t result = window.run(parent);
-    ReadAhead(reader); // for the menu that led here
+    StartPreferenceChange([reader] { reader->read(); }); // for the menu that led here
     if (result == DialogOk) {
         answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());

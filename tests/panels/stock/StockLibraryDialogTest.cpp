@@ -3,6 +3,7 @@
 #include "StockFixture.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/PopupButton.h"
+#include "platform/files/FileLock.h"
 #include "stocklibrary/DemoPrinter.h"
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/RecentPapers.h"
@@ -115,6 +116,7 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
         EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     }
     EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
+    awaitChanges();
     const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
     EXPECT_EQ(view.selectedRow, green);
     EXPECT_EQ(view.widths[0], 231);
@@ -259,6 +261,7 @@ TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
          }                                       },
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    awaitChanges();
     const auto isHidden = ReadStockLibraryView(UserPreferenceFolders()).isHidden;
     EXPECT_EQ(std::count(isHidden.begin(), isHidden.end(), true), 1);
     EXPECT_TRUE(isHidden[1]);
@@ -287,9 +290,45 @@ TEST_F(StockLibraryDialog, SavesWhenItIsClosedWhatCouldNotBeSavedBefore)
         {Library,     closeWhenFree  },
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
-    EXPECT_TRUE(TurnUntil([] { return saved().size() == 2; })) << "by a task";
+    awaitChanges();
+    EXPECT_EQ(saved().size(), 2U);
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::StartsWith("WriteUserPreferences() failed"));
+}
+
+// Another program holds it for as long as it likes; the user's answer is in the file after that.
+TEST_F(StockLibraryDialog, NeitherOpensNorClosesWithTheFile)
+{
+    const std::string blue = save("Blue", 2);
+    auto held = std::make_unique<FileLock>(libraryPath() + ".lock", std::chrono::seconds(5));
+    const auto start = std::chrono::steady_clock::now();
+    const DialogScript user({
+        {Library,               pressing(Columns)},
+        {"StockLibraryColumns",
+         [](Gtk::Dialog& dialog) {
+             FindWidget<Gtk::CheckButton>(dialog, "TPDE2")->set_active(false);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                       },
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             select(dialog, 0);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                       },
+    });
+    Gtk::Window window;
+    window.show();
+    Stock stock;
+    EXPECT_EQ(run(stock, &window), LibraryAnswer::Chosen);
+    EXPECT_EQ(stock.customName(), "Blue");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
+    EXPECT_EQ(ReadStockLibraryView(UserPreferenceFolders()), StockLibraryView());
+    held.reset();
+    awaitChanges();
+    const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
+    EXPECT_EQ(view.selectedRow, blue);
+    EXPECT_TRUE(view.isHidden[1]);
+    EXPECT_EQ(RecentPapers(UserPreferenceFolders(), nullptr)[0].uuid, blue);
+    EXPECT_EQ(ReadUserStockList(UserPreferenceFolders())->entry(blue)->status(), 1);
 }
 
 TEST_F(StockLibraryDialog, SaysWhyThereIsNothingToChoose)
