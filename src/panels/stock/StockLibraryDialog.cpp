@@ -238,10 +238,25 @@ private:
         status_->set_text(isMine ? ownStatus(paper) : printerStatus(paper));
     }
 
-    std::string ownStatus(const std::optional<StockLibrary>& paper) const
+    // What is wrong with the user's file; "" for nothing.
+    std::string fileStatus() const
     {
         if (!state_.areSaved) {
             return bundle_.localizedString("StockLibraryNotSaved");
+        }
+        if (!state_.unreadReason.empty()) {
+            return FilledFormat(bundle_.localizedString("StockLibraryUnreadable"),
+                                state_.unreadReason);
+        }
+        return state_.keptAs.empty()
+                   ? ""
+                   : FilledFormat(bundle_.localizedString("StockLibraryKept"), state_.keptAs);
+    }
+
+    std::string ownStatus(const std::optional<StockLibrary>& paper) const
+    {
+        if (const std::string text = fileStatus(); !text.empty()) {
+            return text;
         }
         if (model_->size() == 0) {
             return bundle_.localizedString("StockLibraryEmpty");
@@ -373,8 +388,9 @@ private:
             return std::string(uuid);
         });
         if (dialog_->get_mapped()) {
-            status_->set_text(bundle_.localizedString(state_.areSaved ? "StockLibraryCopied"
-                                                                      : "StockLibraryNotSaved"));
+            const std::string fault = fileStatus();
+            status_->set_text(fault.empty() ? bundle_.localizedString("StockLibraryCopied")
+                                            : fault);
         }
     }
 

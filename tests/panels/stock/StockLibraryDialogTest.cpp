@@ -15,6 +15,7 @@
 #include <gtkmm/treeview.h>
 
 #include <chrono>
+#include <fstream>
 
 namespace tarvo {
 namespace {
@@ -294,6 +295,34 @@ TEST_F(StockLibraryDialog, SavesWhenItIsClosedWhatCouldNotBeSavedBefore)
     EXPECT_EQ(saved().size(), 2U);
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::StartsWith("WriteUserPreferences() failed"));
+}
+
+TEST_F(StockLibraryDialog, TellsOfALibraryThatCannotBeRead)
+{
+    std::filesystem::create_directories(UserPreferenceFolders().user);
+    std::ofstream(libraryPath()) << "<plist>";
+    const std::string aside = libraryPath() + ".unreadable";
+    {
+        const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+            EXPECT_THAT(status(dialog), testing::StartsWith("Your library could not be read: "));
+            dialog.response(Gtk::RESPONSE_CANCEL);
+        });
+        EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+        awaitChanges();
+        EXPECT_FALSE(std::filesystem::exists(aside)) << "nobody has changed anything";
+    }
+    const DialogScript user({
+        {Library,     pressing(Add)},
+        {PaperWindow, naming("New")},
+        {Library,
+         [&aside](Gtk::Dialog& dialog) {
+             EXPECT_THAT(status(dialog), testing::EndsWith("It is kept as " + aside + "."));
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }                         },
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    EXPECT_TRUE(std::filesystem::exists(aside));
+    EXPECT_EQ(saved().size(), 1U);
 }
 
 // Another program holds it for as long as it likes; the user's answer is in the file after that.
