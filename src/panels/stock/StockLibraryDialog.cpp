@@ -369,6 +369,22 @@ private:
         }
     }
 
+    // A printer's paper as one of the user's, which needs a name that is not too long.
+    std::optional<std::pair<Stock, bool>> askCopy(Stock stock)
+    {
+        EnterPaperName(stock, stock.customName());
+        if (stock.customName().empty()) {
+            return askPaper(DialogMode::Add, stock);
+        }
+        const std::string& name = stock.customName();
+        const bool replaces = papers_->hasName(name);
+        if (replaces && !AskUser(bundle_, dialog_.get(), ReplaceNamedPaperText(bundle_, name),
+                                 "Replace", "Cancel")) {
+            return std::nullopt;
+        }
+        return std::pair(stock, replaces);
+    }
+
     void copy()
     {
         const auto paper = selected();
@@ -376,14 +392,11 @@ private:
         if (!paper) {
             return;
         }
-        const Stock stock = paper->stock();
-        const bool replaces = papers_->hasName(stock.customName());
-        if (replaces &&
-            !AskUser(bundle_, dialog_.get(), ReplaceNamedPaperText(bundle_, stock.customName()),
-                     "Replace", "Cancel")) {
+        const auto copied = askCopy(paper->stock());
+        if (!copied) {
             return;
         }
-        change([stock, replaces, uuid](UserPapers& papers) {
+        change([stock = copied->first, replaces = copied->second, uuid](UserPapers& papers) {
             static_cast<void>(replaces ? papers.replace(stock, "") : papers.add(stock));
             return std::string(uuid);
         });

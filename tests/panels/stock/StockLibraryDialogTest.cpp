@@ -413,6 +413,32 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
 }
 
+TEST_F(StockLibraryDialog, GivesACopyANameThatThePrinterLeavesOutOrMakesTooLong)
+{
+    ThePanelEnvironment().printerStockList = std::make_shared<StockLibraryList>();
+    for (const std::string& name : {std::string(), std::string(300, 'x')}) {
+        StockLibrary paper = Paper(name, 3);
+        ThePanelEnvironment().printerStockList->add(paper);
+    }
+    const auto copyRow = [](const char* row) {
+        return [row](Gtk::Dialog& dialog) {
+            showPrinter(dialog);
+            list(dialog).set_cursor(Gtk::TreePath(row));
+            press(dialog, Copy);
+        };
+    };
+    const DialogScript user({
+        {Library,     copyRow("0")                 },
+        {PaperWindow, Respond(Gtk::RESPONSE_CANCEL)},
+        {Library,     copyRow("0")                 },
+        {PaperWindow, naming("Mine")               },
+        {Library,     copyRow("1")                 },
+        {Library,     Respond(Gtk::RESPONSE_CANCEL)},
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    EXPECT_THAT(saved(), ElementsAre("Mine:3", std::string(255, 'x') + ":3"));
+}
+
 TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
 {
     using enum PrinterStockStatus;
