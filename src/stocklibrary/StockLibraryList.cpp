@@ -61,11 +61,12 @@ void StoreStatus(CFDictionary& entries, const std::string& uuid, StockEntryStatu
 
 void ClearStatus(CFDictionary& entries)
 {
+    constexpr auto NotInUse = static_cast<std::int32_t>(StockEntryStatus::NotInUse);
     std::vector<Entry> all = std::exchange(entries, {}).takeEntries();
     for (Entry& each : all) {
         const auto* present = each.value.get<CFDictionary>();
-        if (present == nullptr) {
-            continue;
+        if (present == nullptr || present->int32(EntryStatusKey) == NotInUse) {
+            continue; // most of thousands: rebuilding each would be felt
         }
         StockLibrary entry(*present);
         if (!entry.isInvalid()) {

@@ -21,6 +21,7 @@
 #include "settings/TicketAccess.h"
 #include "settings/TicketKeys.h"
 #include "stocklibrary/PrinterStockThread.h"
+#include "stocklibrary/RecentPapers.h"
 #include "stocklibrary/StockColumnTexts.h"
 #include "stocklibrary/StockLibraryReader.h"
 #include "stocklibrary/UserPapers.h"
@@ -68,6 +69,14 @@ std::shared_ptr<const CFDictionary> PapersOfPrinter()
     return {list, list ? &list->stockList() : nullptr};
 }
 
+// While no list of them is shown: the marks may move its entries.
+void MarkPapersOfPrinter(const JobStocks& job)
+{
+    if (const auto list = ThePanelEnvironment().printerStockList) {
+        MarkStocksInUse(*list, job.stock, job.pages);
+    }
+}
+
 // Without a shell it is what the worker says.
 PrinterStocksState StateOfPrinter()
 {
@@ -102,10 +111,12 @@ struct Buttons {
 class StockLibraryWindow {
 public:
     StockLibraryWindow(const CFBundle& bundle, Nib& nib, JobContext context, const Stock& stock,
-                       std::shared_ptr<UserPapers> papers, const StockLibraryView& view)
+                       std::shared_ptr<const JobStocks> job, std::shared_ptr<UserPapers> papers,
+                       const StockLibraryView& view)
         : bundle_(bundle),
           context_(context),
           stock_(stock),
+          job_(std::move(job)),
           papers_(std::move(papers)),
           mine_(papers_->papers()),
           state_(papers_->state()),
@@ -119,6 +130,7 @@ public:
           status_(nib.widget<Gtk::Label>("TPDE9")),
           events_([this](const Event& event) { return handleEvent(event); })
     {
+        MarkPapersOfPrinter(*job_);
         hadPaper_ = isOfALibrary(stock);
     }
     StockLibraryWindow(const StockLibraryWindow&) = delete;
@@ -422,10 +434,14 @@ private:
         if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
             return EventNotHandled;
         }
+        const auto former = ThePanelEnvironment().printerStockList;
         if (const auto take = ThePanelEnvironment().takePrinterStocks) {
             take();
         } else if (const auto stocks = PrinterStockList()) {
             ThePanelEnvironment().printerStockList = stocks;
+        }
+        if (ThePanelEnvironment().printerStockList != former) {
+            MarkPapersOfPrinter(*job_);
         }
         if (!showsMine()) {
             showPapers(selectedUuid()); // without an answer the papers are the same
@@ -482,12 +498,16 @@ private:
             view.widths = widths;
         };
         StartPreferenceChange([papers = papers_, uuid, leave] { papers->use(uuid, leave); });
+        if (const auto printers = ThePanelEnvironment().printerStockList) {
+            printers->setInUse(uuid); // for the user's list the task does it
+        }
         return true;
     }
 
     const CFBundle& bundle_;
     JobContext context_;
     Stock stock_;
+    std::shared_ptr<const JobStocks> job_;
     std::shared_ptr<UserPapers> papers_; // of a task while one runs, and once a paper is chosen
     std::shared_ptr<const CFDictionary> mine_;
     UserPapersState state_; // as papers_ was last seen
@@ -523,7 +543,7 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     if (!nib) {
         return StatusNoWindow;
     }
-    StockLibraryWindow window(bundle, *nib, context, stock, papers, *view);
+    StockLibraryWindow window(bundle, *nib, context, stock, job, papers, *view);
     if (!nib->isComplete()) {
         return StatusNoWindow;
     }

@@ -4,6 +4,7 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/PopupButton.h"
 #include "platform/files/FileLock.h"
+#include "settings/TicketKeys.h"
 #include "stocklibrary/DemoPrinter.h"
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/RecentPapers.h"
@@ -411,6 +412,33 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
     EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     EXPECT_EQ(stock.customName(), "Plain A4");
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
+}
+
+TEST_F(StockLibraryDialog, MarksThePrintersPapersOfTheJob)
+{
+    const auto printers = std::make_shared<StockLibraryList>();
+    std::vector<StockLibrary> papers = {Paper("Gone"), Paper("Used"), Paper("Chosen")};
+    for (StockLibrary& paper : papers) {
+        printers->add(paper);
+    }
+    printers->setInUse(papers[0].uuid());
+    const auto statuses = [&] {
+        std::vector<std::int32_t> all;
+        for (const StockLibrary& paper : papers) {
+            all.push_back(printers->entry(paper.uuid())->status());
+        }
+        return all;
+    };
+    ThePanelEnvironment().printerStockList = printers;
+    ticket_->setItem("x", JobLevelStockKey, papers[1].stock().asTicket());
+    const DialogScript user(Library, [&](Gtk::Dialog& dialog) {
+        EXPECT_THAT(statuses(), ElementsAre(0, 1, 0));
+        showPrinter(dialog);
+        select(dialog, 2);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Chosen);
+    EXPECT_THAT(statuses(), ElementsAre(0, 1, 1));
 }
 
 TEST_F(StockLibraryDialog, GivesACopyANameThatThePrinterLeavesOutOrMakesTooLong)
