@@ -106,11 +106,6 @@ bool SetAside(const std::string& path, PreferenceFailure& failure)
     return false;
 }
 
-bool IsAbsent(const PreferenceFailure& failure)
-{
-    return failure.error == ENOENT || failure.error == ENOTDIR;
-}
-
 using RootReader = std::function<std::optional<CFDictionary>(PreferenceFailure&)>;
 
 bool ChangeFile(const std::string& folder, std::string_view fileName, const RootReader& read,
@@ -128,7 +123,7 @@ bool ChangeFile(const std::string& folder, std::string_view fileName, const Root
     auto root = read(failure);
     const bool isPresent = root.has_value();
     const bool isBroken = !isPresent && failure.error == 0;
-    if (!isPresent && !isBroken && !IsAbsent(failure)) {
+    if (!isPresent && !isBroken && !failure.isAbsence()) {
         return false;
     }
     if (!isPresent) {
@@ -146,7 +141,7 @@ std::optional<CFDictionary> ReadSiteRoot(const PreferenceFolders& folders,
 {
     for (const std::string& folder : folders.site) {
         auto root = ReadRoot(PathIn(folder, fileName), failure);
-        if (root || !IsAbsent(failure)) {
+        if (root || !failure.isAbsence()) {
             return root;
         }
     }
@@ -172,6 +167,11 @@ PreferenceFolders UserPreferenceFolders()
         }
     }
     return folders;
+}
+
+bool PreferenceFailure::isAbsence() const
+{
+    return error == ENOENT || error == ENOTDIR;
 }
 
 std::string PreferenceFailure::message() const

@@ -35,6 +35,8 @@ struct PreferenceFailure {
     std::string reason;      // for people
     std::size_t line = 0;    // of the file, from 1; 0 when no line applies
     std::string keptAs = {}; // path of a file that was set aside, "" for none
+    /// Whether there is no such file.
+    bool isAbsence() const;
     /// "cannot write /home/me/.config/tarvo/x: No space left on device"
     std::string message() const;
 };

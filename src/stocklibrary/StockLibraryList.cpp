@@ -61,11 +61,12 @@ void StoreStatus(CFDictionary& entries, const std::string& uuid, StockEntryStatu
 
 void ClearStatus(CFDictionary& entries)
 {
+    constexpr auto NotInUse = static_cast<std::int32_t>(StockEntryStatus::NotInUse);
     std::vector<Entry> all = std::exchange(entries, {}).takeEntries();
     for (Entry& each : all) {
         const auto* present = each.value.get<CFDictionary>();
-        if (present == nullptr) {
-            continue;
+        if (present == nullptr || present->int32(EntryStatusKey) == NotInUse) {
+            continue; // most of thousands: rebuilding each would be felt
         }
         StockLibrary entry(*present);
         if (!entry.isInvalid()) {
@@ -148,9 +149,9 @@ void StockLibraryList::replace(const StockLibrary& entry)
     isIndexed_ = false;
 }
 
-void StockLibraryList::remove(const std::string& uuid)
+void StockLibraryList::remove(const std::string& uuid, const StockLibraryRider& rider)
 {
-    change([uuid](CFDictionary& entries) { entries.remove(uuid); });
+    change([uuid](CFDictionary& entries) { entries.remove(uuid); }, rider);
     isIndexed_ = false;
 }
 
@@ -179,6 +180,19 @@ void StockLibraryList::clearStatus()
     change(ClearStatus);
 }
 
+void StockLibraryList::setInUse(const std::string& uuid, const StockLibraryRider& rider)
+{
+    change([uuid](CFDictionary& entries) { StoreStatus(entries, uuid, StockEntryStatus::InUse); },
+           rider);
+}
+
+void StockLibraryList::changeInMemory(const std::function<void(StockLibraryList&)>& change)
+{
+    std::optional<File> file = std::exchange(file_, std::nullopt);
+    change(*this);
+    file_ = std::move(file);
+}
+
 void StockLibraryList::setStatus(const std::string& uuid, StockEntryStatus status)
 {
     if (entries_.get<CFDictionary>(uuid) != nullptr) {
@@ -186,10 +200,10 @@ void StockLibraryList::setStatus(const std::string& uuid, StockEntryStatus statu
     }
 }
 
-void StockLibraryList::change(File::Change change)
+void StockLibraryList::change(File::Change change, const StockLibraryRider& rider)
 {
     if (file_) {
-        file_->change(entries_, std::move(change));
+        file_->change(entries_, std::move(change), rider);
     } else {
         change(entries_);
     }
@@ -236,7 +250,7 @@ std::unique_ptr<StockLibraryList> MakePrinterStockLibraryList(std::span<const St
 bool ChangeStockLibrary(const PreferenceFolders& folders, const StockLibraryChange& change,
                         PreferenceFailure& failure)
 {
-    const auto changeRoot = [&change](CFDictionary& root) {
+    const auto changeRoot = [&change](CFDictionary& root, bool) {
         StockLibraryList list(Take<CFDictionary>(root, StockListKey));
         auto order = Take<CFArray>(root, StockMenuListKey);
         if (!change(list, order)) {

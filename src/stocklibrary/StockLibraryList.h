@@ -37,6 +37,9 @@ public:
 
     /// Whether the user's file has every change; always for a list in memory only.
     bool isSaved() const { return !file_ || file_->isSaved(); }
+    /// As of StockLibraryFileValue; null and "" for a list in memory only.
+    const PreferenceFailure* unread() const { return file_ ? file_->unread() : nullptr; }
+    std::string keptAs() const { return file_ ? file_->keptAs() : ""; }
 
     /// uuid to entry, keys of StockLibraryKeys.h.
     const CFDictionary& stockList() const { return entries_; }
@@ -53,7 +56,8 @@ public:
     /// Gives the entry's stock to the first entry whose stock has the same custom name, in any
     /// case; that one's uuid, name and status stay. Nothing for a stock without a custom name.
     void replace(const StockLibrary& entry);
-    void remove(const std::string& uuid);
+    /// @param rider  if given, goes into the user's file with it; nothing for a list in memory only
+    void remove(const std::string& uuid, const StockLibraryRider& rider = nullptr);
 
     /// Whether the stock of an entry has that custom name, in any case; never for "".
     bool isDuplicate(std::string_view name) const;
@@ -65,14 +69,19 @@ public:
 
     // For an absent uuid nothing changes.
     void setInUse(const std::string& uuid) { setStatus(uuid, StockEntryStatus::InUse); }
+    /// The same with something else for the user's file, which goes there for an absent uuid too.
+    void setInUse(const std::string& uuid, const StockLibraryRider& rider);
     void setNotInUse(const std::string& uuid) { setStatus(uuid, StockEntryStatus::NotInUse); }
     /// Marks every entry that is not invalid as not in use.
     void clearStatus();
 
+    /// Makes a change in memory only, as one that somebody else makes in the file.
+    void changeInMemory(const std::function<void(StockLibraryList& list)>& change);
+
 private:
     using File = StockLibraryFileValue<CFDictionary>;
 
-    void change(File::Change change);
+    void change(File::Change change, const StockLibraryRider& rider = nullptr);
     const StockIndex& index() const;
     void setStatus(const std::string& uuid, StockEntryStatus status);
 

@@ -33,15 +33,14 @@ CFDictionary ReadStockLibraryFile(const PreferenceFolders& folders, PreferenceFa
     return root ? std::move(*root) : SiteDefaults(folders);
 }
 
-bool ChangeStockLibraryFile(const PreferenceFolders& folders,
-                            const std::function<bool(CFDictionary& root)>& change,
+bool ChangeStockLibraryFile(const PreferenceFolders& folders, const PreferenceChange& change,
                             PreferenceFailure& failure)
 {
     const auto changeRoot = [&folders, &change](CFDictionary& root, bool isPresent) {
         if (!isPresent) {
             root = SiteDefaults(folders);
         }
-        return change(root);
+        return change(root, isPresent);
     };
     return ChangeUserPreferences(folders, StockLibraryFile, changeRoot, failure);
 }
@@ -55,31 +54,43 @@ Value StockLibraryFileValue<Value>::read()
     CFPropertyList* present = root.find(key_);
     Value* value = present == nullptr ? nullptr : present->get<Value>();
     isInFile_ = value != nullptr && unread.reason.empty();
+    unread_.reset();
+    if (!unread.reason.empty() && !unread.isAbsence()) {
+        unread_ = std::move(unread);
+    }
     return value == nullptr ? Value() : std::move(*value);
 }
 
 template <typename Value>
-void StockLibraryFileValue<Value>::change(Value& inMemory, Change change)
+void StockLibraryFileValue<Value>::change(Value& inMemory, Change change,
+                                          const StockLibraryRider& rider)
 {
     change(inMemory);
     unsaved_.push_back(std::move(change));
-    write(inMemory);
+    write(inMemory, rider);
 }
 
 template <typename Value>
-void StockLibraryFileValue<Value>::write(const Value& inMemory)
+void StockLibraryFileValue<Value>::write(const Value& inMemory, const StockLibraryRider& rider)
 {
-    if (isInFile_ && unsaved_.empty()) {
+    if (unsaved_.empty() && (isInFile_ || unread_)) {
         return; // reading thousands of papers again would change nothing
     }
-    const auto change = [this, &inMemory](CFDictionary& root) {
-        return bringUpToDate(root, inMemory);
+    const auto change = [this, &inMemory, &rider](CFDictionary& root, bool isPresent) {
+        const bool isChanged = bringUpToDate(root, isPresent, inMemory);
+        if (rider) {
+            rider(root);
+        }
+        return isChanged || rider;
     };
     const auto write = [this, &change](PreferenceFailure& failure) {
-        return ChangeStockLibraryFile(folders_, change, failure);
+        const bool isWritten = ChangeStockLibraryFile(folders_, change, failure);
+        keptAs_ = failure.keptAs.empty() ? keptAs_ : failure.keptAs;
+        return isWritten;
     };
     if (WriteOrReport(write)) {
         unsaved_.clear();
+        unread_.reset();
         isInFile_ = true;
     }
 }
@@ -95,11 +106,13 @@ void StockLibraryFileValue<Value>::writeAtEnd(const Value& inMemory) noexcept
 }
 
 template <typename Value>
-bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, const Value& inMemory) const
+bool StockLibraryFileValue<Value>::bringUpToDate(CFDictionary& root, bool isPresent,
+                                                 const Value& inMemory) const
 {
+    const bool isLost = isInFile_ && !isPresent;
     CFPropertyList* present = root.find(key_);
     Value* value = present == nullptr ? nullptr : present->get<Value>();
-    if (value == nullptr) {
+    if (value == nullptr || isLost) {
         root.set(key_, inMemory);
         return true;
     }

@@ -102,16 +102,20 @@ StockLibraryView ReadStockLibraryView(const PreferenceFolders& folders)
     return StockLibraryViewOf(ReadStockLibraryFile(folders));
 }
 
-bool ChangeStockLibraryView(const PreferenceFolders& folders,
-                            const std::function<void(StockLibraryView& view)>& change,
+bool ChangeStockLibraryView(CFDictionary& library, const StockLibraryViewChange& change)
+{
+    const StockLibraryView before = StockLibraryViewOf(library);
+    StockLibraryView view = before;
+    change(view);
+    view.isHidden.front() = false;
+    return StoreChanges(library, before, view);
+}
+
+bool ChangeStockLibraryView(const PreferenceFolders& folders, const StockLibraryViewChange& change,
                             PreferenceFailure& failure)
 {
-    const auto changeRoot = [&change](CFDictionary& root) {
-        const StockLibraryView before = StockLibraryViewOf(root);
-        StockLibraryView view = before;
-        change(view);
-        view.isHidden.front() = false;
-        return StoreChanges(root, before, view);
+    const auto changeRoot = [&change](CFDictionary& root, bool) {
+        return ChangeStockLibraryView(root, change);
     };
     return ChangeStockLibraryFile(folders, changeRoot, failure);
 }

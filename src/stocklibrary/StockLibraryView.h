@@ -35,11 +35,16 @@ StockLibraryView StockLibraryViewOf(const CFDictionary& library);
 /// The same, with the file read for it.
 StockLibraryView ReadStockLibraryView(const PreferenceFolders& folders);
 
-/// Changes the view and writes it to the user's file. What the file says of other columns stays,
-/// and so does the site's choice of columns unless the change makes another.
+using StockLibraryViewChange = std::function<void(StockLibraryView& view)>;
+
+/// Changes the view in what the user's file holds. What that says of other columns stays, and so
+/// does the site's choice of columns unless the change makes another.
+/// @return false when nothing differs
+bool ChangeStockLibraryView(CFDictionary& library, const StockLibraryViewChange& change);
+/// The same in the user's file.
 /// @return as ChangeUserPreferences
 [[nodiscard]] bool ChangeStockLibraryView(const PreferenceFolders& folders,
-                                          const std::function<void(StockLibraryView& view)>& change,
+                                          const StockLibraryViewChange& change,
                                           PreferenceFailure& failure);
 
 } // namespace tarvo

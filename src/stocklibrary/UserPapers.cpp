@@ -1,6 +1,7 @@
 #include "stocklibrary/UserPapers.h"
 
 #include "platform/text/CaseFolding.h"
+#include "prefs/PreferenceTasks.h"
 #include "records/TicketSpecialPages.h"
 #include "stocklibrary/RecentPapers.h"
 #include "stocklibrary/StockLibraryKeys.h"
@@ -8,6 +9,8 @@
 #include "stocklibrary/StockLibraryOrderList.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace tarvo {
 namespace {
@@ -23,16 +26,42 @@ void SetPaper(StockLibrary& entry, const Stock& stock)
     entry.validateStockEntry();
 }
 
-// A library in which nothing changes is not written.
-void MarkInFile(const PreferenceFolders& folders, const Stock& jobStock,
-                const TicketSpecialPages& pages)
+std::vector<std::string> PapersInUse(const CFDictionary& papers)
 {
-    const auto mark = [&](StockLibraryList& list, CFArray&) {
+    std::vector<std::string> uuids;
+    for (const auto& each : papers) {
+        const auto* entry = each.value.get<CFDictionary>();
+        const auto status = entry == nullptr ? std::nullopt : entry->int32(EntryStatusKey);
+        if (status == static_cast<std::int32_t>(StockEntryStatus::InUse)) {
+            uuids.push_back(each.key);
+        }
+    }
+    return uuids;
+}
+
+// A library in which nothing changes is not written.
+void MarkInFile(const PreferenceFolders& folders, const std::vector<std::string>& inUse)
+{
+    const auto mark = [&inUse](StockLibraryList& list, CFArray&) {
         const CFDictionary before = list.stockList();
-        MarkStocksInUse(list, jobStock, pages);
+        list.clearStatus();
+        for (const std::string& uuid : inUse) {
+            list.setInUse(uuid);
+        }
         return list.stockList() != before;
     };
     SaveStockLibrary(folders, mark);
+}
+
+void ChangeOrder(CFDictionary& library, void (*change)(CFArray&, std::string_view),
+                 const std::string& uuid)
+{
+    const auto* present = library.get<CFArray>(StockMenuListKey);
+    CFArray order = present == nullptr ? CFArray() : *present;
+    change(order, uuid);
+    if (present != nullptr || !order.empty()) {
+        library.set(StockMenuListKey, std::move(order));
+    }
 }
 
 // The stock of an entry when it has that custom name, in any case; null when not.
@@ -57,10 +86,13 @@ bool HasPaper(const CFDictionary& papers, const Stock& stock)
 
 void UserPapers::load(const Stock& jobStock, const TicketSpecialPages& pages)
 {
-    MarkInFile(folders_, jobStock, pages);
     list_ = std::make_shared<StockLibraryList>(folders_);
-    list_->write(); // makes the file now and not when the list goes
+    list_->changeInMemory([&](StockLibraryList& list) { MarkStocksInUse(list, jobStock, pages); });
     changed();
+    if (list_->unread() == nullptr) {
+        StartPreferenceChange(
+            [folders = folders_, inUse = PapersInUse(*papers_)] { MarkInFile(folders, inUse); });
+    }
 }
 
 std::string UserPapers::add(const Stock& stock)
@@ -99,16 +131,27 @@ std::string UserPapers::replace(const Stock& stock, const std::string& renamed)
 
 void UserPapers::remove(const std::string& uuid)
 {
-    list_->remove(uuid);
-    StockLibraryOrderList(folders_).remove(uuid);
+    list_->remove(uuid,
+                  [&uuid](CFDictionary& library) { ChangeOrder(library, RemoveFromOrder, uuid); });
     changed();
 }
 
-void UserPapers::use(const std::string& uuid)
+void UserPapers::use(const std::string& uuid, const StockLibraryViewChange& view)
 {
-    list_->setInUse(uuid);
-    StockLibraryOrderList(folders_).updateOrderList(uuid);
+    list_->setInUse(uuid, [&uuid, &view](CFDictionary& library) {
+        ChangeOrder(library, MoveToFront, uuid);
+        ChangeStockLibraryView(library, view);
+    });
     changed();
+}
+
+UserPapersState UserPapers::state() const
+{
+    if (list_ == nullptr) {
+        return {};
+    }
+    const PreferenceFailure* unread = list_->unread();
+    return {list_->isSaved(), unread == nullptr ? "" : unread->reason, list_->keptAs()};
 }
 
 bool UserPapers::hasName(const std::string& name) const

@@ -3,6 +3,7 @@
 #include "prefs/PreferenceFiles.h"
 #include "records/Stock.h"
 #include "stocklibrary/StockLibraryList.h"
+#include "stocklibrary/StockLibraryView.h"
 
 #include <memory>
 #include <string>
@@ -15,6 +16,13 @@ struct TicketSpecialPages;
 /// @param papers  uuid to entry, keys of StockLibraryKeys.h
 bool HasPaper(const CFDictionary& papers, const Stock& stock);
 
+/// What has become of the user's file.
+struct UserPapersState {
+    bool areSaved = true;     // the file has every change of the papers
+    std::string unreadReason; // why it could not be read, for people; "" when it could
+    std::string keptAs;       // where one that could not be understood lies since it was replaced
+};
+
 /// The user's papers as they are looked at and changed. Every change is written at once and may
 /// wait for the disk, so it is for a task, one at a time; what cannot be written stays in memory
 /// and is told on standard error, as by StockLibraryList.
@@ -22,7 +30,9 @@ class UserPapers {
 public:
     explicit UserPapers(PreferenceFolders folders) : folders_(std::move(folders)) {}
 
-    /// Reads the library anew and marks the papers that the job uses.
+    /// Reads the library anew and marks the papers that the job uses. The file gets the marks
+    /// later, see StartPreferenceChange, unless it could not be read. May wait for the disk, but
+    /// for nobody who holds the file.
     void load(const Stock& jobStock, const TicketSpecialPages& pages);
 
     /// A new paper of the stock's custom name.
@@ -38,12 +48,11 @@ public:
     std::string replace(const Stock& stock, const std::string& renamed);
     /// Also from the recently used ones.
     void remove(const std::string& uuid);
-    /// Marks a paper in use and puts it in front of the recently used ones. One of a printer's list
-    /// is only put in front.
-    void use(const std::string& uuid);
+    /// Marks a paper in use, puts it in front of the recently used ones and changes how the dialog
+    /// was left, all in one write. One of a printer's list is not marked.
+    void use(const std::string& uuid, const StockLibraryViewChange& view);
 
-    /// Whether the file has every change of the papers.
-    bool areSaved() const { return list_ == nullptr || list_->isSaved(); }
+    UserPapersState state() const;
 
     /// Whether a paper has that custom name, in any case.
     bool hasName(const std::string& name) const;

@@ -224,6 +224,28 @@ TEST_F(StockLibraryFiles, AreLeftAloneWhereTheyCannotBeWritten)
     EXPECT_EQ(StockLibraryList(folders_).stockList().begin()->key, paper.uuid());
 }
 
+// The user has them on the screen.
+TEST_F(StockLibraryFiles, ComeBackWhenTheFileGoesOrBreaksMeanwhile)
+{
+    put(sitePath("TarvoFeatures.plist"), SiteDefaults);
+    for (const bool isGone : {true, false}) {
+        SCOPED_TRACE(isGone);
+        StockLibrary blue = Paper("Blue");
+        StockLibrary green = Paper("Green");
+        StockLibraryList list(folders_);
+        list.add(blue);
+        if (isGone) {
+            fs::remove(path());
+        } else {
+            put(path(), "<plist>");
+        }
+        list.add(green);
+        EXPECT_EQ(StockLibraryList(folders_).stockList(), list.stockList());
+        EXPECT_TRUE(StockLibraryList(folders_).isDuplicate("Blue"));
+        EXPECT_EQ(fs::exists(path() + ".unreadable"), !isGone);
+    }
+}
+
 TEST_F(StockLibraryFiles, TellHowTheDialogWasLeft)
 {
     EXPECT_EQ(ReadStockLibraryView(folders_), StockLibraryView());

@@ -7,7 +7,7 @@
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/MenuWidget.h"
 #include "panels/toolkit/WidgetTexts.h"
-#include "platform/ports/Task.h"
+#include "prefs/PreferenceTasks.h"
 #include "records/Stock.h"
 #include "records/StockDialogs.h"
 #include "records/StockMenu.h"
@@ -33,8 +33,8 @@ Gtk::Window* WindowOf(Gtk::Widget& widget)
     return dynamic_cast<Gtk::Window*>(widget.get_toplevel());
 }
 
-// The papers that an open menu offers. What choosing one changes in the user's file is left to a
-// task for which nobody waits: the disk may be slow, or another program hold the file.
+// The papers that an open menu offers. Nobody waits for what choosing one changes in the user's
+// file.
 class OfferedPapers : public NamedPapers {
 public:
     OfferedPapers(std::shared_ptr<StockLibraryReader> reader, const CFDictionary& library,
@@ -69,13 +69,10 @@ private:
     template <typename Change>
     void changeFile(Change change)
     {
-        const auto changeAndRead = [change, folders = UserPreferenceFolders(), reader = reader_] {
+        StartPreferenceChange([change, folders = UserPreferenceFolders(), reader = reader_] {
             change(folders);
             reader->read(); // for the next menu
-        };
-        if (StartTask(changeAndRead) != StatusOk) {
-            change(UserPreferenceFolders());
-        }
+        });
     }
 
     std::shared_ptr<StockLibraryReader> reader_;

@@ -12,15 +12,16 @@
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/PopupButton.h"
 #include "platform/bundle/CFBundle.h"
-#include "platform/ports/Task.h"
 #include "platform/text/CaseFolding.h"
 #include "platform/text/TextFormat.h"
+#include "prefs/PreferenceTasks.h"
 #include "records/TicketSpecialPages.h"
 #include "settings/SettingMenu.h"
 #include "settings/StockMaps.h"
 #include "settings/TicketAccess.h"
 #include "settings/TicketKeys.h"
 #include "stocklibrary/PrinterStockThread.h"
+#include "stocklibrary/RecentPapers.h"
 #include "stocklibrary/StockColumnTexts.h"
 #include "stocklibrary/StockLibraryReader.h"
 #include "stocklibrary/UserPapers.h"
@@ -68,6 +69,14 @@ std::shared_ptr<const CFDictionary> PapersOfPrinter()
     return {list, list ? &list->stockList() : nullptr};
 }
 
+// While no list of them is shown: the marks may move its entries.
+void MarkPapersOfPrinter(const JobStocks& job)
+{
+    if (const auto list = ThePanelEnvironment().printerStockList) {
+        MarkStocksInUse(*list, job.stock, job.pages);
+    }
+}
+
 // Without a shell it is what the worker says.
 PrinterStocksState StateOfPrinter()
 {
@@ -102,12 +111,15 @@ struct Buttons {
 class StockLibraryWindow {
 public:
     StockLibraryWindow(const CFBundle& bundle, Nib& nib, JobContext context, const Stock& stock,
-                       std::shared_ptr<UserPapers> papers, const StockLibraryView& view)
+                       std::shared_ptr<const JobStocks> job, std::shared_ptr<UserPapers> papers,
+                       const StockLibraryView& view)
         : bundle_(bundle),
           context_(context),
           stock_(stock),
+          job_(std::move(job)),
           papers_(std::move(papers)),
           mine_(papers_->papers()),
+          state_(papers_->state()),
           view_(view),
           dialog_(nib.window<Gtk::Dialog>("StockLibrary")),
           source_(nib.widget<Gtk::ComboBox>("TPDE1")),
@@ -118,19 +130,19 @@ public:
           status_(nib.widget<Gtk::Label>("TPDE9")),
           events_([this](const Event& event) { return handleEvent(event); })
     {
+        MarkPapersOfPrinter(*job_);
         hadPaper_ = isOfALibrary(stock);
     }
     StockLibraryWindow(const StockLibraryWindow&) = delete;
     StockLibraryWindow& operator=(const StockLibraryWindow&) = delete;
-    // The shell hears of an answer that comes after this; the library may wait for the disk.
+    // The shell hears of an answer that comes after this; what the library still has to save comes
+    // after what the user has changed last.
     ~StockLibraryWindow()
     {
         if (CurrentPrinterStockStatus() == PrinterStockStatus::InProgress) {
             SendMessageToThread(PollStatusMessage, "");
         }
-        if (StartTask([papers = std::move(papers_)] { static_cast<void>(papers); }) != StatusOk) {
-            papers_.reset();
-        }
+        StartPreferenceChange([papers = std::move(papers_)] { static_cast<void>(papers); });
     }
 
     std::int32_t run(Gtk::Window* parent)
@@ -238,10 +250,25 @@ private:
         status_->set_text(isMine ? ownStatus(paper) : printerStatus(paper));
     }
 
+    // What is wrong with the user's file; "" for nothing.
+    std::string fileStatus() const
+    {
+        if (!state_.areSaved) {
+            return bundle_.localizedString("StockLibraryNotSaved");
+        }
+        if (!state_.unreadReason.empty()) {
+            return FilledFormat(bundle_.localizedString("StockLibraryUnreadable"),
+                                state_.unreadReason);
+        }
+        return state_.keptAs.empty()
+                   ? ""
+                   : FilledFormat(bundle_.localizedString("StockLibraryKept"), state_.keptAs);
+    }
+
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
     {
-        if (!areSaved_) {
-            return bundle_.localizedString("StockLibraryNotSaved");
+        if (const std::string text = fileStatus(); !text.empty()) {
+            return text;
         }
         if (model_->size() == 0) {
             return bundle_.localizedString("StockLibraryEmpty");
@@ -281,7 +308,7 @@ private:
             return;
         }
         mine_ = papers_->papers();
-        areSaved_ = papers_->areSaved();
+        state_ = papers_->state();
         showPapers(*uuid);
         if (Gtk::Widget* focus = dialog_->get_focus(); focus == nullptr || !focus->is_sensitive()) {
             list_->grab_focus(); // the button that was pressed has nothing left to do
@@ -354,6 +381,22 @@ private:
         }
     }
 
+    // A printer's paper as one of the user's, which needs a name that is not too long.
+    std::optional<std::pair<Stock, bool>> askCopy(Stock stock)
+    {
+        EnterPaperName(stock, stock.customName());
+        if (stock.customName().empty()) {
+            return askPaper(DialogMode::Add, stock);
+        }
+        const std::string& name = stock.customName();
+        const bool replaces = papers_->hasName(name);
+        if (replaces && !AskUser(bundle_, dialog_.get(), ReplaceNamedPaperText(bundle_, name),
+                                 "Replace", "Cancel")) {
+            return std::nullopt;
+        }
+        return std::pair(stock, replaces);
+    }
+
     void copy()
     {
         const auto paper = selected();
@@ -361,20 +404,18 @@ private:
         if (!paper) {
             return;
         }
-        const Stock stock = paper->stock();
-        const bool replaces = papers_->hasName(stock.customName());
-        if (replaces &&
-            !AskUser(bundle_, dialog_.get(), ReplaceNamedPaperText(bundle_, stock.customName()),
-                     "Replace", "Cancel")) {
+        const auto copied = askCopy(paper->stock());
+        if (!copied) {
             return;
         }
-        change([stock, replaces, uuid](UserPapers& papers) {
+        change([stock = copied->first, replaces = copied->second, uuid](UserPapers& papers) {
             static_cast<void>(replaces ? papers.replace(stock, "") : papers.add(stock));
             return std::string(uuid);
         });
         if (dialog_->get_mapped()) {
-            status_->set_text(
-                bundle_.localizedString(areSaved_ ? "StockLibraryCopied" : "StockLibraryNotSaved"));
+            const std::string fault = fileStatus();
+            status_->set_text(fault.empty() ? bundle_.localizedString("StockLibraryCopied")
+                                            : fault);
         }
     }
 
@@ -393,10 +434,14 @@ private:
         if (event.eventClass != PrinterStockEventClass || event.kind != RetrievalFinishedEvent) {
             return EventNotHandled;
         }
+        const auto former = ThePanelEnvironment().printerStockList;
         if (const auto take = ThePanelEnvironment().takePrinterStocks) {
             take();
         } else if (const auto stocks = PrinterStockList()) {
             ThePanelEnvironment().printerStockList = stocks;
+        }
+        if (ThePanelEnvironment().printerStockList != former) {
+            MarkPapersOfPrinter(*job_);
         }
         if (!showsMine()) {
             showPapers(selectedUuid()); // without an answer the papers are the same
@@ -413,18 +458,15 @@ private:
             return;
         }
         view_.isHidden = chosen.isHidden;
-        saveView([chosen](StockLibraryView& view) { view.isHidden = chosen.isHidden; });
+        StartPreferenceChange([folders = UserPreferenceFolders(), isHidden = chosen.isHidden] {
+            WriteOrReport([&](PreferenceFailure& failure) {
+                const auto hide = [&](StockLibraryView& view) { view.isHidden = isHidden; };
+                return ChangeStockLibraryView(folders, hide, failure);
+            });
+        });
         for (std::size_t column = 0; column < StockColumns.size(); ++column) {
             list_->get_column(static_cast<int>(column))->set_visible(!view_.isHidden[column]);
         }
-    }
-
-    void saveView(const std::function<void(StockLibraryView&)>& change)
-    {
-        const auto write = [change](PreferenceFailure& failure) {
-            return ChangeStockLibraryView(UserPreferenceFolders(), change, failure);
-        };
-        RunInBackground(dialog_.get(), [write] { WriteOrReport(write); });
     }
 
     // The widths that the user has set; the last column may be stretched besides.
@@ -451,21 +493,25 @@ private:
             return false;
         }
         stock_.takeAsItIs(paper->stock());
-        saveView([uuid, widths = widths()](StockLibraryView& view) {
+        const auto leave = [uuid, widths = widths()](StockLibraryView& view) {
             view.selectedRow = uuid;
             view.widths = widths;
-        });
-        RunInBackground(dialog_.get(), [papers = papers_, uuid] { papers->use(uuid); });
+        };
+        StartPreferenceChange([papers = papers_, uuid, leave] { papers->use(uuid, leave); });
+        if (const auto printers = ThePanelEnvironment().printerStockList) {
+            printers->setInUse(uuid); // for the user's list the task does it
+        }
         return true;
     }
 
     const CFBundle& bundle_;
     JobContext context_;
     Stock stock_;
-    std::shared_ptr<UserPapers> papers_; // of a task while one runs
+    std::shared_ptr<const JobStocks> job_;
+    std::shared_ptr<UserPapers> papers_; // of a task while one runs, and once a paper is chosen
     std::shared_ptr<const CFDictionary> mine_;
+    UserPapersState state_; // as papers_ was last seen
     bool hadPaper_ = false;
-    bool areSaved_ = true; // what the user has changed
     StockLibraryView view_;
     Glib::RefPtr<StockListModel> model_;
     Glib::RefPtr<Gtk::Dialog> dialog_;
@@ -497,13 +543,13 @@ OSStatus RunModalStockLibraryDialog(const CFBundle& bundle, Gtk::Window* parent,
     if (!nib) {
         return StatusNoWindow;
     }
-    StockLibraryWindow window(bundle, *nib, context, stock, papers, *view);
+    StockLibraryWindow window(bundle, *nib, context, stock, job, papers, *view);
     if (!nib->isComplete()) {
         return StatusNoWindow;
     }
     nib.reset();
     const std::int32_t result = window.run(parent);
-    ReadAhead(reader); // for the menu that led here
+    StartPreferenceChange([reader] { reader->read(); }); // for the menu that led here
     if (result == DialogOk) {
         answer = LibraryAnswer::Chosen;
         stock.takeAsItIs(window.stock());

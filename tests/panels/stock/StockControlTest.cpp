@@ -147,9 +147,11 @@ TEST_F(StockControlTest, OffersNamedPapersTheMostRecentlyUsedFirst)
     choose({"Stock Library", "Green"});
     EXPECT_EQ(stock_.color(), 4);
     EXPECT_EQ(stock_.customName(), "Green");
-    EXPECT_TRUE(TurnUntil([] { return recent() == "Green Blue "; }));
+    awaitChanges();
+    EXPECT_EQ(recent(), "Green Blue ");
     choose({"Stock Library", "Clear Recently Used"});
-    EXPECT_TRUE(TurnUntil([] { return recent().empty(); }));
+    awaitChanges();
+    EXPECT_EQ(recent(), "");
     EXPECT_EQ(stock_.customName(), "Green");
     choose({"Punching", "Punched"});
     EXPECT_EQ(stock_.customName(), "") << "it is not that paper any more";
@@ -166,8 +168,10 @@ TEST_F(StockControlTest, DoesNotWaitForTheLibrarysFile)
     EXPECT_EQ(stock_.customName(), "Blue");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
     EXPECT_EQ(recent(), "Green Blue ");
+    choose({"Stock Library", "Clear Recently Used"});
     held.reset();
-    EXPECT_TRUE(TurnUntil([] { return recent() == "Blue Green "; }));
+    awaitChanges();
+    EXPECT_EQ(recent(), "") << "the user's last word";
 }
 
 TEST_F(StockControlTest, KeepsAPaperOfALibraryThatCannotBeSaved)

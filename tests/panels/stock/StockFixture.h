@@ -2,10 +2,12 @@
 
 #include "panels/PanelFixture.h"
 #include "prefs/PreferenceFiles.h"
+#include "prefs/PreferenceTasks.h"
 #include "stocklibrary/StockLibraryList.h"
 #include "stocklibrary/StockLibraryTestSupport.h"
 #include "support/StockText.h"
 
+#include <chrono>
 #include <filesystem>
 
 namespace tarvo {
@@ -13,15 +15,14 @@ namespace tarvo {
 /// A panel's surroundings with preference folders of this program's own, empty at first.
 class StockFixture : public PanelFixture {
 protected:
-    // A task of the test before may still be saving what could not be saved.
     StockFixture()
     {
-        std::error_code error;
-        do {
-            std::filesystem::remove_all(UserPreferenceFolders().user, error);
-        } while (error);
+        awaitChanges(); // of the test before
+        std::filesystem::remove_all(UserPreferenceFolders().user);
     }
 
+    /// What was left to a task.
+    static void awaitChanges() { EXPECT_TRUE(AwaitPreferenceChanges(std::chrono::seconds(20))); }
     static std::string libraryPath()
     {
         return UserPreferenceFolders().user + "/com.tarvo.print.stocklibrary";

@@ -3,6 +3,8 @@
 #include "StockFixture.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/PopupButton.h"
+#include "platform/files/FileLock.h"
+#include "settings/TicketKeys.h"
 #include "stocklibrary/DemoPrinter.h"
 #include "stocklibrary/PrinterStockThread.h"
 #include "stocklibrary/RecentPapers.h"
@@ -14,6 +16,7 @@
 #include <gtkmm/treeview.h>
 
 #include <chrono>
+#include <fstream>
 
 namespace tarvo {
 namespace {
@@ -115,6 +118,7 @@ TEST_F(StockLibraryDialog, GivesTheStockOfTheChosenPaper)
         EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     }
     EXPECT_EQ(StockText(stock), "Color=4 CustomName=Green");
+    awaitChanges();
     const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
     EXPECT_EQ(view.selectedRow, green);
     EXPECT_EQ(view.widths[0], 231);
@@ -259,6 +263,7 @@ TEST_F(StockLibraryDialog, ShowsTheColumnsThatTheUserWants)
          }                                       },
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    awaitChanges();
     const auto isHidden = ReadStockLibraryView(UserPreferenceFolders()).isHidden;
     EXPECT_EQ(std::count(isHidden.begin(), isHidden.end(), true), 1);
     EXPECT_TRUE(isHidden[1]);
@@ -287,9 +292,73 @@ TEST_F(StockLibraryDialog, SavesWhenItIsClosedWhatCouldNotBeSavedBefore)
         {Library,     closeWhenFree  },
     });
     EXPECT_EQ(run(), LibraryAnswer::Cancelled);
-    EXPECT_TRUE(TurnUntil([] { return saved().size() == 2; })) << "by a task";
+    awaitChanges();
+    EXPECT_EQ(saved().size(), 2U);
     EXPECT_THAT(testing::internal::GetCapturedStderr(),
                 testing::StartsWith("WriteUserPreferences() failed"));
+}
+
+TEST_F(StockLibraryDialog, TellsOfALibraryThatCannotBeRead)
+{
+    std::filesystem::create_directories(UserPreferenceFolders().user);
+    std::ofstream(libraryPath()) << "<plist>";
+    const std::string aside = libraryPath() + ".unreadable";
+    {
+        const DialogScript user(Library, [](Gtk::Dialog& dialog) {
+            EXPECT_THAT(status(dialog), testing::StartsWith("Your library could not be read: "));
+            dialog.response(Gtk::RESPONSE_CANCEL);
+        });
+        EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+        awaitChanges();
+        EXPECT_FALSE(std::filesystem::exists(aside)) << "nobody has changed anything";
+    }
+    const DialogScript user({
+        {Library,     pressing(Add)},
+        {PaperWindow, naming("New")},
+        {Library,
+         [&aside](Gtk::Dialog& dialog) {
+             EXPECT_THAT(status(dialog), testing::EndsWith("It is kept as " + aside + "."));
+             dialog.response(Gtk::RESPONSE_CANCEL);
+         }                         },
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    EXPECT_TRUE(std::filesystem::exists(aside));
+    EXPECT_EQ(saved().size(), 1U);
+}
+
+// Another program holds it for as long as it likes; the user's answer is in the file after that.
+TEST_F(StockLibraryDialog, NeitherOpensNorClosesWithTheFile)
+{
+    const std::string blue = save("Blue", 2);
+    auto held = std::make_unique<FileLock>(libraryPath() + ".lock", std::chrono::seconds(5));
+    const auto start = std::chrono::steady_clock::now();
+    const DialogScript user({
+        {Library,               pressing(Columns)},
+        {"StockLibraryColumns",
+         [](Gtk::Dialog& dialog) {
+             FindWidget<Gtk::CheckButton>(dialog, "TPDE2")->set_active(false);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                       },
+        {Library,
+         [](Gtk::Dialog& dialog) {
+             select(dialog, 0);
+             dialog.response(Gtk::RESPONSE_OK);
+         }                                       },
+    });
+    Gtk::Window window;
+    window.show();
+    Stock stock;
+    EXPECT_EQ(run(stock, &window), LibraryAnswer::Chosen);
+    EXPECT_EQ(stock.customName(), "Blue");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, Hang / 4);
+    EXPECT_EQ(ReadStockLibraryView(UserPreferenceFolders()), StockLibraryView());
+    held.reset();
+    awaitChanges();
+    const StockLibraryView view = ReadStockLibraryView(UserPreferenceFolders());
+    EXPECT_EQ(view.selectedRow, blue);
+    EXPECT_TRUE(view.isHidden[1]);
+    EXPECT_EQ(RecentPapers(UserPreferenceFolders(), nullptr)[0].uuid, blue);
+    EXPECT_EQ(ReadUserStockList(UserPreferenceFolders())->entry(blue)->status(), 1);
 }
 
 TEST_F(StockLibraryDialog, SaysWhyThereIsNothingToChoose)
@@ -343,6 +412,59 @@ TEST_F(StockLibraryDialog, ShowsThePrintersPapersWhenTheyCome)
     EXPECT_EQ(run(stock), LibraryAnswer::Chosen);
     EXPECT_EQ(stock.customName(), "Plain A4");
     EXPECT_THAT(saved(), ElementsAre("Gloss brochure:1", "Plain A4:1"));
+}
+
+TEST_F(StockLibraryDialog, MarksThePrintersPapersOfTheJob)
+{
+    const auto printers = std::make_shared<StockLibraryList>();
+    std::vector<StockLibrary> papers = {Paper("Gone"), Paper("Used"), Paper("Chosen")};
+    for (StockLibrary& paper : papers) {
+        printers->add(paper);
+    }
+    printers->setInUse(papers[0].uuid());
+    const auto statuses = [&] {
+        std::vector<std::int32_t> all;
+        for (const StockLibrary& paper : papers) {
+            all.push_back(printers->entry(paper.uuid())->status());
+        }
+        return all;
+    };
+    ThePanelEnvironment().printerStockList = printers;
+    ticket_->setItem("x", JobLevelStockKey, papers[1].stock().asTicket());
+    const DialogScript user(Library, [&](Gtk::Dialog& dialog) {
+        EXPECT_THAT(statuses(), ElementsAre(0, 1, 0));
+        showPrinter(dialog);
+        select(dialog, 2);
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Chosen);
+    EXPECT_THAT(statuses(), ElementsAre(0, 1, 1));
+}
+
+TEST_F(StockLibraryDialog, GivesACopyANameThatThePrinterLeavesOutOrMakesTooLong)
+{
+    ThePanelEnvironment().printerStockList = std::make_shared<StockLibraryList>();
+    for (const std::string& name : {std::string(), std::string(300, 'x')}) {
+        StockLibrary paper = Paper(name, 3);
+        ThePanelEnvironment().printerStockList->add(paper);
+    }
+    const auto copyRow = [](const char* row) {
+        return [row](Gtk::Dialog& dialog) {
+            showPrinter(dialog);
+            list(dialog).set_cursor(Gtk::TreePath(row));
+            press(dialog, Copy);
+        };
+    };
+    const DialogScript user({
+        {Library,     copyRow("0")                 },
+        {PaperWindow, Respond(Gtk::RESPONSE_CANCEL)},
+        {Library,     copyRow("0")                 },
+        {PaperWindow, naming("Mine")               },
+        {Library,     copyRow("1")                 },
+        {Library,     Respond(Gtk::RESPONSE_CANCEL)},
+    });
+    EXPECT_EQ(run(), LibraryAnswer::Cancelled);
+    EXPECT_THAT(saved(), ElementsAre("Mine:3", std::string(255, 'x') + ":3"));
 }
 
 TEST_F(StockLibraryDialog, SaysWhyAPrinterHasNoPapers)
