@@ -242,15 +242,19 @@ TEST(OffsetDialog, LeavesWhatNobodyTouches)
 
 TEST(OffsetDialog, TakesTheNumberThatIsBeingTyped)
 {
-    const FinishedSet set = SetWithOffset(4, 1, 25);
-    const DialogAnswer answer([](Gtk::Dialog& dialog) {
-        auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
-        pages->grab_focus();
-        pages->set_text("300");
-        PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
-    });
-    EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
-              SetWithOffset(4, 1, 300).finishing);
+    for (const auto& [text, taken] : {
+             std::pair("300", 300), {"", 25}
+    }) {
+        const FinishedSet set = SetWithOffset(4, 1, 25);
+        const DialogAnswer answer([text = text](Gtk::Dialog& dialog) {
+            auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
+            pages->grab_focus();
+            pages->set_text(text);
+            PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
+        });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+                  SetWithOffset(4, 1, taken).finishing);
+    }
 }
 
 TEST(OffsetDialog, LeavesOutWhatIsNotInstalled)

@@ -3,6 +3,7 @@
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/SpinFields.h"
 #include "platform/bundle/CFBundle.h"
 #include "settings/FinishingMaps.h"
 
@@ -66,6 +67,7 @@ std::optional<OffsetControls> OpenOffsetControls(const CFBundle& bundle)
     }
     controls.pages->set_range(1, MostPages);
     controls.pages->set_increments(1, 10);
+    KeepNumberOfEmptyField(*controls.pages.get());
     return controls;
 }
 

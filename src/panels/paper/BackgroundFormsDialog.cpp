@@ -4,6 +4,7 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
 #include "records/BackgroundFormsKeys.h"
@@ -83,6 +84,9 @@ private:
 
     void connectSignals()
     {
+        for (const auto& field : {cyclePages_, xOffset_, yOffset_}) {
+            KeepNumberOfEmptyField(*field.get());
+        }
         merges_->signal_toggled().connect(Guarded([this] { complete(); }));
         inches_->signal_toggled().connect(Guarded([this] {
             take();
