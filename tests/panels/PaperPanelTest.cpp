@@ -453,6 +453,26 @@ TEST(BackgroundFormsDialog, KeepsTheNumbersOfEmptyFields)
     EXPECT_EQ(*choice, expected);
 }
 
+TEST(BackgroundFormsDialog, ChangesAnOffsetThatItCannotShowOnlyWithItsField)
+{
+    constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
+    BackgroundFormsOptions options;
+    options.setNewFormString("Draft");
+    options.setXOffset(Most);
+    options.setYOffset(-Most);
+    for (const bool changesY : {false, true}) {
+        const DialogAnswer answer([changesY](Gtk::Dialog& dialog) {
+            if (changesY) {
+                FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_value(-3);
+            }
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        BackgroundFormsChoice expected = ChoiceFromBackgroundForms(options);
+        expected.yOffset = changesY ? -30 : -Most;
+        EXPECT_EQ(RunBackgroundFormsDialog(nullptr, BuiltBundle(), options), expected);
+    }
+}
+
 TEST(PaperDialogs, AreCancelledWhenTheyCannotBeShown)
 {
     const BundleCopy copy;
