@@ -240,6 +240,22 @@ TEST(OffsetDialog, LeavesWhatNobodyTouches)
     }
 }
 
+TEST(OffsetDialog, StoresThePagesItShowsWhenTheOffsetComesToHaveSubsets)
+{
+    for (const auto& [set, button] : {
+             std::pair(SetWithOffset(2, 1, 0), "TPDE1104"), {SetWithOffset(4, 0, 0), "TPDE1106"}
+    }) {
+        const DialogAnswer answer([button = button](Gtk::Dialog& dialog) {
+            FindWidget<Gtk::ToggleButton>(dialog, button)->set_active(true);
+            EXPECT_EQ(FindWidget<Gtk::SpinButton>(dialog, "TPDE1107")->get_text(), "1");
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+                  SetWithOffset(4, 1, 1).finishing)
+            << button;
+    }
+}
+
 TEST(OffsetDialog, TakesTheNumberThatIsBeingTyped)
 {
     for (const auto& [text, taken] : {

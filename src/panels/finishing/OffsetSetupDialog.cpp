@@ -94,6 +94,9 @@ struct OffsetChoice {
         }
     }
 
+    // Whether the pages of a subset count.
+    bool isOfSubsets() const { return HasSubsets(offset) && hasSubset != 0; }
+
     // The job's finishing with what the user has changed. The rest stays as it was, also what the
     // controls cannot show.
     FinishingChoice storedIn(FinishingChoice finishing) const
@@ -106,7 +109,7 @@ struct OffsetChoice {
             finishing.offset = offset;
             finishing.offsetSubset = HasSubsets(offset) ? hasSubset : 0;
         }
-        if (pages != former.pages || hasSubset > former.hasSubset) {
+        if (pages != former.pages || (isOfSubsets() && !former.isOfSubsets())) {
             finishing.pagesPerSubset = pages;
         }
         if (hasSlipSheets != former.hasSlipSheets) {
