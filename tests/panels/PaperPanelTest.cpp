@@ -458,6 +458,7 @@ TEST(BackgroundFormsDialog, ChangesAnOffsetThatItCannotShowOnlyWithItsField)
     constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
     BackgroundFormsOptions options;
     options.setNewFormString("Draft");
+    options.setInches(false);
     options.setXOffset(Most);
     options.setYOffset(-Most);
     for (const bool changesY : {false, true}) {
