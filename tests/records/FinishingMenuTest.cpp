@@ -125,6 +125,8 @@ TEST(FinishingPositions, AreTheInstalledOnesAndTheJobsOwn)
     EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [4] 5");
     punched.holes = 5;
     EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [5]");
+    punched.holes = 77;
+    EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 5") << "no other one";
 }
 
 // A job with something of everything, as no dialog leaves it.
@@ -192,13 +194,15 @@ TEST(CombinedFinishing, GoesByItsParts)
 constexpr const char* OddCombination =
     "Options: 50, Staple1Value: 99, HolePunchValue: 49, HolePunchOptions: 0, ZFoldValue: 77";
 
-TEST(MultipleFinishing, KeepsUnknownPositionsThatNobodyTouches)
+TEST(MultipleFinishing, KeepsUnknownNumbersThatNobodyTouches)
 {
-    const Finishing odd = FinishingOf(OddCombination);
+    Finishing odd = FinishingOf(OddCombination);
     const auto start = StartMultipleFinishing(BuiltBundle(), Offers, odd);
     Finishing expected = odd;
     expected.holes = 3; // the first that the printer offers
     EXPECT_EQ(ChosenFinishing(odd, start), expected);
+    odd.holes = 77;
+    EXPECT_EQ(ChosenFinishing(odd, StartMultipleFinishing(BuiltBundle(), Offers, odd)), odd);
 }
 
 TEST(MultipleFinishing, SwitchesOffPartsWithNothingToChoose)
