@@ -109,6 +109,10 @@ Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& of
         menu.push_back({bundle.localizedString(offer.key), offer.option, 0, true, {}});
         menu.back().isChecked = offer.option == chosen;
     }
+    if (std::none_of(menu.begin(), menu.end(), [](const auto& item) { return item.isChecked; })) {
+        menu.push_back({bundle.localizedString("Unknown"), chosen, 0, true, {}});
+        menu.back().isChecked = true;
+    }
     return menu;
 }
 

@@ -16,7 +16,8 @@ class CFBundle;
 // already, so that opening a menu changes nothing of a job made for another printer.
 
 /// The families, each item with its option as value; the chosen one is checked. The combined
-/// families are one item. The printer's default and none are always there.
+/// families are one item. The printer's default and none are always there; an option of no family
+/// comes last, as unknown.
 Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                    const FinishingChoice& current);
 

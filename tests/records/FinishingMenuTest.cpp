@@ -44,7 +44,7 @@ constexpr MenuCase MenuCases[] = {
     {"any combination",             52,         "0 1 4 9 30 36 40 [49]"   },
     {"not offered, in its place",   18,         "0 1 4 9 [18] 30 36 40 49"},
     {"not offered, before the end", 25,         "0 1 4 9 30 36 40 [25] 49"},
-    {"another number of no family", 53,         "0 1 4 9 30 36 40 49"     },
+    {"another number of no family", 53,         "0 1 4 9 30 36 40 49 [53]"},
 };
 
 TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
@@ -59,6 +59,7 @@ TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
     combined.option = 51;
     EXPECT_EQ(ValuesOf(FinishingMenu(bundle, {}, combined)), "0 1 [49]") << "no printer is known";
     EXPECT_EQ(FinishingMenu(bundle, Offers, combined)[3].text, "2 Staples…");
+    EXPECT_EQ(FinishingMenu(bundle, {}, FinishingOf("Options: 53")).back().text, "Unknown");
 }
 
 struct DialogCase {
