@@ -72,7 +72,14 @@ std::int32_t PositionOrNone(std::int32_t position)
 // That of the job; 0 when its finishing has no part of that family.
 std::int32_t OwnPosition(std::int32_t family, const FinishingChoice& current)
 {
-    return PositionOrNone(WithoutUnusedPositions(current).*FinishingPosition(family));
+    const std::int32_t own = WithoutUnusedPositions(current).*FinishingPosition(family);
+    return family == Family::Booklet && own == BookletNotFolded ? 0 : PositionOrNone(own);
+}
+
+// 0 for a job without holes, or without their number.
+std::int32_t OwnHoles(const FinishingChoice& current)
+{
+    return IsPunched(current) ? PositionOrNone(current.holes) : 0;
 }
 
 // Staples of one family only: of a choice with several the first one counts.
@@ -101,6 +108,10 @@ Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& of
     for (const FinishingOffer& offer : all) {
         menu.push_back({bundle.localizedString(offer.key), offer.option, 0, true, {}});
         menu.back().isChecked = offer.option == chosen;
+    }
+    if (std::none_of(menu.begin(), menu.end(), [](const auto& item) { return item.isChecked; })) {
+        menu.push_back({bundle.localizedString("Unknown"), chosen, 0, true, {}});
+        menu.back().isChecked = true;
     }
     return menu;
 }
@@ -162,10 +173,14 @@ Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer
 Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                 const FinishingChoice& current)
 {
-    const std::int32_t own = IsPunched(current) ? current.holes : 0;
+    const std::int32_t own = OwnHoles(current);
     Menu menu;
     AddRows(bundle, menu, HolePunchOptionsMap, ChoicesOf(offers, Family::HolePunch), own);
-    CheckFirstOf(menu, {own, DefaultHoles});
+    if (own == 0) {
+        CheckFirstOf(menu, {DefaultHoles});
+    } else {
+        CheckMenuItemWithValue(menu, own);
+    }
     return menu;
 }
 
@@ -176,9 +191,11 @@ std::int32_t StartPosition(const Menu& positions, std::int32_t family,
     return own == 0 ? CheckedValue(positions) : own;
 }
 
-std::int32_t StartHoles(const Menu& counts)
+std::int32_t StartHoles(const Menu& counts, const FinishingChoice& current)
 {
-    return counts.empty() ? DefaultHoles : CheckedValue(counts);
+    const std::int32_t first = counts.empty() ? DefaultHoles : CheckedValue(counts);
+    const std::int32_t own = OwnHoles(current);
+    return own == 0 ? first : own;
 }
 
 FinishingChoice ChooseHoles(const FinishingChoice& current, std::int32_t position,
@@ -245,7 +262,7 @@ MultipleFinishing StartMultipleFinishing(const CFBundle& bundle,
     start.hasHoles = parts.punch != 0 && has(Family::HolePunch) ? 1 : 0;
     start.hasZFold = parts.zFold != 0 && has(Family::ZFold) ? 1 : 0;
     parts.punch = position(Family::HolePunch);
-    parts.holes = StartHoles(HoleCounts(bundle, offers, current));
+    parts.holes = StartHoles(HoleCounts(bundle, offers, current), current);
     parts.zFold = position(Family::ZFold);
     return start;
 }

@@ -16,7 +16,8 @@ class CFBundle;
 // already, so that opening a menu changes nothing of a job made for another printer.
 
 /// The families, each item with its option as value; the chosen one is checked. The combined
-/// families are one item. The printer's default and none are always there.
+/// families are one item. The printer's default and none are always there; an option of no family
+/// comes last, as unknown.
 Menu FinishingMenu(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                    const FinishingChoice& current);
 
@@ -42,7 +43,8 @@ bool HasFinishingPart(const CFBundle& bundle, const std::vector<FinishingOffer>&
 Menu FinishingPositions(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                         std::int32_t option, const FinishingChoice& current);
 
-/// The numbers of holes, with the job's own checked, else the usual one, else the first.
+/// The numbers of holes, with the job's own checked; of a job without, the usual one, else the
+/// first.
 Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offers,
                 const FinishingChoice& current);
 
@@ -51,9 +53,9 @@ Menu HoleCounts(const CFBundle& bundle, const std::vector<FinishingOffer>& offer
 std::int32_t StartPosition(const Menu& positions, std::int32_t family,
                            const FinishingChoice& current);
 
-/// The number of holes that a dialog starts with: the menu's checked one, the usual one when the
-/// menu is empty.
-std::int32_t StartHoles(const Menu& counts);
+/// The number of holes that a dialog starts with: the job's own, which stays also when no menu has
+/// it, else the menu's checked one, the usual one when the menu is empty.
+std::int32_t StartHoles(const Menu& counts, const FinishingChoice& current);
 
 /// ChooseFinishing for holes, of which there is also the number.
 FinishingChoice ChooseHoles(const FinishingChoice& current, std::int32_t position,

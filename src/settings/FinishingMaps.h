@@ -110,6 +110,8 @@ inline constexpr SettingMap BookletFoldMap[] = {
     {nullptr,              0, 0},
 };
 
+inline constexpr std::int32_t BookletNotFolded = 1;
+
 inline constexpr SettingMap PunchMap[] = {
     {"HolePunchLT", 32, 0},
     {"HolePunchTR", 33, 0},

@@ -1,6 +1,7 @@
 #include "panels/finishing/FinishingDialogs.h"
 
 #include "panels/finishing/FinishedSetView.h"
+#include "records/FinishingMenu.h"
 #include "support/BuiltBundle.h"
 #include "support/DialogScript.h"
 #include "support/FinishedSets.h"
@@ -89,6 +90,28 @@ TEST(PositionDialogs, StartAtTheFirstAndTakeTheKeyboard)
     EXPECT_EQ(chosen, SetWith(9, &Finishing::twoStaples, 12).finishing) << "and no binding";
 }
 
+TEST(PositionDialogs, WaitForAChoiceWhereThePositionIsUnknown)
+{
+    const auto chooseFirst = [](Gtk::Dialog& dialog) {
+        const auto buttons = AllOf<Gtk::RadioButton>(dialog);
+        for (const auto* button : buttons) {
+            EXPECT_FALSE(button->get_active());
+        }
+        EXPECT_FALSE(CanPressOk(dialog)) << NameInDescription(dialog);
+        EXPECT_TRUE(buttons.front()->is_focus());
+        PressKey(dialog, GDK_KEY_space);
+        EXPECT_TRUE(CanPressOk(dialog));
+        dialog.response(Gtk::RESPONSE_OK);
+    };
+    EXPECT_EQ(AfterDialog(4, SetWith(4, &Finishing::oneStaple, 99), chooseFirst),
+              SetWith(4, &Finishing::oneStaple, 5).finishing);
+    const FinishedSet booklet = SetWith(24, &Finishing::bookletFold, 99);
+    EXPECT_EQ(AfterDialog(24, booklet, chooseFirst),
+              SetWith(24, &Finishing::bookletFold, 7).finishing);
+    const DialogAnswer answer(chooseFirst);
+    EXPECT_EQ(RunModalBookletFinishingDialog(nullptr, BuiltBundle(), booklet, true), 1);
+}
+
 TEST(CustomFinishing, IsNamedByTheUser)
 {
     FinishedSet current = SetWith(14, &Finishing::bind, 15);
@@ -135,6 +158,23 @@ TEST(HolePunchDialog, KeepsAnUnknownSideAndStoresTheUsualNumberForNone)
     const auto chosen = RunFinishingDialog(nullptr, BuiltBundle(), 30, current, {});
     current.finishing.holes = 4;
     EXPECT_EQ(chosen, current.finishing);
+}
+
+TEST(HolePunchDialog, KeepsAnUnknownNumberOfHolesAndSoDoesACombination)
+{
+    FinishedSet current = SetWith(49, &Finishing::punch, 34);
+    current.finishing.oneStaple = 6;
+    current.finishing.holes = 77;
+    for (const auto& [option, menu] : {
+             std::pair(30, "TPDE903"), {49, "TPDE1010"}
+    }) {
+        const auto chosen =
+            AfterDialog(option, current, [menu = menu, option = option](Gtk::Dialog& dialog) {
+                EXPECT_EQ(ShownText(*FindWidget<Gtk::ComboBox>(dialog, menu)), "") << option;
+                dialog.response(Gtk::RESPONSE_OK);
+            });
+        EXPECT_EQ(chosen, ChooseFinishing(current.finishing, option, 34));
+    }
 }
 
 TEST(MultipleFinishingDialog, CombinesAtLeastTwoParts)
@@ -240,17 +280,37 @@ TEST(OffsetDialog, LeavesWhatNobodyTouches)
     }
 }
 
+TEST(OffsetDialog, StoresThePagesItShowsWhenTheOffsetComesToHaveSubsets)
+{
+    for (const auto& [set, button] : {
+             std::pair(SetWithOffset(2, 1, 0), "TPDE1104"), {SetWithOffset(4, 0, 0), "TPDE1106"}
+    }) {
+        const DialogAnswer answer([button = button](Gtk::Dialog& dialog) {
+            FindWidget<Gtk::ToggleButton>(dialog, button)->set_active(true);
+            EXPECT_EQ(FindWidget<Gtk::SpinButton>(dialog, "TPDE1107")->get_text(), "1");
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+                  SetWithOffset(4, 1, 1).finishing)
+            << button;
+    }
+}
+
 TEST(OffsetDialog, TakesTheNumberThatIsBeingTyped)
 {
-    const FinishedSet set = SetWithOffset(4, 1, 25);
-    const DialogAnswer answer([](Gtk::Dialog& dialog) {
-        auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
-        pages->grab_focus();
-        pages->set_text("300");
-        PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
-    });
-    EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
-              SetWithOffset(4, 1, 300).finishing);
+    for (const auto& [text, taken] : {
+             std::pair("300", 300), {"", 25}
+    }) {
+        const FinishedSet set = SetWithOffset(4, 1, 25);
+        const DialogAnswer answer([text = text](Gtk::Dialog& dialog) {
+            auto* pages = FindWidget<Gtk::SpinButton>(dialog, "TPDE1107");
+            pages->grab_focus();
+            pages->set_text(text);
+            PressKey(dialog, LetterOf(*FindWidget<Gtk::Button>(dialog, "TPDE1199")), GDK_MOD1_MASK);
+        });
+        EXPECT_EQ(RunOffsetSetupDialog(nullptr, BuiltBundle(), set, {}),
+                  SetWithOffset(4, 1, taken).finishing);
+    }
 }
 
 TEST(OffsetDialog, LeavesOutWhatIsNotInstalled)

@@ -339,15 +339,24 @@ TEST(SaveJobAsDialog, OkAloneChangesNoTime)
     constexpr std::int64_t Day = 86'400;
     constexpr std::int64_t Hour = 3'600;
     const CFBundle bundle = BuiltBundle();
-    const auto pressOk = [&bundle](CFDate printTime) {
-        const DialogAnswer answer(Respond(Gtk::RESPONSE_OK));
+    const auto pressOk = [&bundle](CFDate printTime, bool emptiesFields = false) {
+        const DialogAnswer answer([emptiesFields](Gtk::Dialog& dialog) {
+            for (const char* field : {"TPDE8", "TPDE9"}) {
+                if (emptiesFields) {
+                    FindWidget<Gtk::SpinButton>(dialog, field)->set_text("");
+                }
+            }
+            dialog.response(Gtk::RESPONSE_OK);
+        });
         return RunSaveJobAsDialog(nullptr, bundle, {.type = 7, .printTime = printTime});
     };
     const auto now = static_cast<std::int64_t>(std::time(nullptr));
     const CFDate withSeconds = {(now + Day) / 60 * 60 + 37};
-    const auto kept = pressOk(withSeconds);
-    ASSERT_TRUE(kept);
-    EXPECT_EQ(kept->printTime, withSeconds);
+    for (const bool emptiesFields : {false, true}) {
+        const auto kept = pressOk(withSeconds, emptiesFields);
+        ASSERT_TRUE(kept) << emptiesFields;
+        EXPECT_EQ(kept->printTime, withSeconds) << emptiesFields;
+    }
     const auto tomorrow = pressOk({std::numeric_limits<std::int64_t>::max()});
     ASSERT_TRUE(tomorrow) << "a time of no calendar can be accepted";
     const std::int64_t later = tomorrow->printTime.secondsSinceEpoch - now;
@@ -419,6 +428,49 @@ TEST(BackgroundFormsDialog, GivesWhatWasChosenOnOkAlone)
                                                       .yOffset = -35,
                                                       .newForm = "Draft"}));
         }
+    }
+}
+
+TEST(BackgroundFormsDialog, KeepsTheNumbersOfEmptyFields)
+{
+    BackgroundFormsOptions options;
+    options.setMergeWithString("Letterhead");
+    EXPECT_EQ(options.setCyclePages(12), StatusOk);
+    options.setInches(true);
+    options.setXOffset(100);
+    options.setYOffset(-25);
+    const DialogAnswer answer([](Gtk::Dialog& dialog) {
+        FindWidget<Gtk::RadioButton>(dialog, "TPDE3")->set_active(true);
+        for (const char* field : {"TPDE5", "TPDE8", "TPDE9"}) {
+            FindWidget<Gtk::SpinButton>(dialog, field)->set_text("");
+        }
+        dialog.response(Gtk::RESPONSE_OK);
+    });
+    const auto choice = RunBackgroundFormsDialog(nullptr, BuiltBundle(), options);
+    ASSERT_TRUE(choice);
+    BackgroundFormsChoice expected = ChoiceFromBackgroundForms(options);
+    expected.mergesWithForm = true;
+    EXPECT_EQ(*choice, expected);
+}
+
+TEST(BackgroundFormsDialog, ChangesAnOffsetThatItCannotShowOnlyWithItsField)
+{
+    constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
+    BackgroundFormsOptions options;
+    options.setNewFormString("Draft");
+    options.setInches(false);
+    options.setXOffset(Most);
+    options.setYOffset(-Most);
+    for (const bool changesY : {false, true}) {
+        const DialogAnswer answer([changesY](Gtk::Dialog& dialog) {
+            if (changesY) {
+                FindWidget<Gtk::SpinButton>(dialog, "TPDE9")->set_value(-3);
+            }
+            dialog.response(Gtk::RESPONSE_OK);
+        });
+        BackgroundFormsChoice expected = ChoiceFromBackgroundForms(options);
+        expected.yOffset = changesY ? -30 : -Most;
+        EXPECT_EQ(RunBackgroundFormsDialog(nullptr, BuiltBundle(), options), expected);
     }
 }
 

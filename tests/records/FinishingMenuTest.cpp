@@ -44,7 +44,7 @@ constexpr MenuCase MenuCases[] = {
     {"any combination",             52,         "0 1 4 9 30 36 40 [49]"   },
     {"not offered, in its place",   18,         "0 1 4 9 [18] 30 36 40 49"},
     {"not offered, before the end", 25,         "0 1 4 9 30 36 40 [25] 49"},
-    {"another number of no family", 53,         "0 1 4 9 30 36 40 49"     },
+    {"another number of no family", 53,         "0 1 4 9 30 36 40 49 [53]"},
 };
 
 TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
@@ -59,6 +59,7 @@ TEST(FinishingMenu, HasWhatIsOfferedAndWhatTheJobHas)
     combined.option = 51;
     EXPECT_EQ(ValuesOf(FinishingMenu(bundle, {}, combined)), "0 1 [49]") << "no printer is known";
     EXPECT_EQ(FinishingMenu(bundle, Offers, combined)[3].text, "2 Staples…");
+    EXPECT_EQ(FinishingMenu(bundle, {}, FinishingOf("Options: 53")).back().text, "Unknown");
 }
 
 struct DialogCase {
@@ -125,6 +126,8 @@ TEST(FinishingPositions, AreTheInstalledOnesAndTheJobsOwn)
     EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [4] 5");
     punched.holes = 5;
     EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 [5]");
+    punched.holes = 77;
+    EXPECT_EQ(ValuesOf(HoleCounts(bundle, Offers, punched)), "3 5") << "no other one";
 }
 
 // A job with something of everything, as no dialog leaves it.
@@ -192,13 +195,15 @@ TEST(CombinedFinishing, GoesByItsParts)
 constexpr const char* OddCombination =
     "Options: 50, Staple1Value: 99, HolePunchValue: 49, HolePunchOptions: 0, ZFoldValue: 77";
 
-TEST(MultipleFinishing, KeepsUnknownPositionsThatNobodyTouches)
+TEST(MultipleFinishing, KeepsUnknownNumbersThatNobodyTouches)
 {
-    const Finishing odd = FinishingOf(OddCombination);
+    Finishing odd = FinishingOf(OddCombination);
     const auto start = StartMultipleFinishing(BuiltBundle(), Offers, odd);
     Finishing expected = odd;
     expected.holes = 3; // the first that the printer offers
     EXPECT_EQ(ChosenFinishing(odd, start), expected);
+    odd.holes = 77;
+    EXPECT_EQ(ChosenFinishing(odd, StartMultipleFinishing(BuiltBundle(), Offers, odd)), odd);
 }
 
 TEST(MultipleFinishing, SwitchesOffPartsWithNothingToChoose)

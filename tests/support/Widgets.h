@@ -102,6 +102,43 @@ inline void PressKey(Gtk::Window& window, guint key, guint modifiers = 0)
     g_free(keys);
 }
 
+/// Makes the window that which has the keyboard. Without a window manager none has it, and then the
+/// focus does not leave a check box.
+inline void GiveKeyboardTo(Gtk::Window& window)
+{
+    GdkEvent* const event = gdk_event_new(GDK_FOCUS_CHANGE);
+    event->focus_change.window =
+        GDK_WINDOW(g_object_ref(gtk_widget_get_window(GTK_WIDGET(window.gobj()))));
+    event->focus_change.send_event = TRUE;
+    event->focus_change.in = TRUE;
+    gtk_widget_event(GTK_WIDGET(window.gobj()), event);
+    gdk_event_free(event);
+}
+
+/// Goes from control to control until the focus is on the widget or within it.
+inline void TabTo(Gtk::Window& window, Gtk::Widget* widget)
+{
+    constexpr int MostControls = 30;
+    ASSERT_NE(widget, nullptr);
+    GiveKeyboardTo(window);
+    const auto isThere = [&window, widget] {
+        Gtk::Widget* focus = window.get_focus();
+        return focus != nullptr && (focus == widget || focus->is_ancestor(*widget));
+    };
+    for (int turn = 0; turn < MostControls && !isThere(); ++turn) {
+        PressKey(window, GDK_KEY_Tab);
+    }
+    EXPECT_TRUE(isThere()) << NameInDescription(*widget);
+}
+
+/// Presses the keys of a text's characters, which are ASCII.
+inline void TypeText(Gtk::Window& window, const std::string& text)
+{
+    for (const char character : text) {
+        PressKey(window, static_cast<guint>(character));
+    }
+}
+
 /// The letter that is underlined in the label of a button; it is pressed with Alt.
 inline guint LetterOf(Gtk::Button& button)
 {

@@ -240,7 +240,7 @@ std::optional<FinishingChoice> RunHolePunchDialog(Gtk::Window* parent, const CFB
     const Menu counts = choices.holeCounts();
     std::int32_t position =
         StartPosition(choices.positions(Family::HolePunch), Family::HolePunch, current.finishing);
-    std::int32_t holes = StartHoles(counts);
+    std::int32_t holes = StartHoles(counts, current.finishing);
     if (counts.empty()) {
         frame.holes.hide();
     }

@@ -16,6 +16,7 @@
 #include <gtkmm/radiobutton.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace tarvo {
 namespace {
@@ -94,13 +95,32 @@ void ArrangeColumns(Gtk::Box& box)
     }
 }
 
-// Fills the box, column by column; the button of the chosen value is on and has the focus.
-void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::int32_t& chosen,
-                const CFBundle& bundle)
+bool HasChoice(const std::vector<PicturedChoice>& choices, std::int32_t value)
+{
+    return std::any_of(choices.begin(), choices.end(),
+                       [value](const PicturedChoice& choice) { return choice.value == value; });
+}
+
+// One button of a group is always on: this one where none of those to be seen is.
+void AddHiddenButton(Gtk::Box& box, Gtk::RadioButton::Group& group)
+{
+    auto* hidden = Gtk::make_managed<Gtk::RadioButton>();
+    hidden->set_group(group);
+    hidden->set_no_show_all(true);
+    box.pack_start(*hidden, Gtk::PACK_SHRINK);
+}
+
+// Fills the box, column by column; the button of the chosen value is on and has the focus. An
+// unknown value has none.
+void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::int32_t chosen,
+                const std::function<void(std::int32_t)>& choose, const CFBundle& bundle)
 {
     constexpr std::size_t MostInAColumn = 4;
     Gtk::Box* column = nullptr;
     Gtk::RadioButton::Group group;
+    if (!HasChoice(choices, chosen)) {
+        AddHiddenButton(box, group);
+    }
     for (std::size_t place = 0; place < choices.size(); ++place) {
         if (place % MostInAColumn == 0) {
             column = Gtk::make_managed<Gtk::Box>(Gtk::ORIENTATION_VERTICAL, SpaceBetweenChoices);
@@ -112,15 +132,17 @@ void AddChoices(Gtk::Box& box, const std::vector<PicturedChoice>& choices, std::
             button.set_active(true);
             button.grab_focus();
         }
-        button.signal_toggled().connect(Guarded([&chosen, &button, value = choices[place].value] {
-            chosen = button.get_active() ? value : chosen;
+        button.signal_toggled().connect(Guarded([choose, &button, value = choices[place].value] {
+            if (button.get_active()) {
+                choose(value);
+            }
         }));
     }
     box.show_all_children();
     ArrangeColumns(box);
 }
 
-/// @param chosen  the value that is on first
+/// @param chosen  the value that is on first; while it is unknown, OK waits for a choice
 /// @return what the user chooses
 std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundle& bundle,
                                               const PositionDialogRow& row,
@@ -137,7 +159,12 @@ std::optional<std::int32_t> RunPositionDialog(Gtk::Window* parent, const CFBundl
         return std::nullopt;
     }
     nib.reset();
-    AddChoices(*box.get(), choices, chosen, bundle);
+    const auto choose = [&chosen, window = dialog.get()](std::int32_t value) {
+        chosen = value;
+        window->set_response_sensitive(Gtk::RESPONSE_OK, true);
+    };
+    dialog->set_response_sensitive(Gtk::RESPONSE_OK, HasChoice(choices, chosen));
+    AddChoices(*box.get(), choices, chosen, choose, bundle);
     if (RunModalWindow(bundle, *dialog.get(), parent) != DialogOk) {
         return std::nullopt;
     }
@@ -155,7 +182,8 @@ std::optional<FinishingChoice> RunFamilyDialog(Gtk::Window* parent, const CFBund
         const auto finishing = ChooseFinishing(current.finishing, row.option, item.value);
         choices.push_back({item.value, item.text, WithFinishing(current, finishing)});
     }
-    const auto chosen = RunPositionDialog(parent, bundle, row, choices, CheckedValue(positions));
+    const std::int32_t first = StartPosition(positions, row.option, current.finishing);
+    const auto chosen = RunPositionDialog(parent, bundle, row, choices, first);
     return chosen ? std::optional(ChooseFinishing(current.finishing, row.option, *chosen))
                   : std::nullopt;
 }
@@ -212,8 +240,7 @@ std::optional<std::int32_t> RunModalBookletFinishingDialog(Gtk::Window* parent,
                                                            const FinishedSet& current,
                                                            bool offersNone)
 {
-    constexpr std::int32_t None = 1;
-    constexpr SettingMap NotFolded = {"BookletNotFolded", None, 0};
+    constexpr SettingMap NotFolded = {"BookletNotFolded", BookletNotFolded, 0};
     std::vector<PicturedChoice> choices;
     const auto add = [&](const SettingMap& row) {
         choices.push_back(
@@ -225,8 +252,9 @@ std::optional<std::int32_t> RunModalBookletFinishingDialog(Gtk::Window* parent,
     for (const SettingMap* row = BookletFoldMap; row->key != nullptr; ++row) {
         add(*row);
     }
-    const bool isOffered = TicketToUI(BookletFoldMap, current.finishing.bookletFold) > 0;
-    const std::int32_t first = isOffered ? current.finishing.bookletFold : choices.front().value;
+    const std::int32_t fold = current.finishing.bookletFold;
+    const bool isFolded = fold != 0 && fold != UnsetValue && fold != BookletNotFolded;
+    const std::int32_t first = isFolded ? fold : choices.front().value;
     return RunPositionDialog(parent, bundle, *PositionDialogOf(Family::Booklet), choices, first);
 }
 

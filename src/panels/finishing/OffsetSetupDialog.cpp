@@ -3,6 +3,7 @@
 #include "panels/toolkit/ControlBindings.h"
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/SpinFields.h"
 #include "platform/bundle/CFBundle.h"
 #include "settings/FinishingMaps.h"
 
@@ -66,6 +67,7 @@ std::optional<OffsetControls> OpenOffsetControls(const CFBundle& bundle)
     }
     controls.pages->set_range(1, MostPages);
     controls.pages->set_increments(1, 10);
+    KeepNumberOfEmptyField(*controls.pages.get());
     return controls;
 }
 
@@ -92,6 +94,9 @@ struct OffsetChoice {
         }
     }
 
+    // Whether the pages of a subset count.
+    bool isOfSubsets() const { return HasSubsets(offset) && hasSubset != 0; }
+
     // The job's finishing with what the user has changed. The rest stays as it was, also what the
     // controls cannot show.
     FinishingChoice storedIn(FinishingChoice finishing) const
@@ -104,7 +109,7 @@ struct OffsetChoice {
             finishing.offset = offset;
             finishing.offsetSubset = HasSubsets(offset) ? hasSubset : 0;
         }
-        if (pages != former.pages || hasSubset > former.hasSubset) {
+        if (pages != former.pages || (isOfSubsets() && !former.isOfSubsets())) {
             finishing.pagesPerSubset = pages;
         }
         if (hasSlipSheets != former.hasSlipSheets) {

@@ -4,6 +4,7 @@
 #include "panels/toolkit/Dialogs.h"
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
+#include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
 #include "records/BackgroundFormsKeys.h"
@@ -14,13 +15,14 @@
 #include <gtkmm/radiobutton.h>
 #include <gtkmm/spinbutton.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarvo {
 namespace {
 
 // Offsets are in 1/100 in or 1/10 mm; fields show whole units.
-constexpr double MostOffset = 9999;
+constexpr std::int32_t MostOffset = 9999;
 constexpr guint InchDigits = 2;
 constexpr guint MillimeterDigits = 1;
 
@@ -83,6 +85,9 @@ private:
 
     void connectSignals()
     {
+        for (const auto& field : {cyclePages_, xOffset_, yOffset_}) {
+            KeepNumberOfEmptyField(*field.get());
+        }
         merges_->signal_toggled().connect(Guarded([this] { complete(); }));
         inches_->signal_toggled().connect(Guarded([this] {
             take();
@@ -103,11 +108,13 @@ private:
         }
     }
 
-    std::int32_t offsetIn(Gtk::SpinButton& field) const
+    // The stored offset stays unless the field differs from what it shows of it.
+    std::int32_t offsetIn(Gtk::SpinButton& field, std::int32_t stored) const
     {
         field.update();
-        return static_cast<std::int32_t>(
+        const auto entered = static_cast<std::int32_t>(
             std::lround(field.get_value() * PartsOfUnit(choice_.isInches)));
+        return entered == std::clamp(stored, -MostOffset, MostOffset) ? stored : entered;
     }
 
     void take()
@@ -117,8 +124,8 @@ private:
         choice_.newForm = newForm_->get_entry()->get_text();
         choice_.existingForm = existingForm_->get_entry()->get_text();
         choice_.cyclePages = cyclePages_->get_value_as_int();
-        choice_.xOffset = offsetIn(*xOffset_.get());
-        choice_.yOffset = offsetIn(*yOffset_.get());
+        choice_.xOffset = offsetIn(*xOffset_.get(), choice_.xOffset);
+        choice_.yOffset = offsetIn(*yOffset_.get(), choice_.yOffset);
     }
 
     // Only what counts can be set.

@@ -5,6 +5,7 @@
 #include "panels/toolkit/Guarded.h"
 #include "panels/toolkit/Nib.h"
 #include "panels/toolkit/PopupButton.h"
+#include "panels/toolkit/SpinFields.h"
 #include "panels/toolkit/TextFilters.h"
 #include "platform/bundle/CFBundle.h"
 #include "records/JobTypeKeys.h"
@@ -95,6 +96,9 @@ private:
         LimitInputLength(location_.get(), LongestSavedJobLocation);
         for (const auto& field : {passcode_, passcodeAgain_}) {
             LimitInputLengthAndCharacters(field.get(), LongestPasscode, "0123456789");
+        }
+        for (const auto& field : {hour_, minute_}) {
+            KeepNumberOfEmptyField(*field.get());
         }
         name_->signal_changed().connect(Guarded([this] { complete(); }));
         usesJobName_->signal_toggled().connect(Guarded([this] { complete(); }));

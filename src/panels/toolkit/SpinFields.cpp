@@ -8,6 +8,8 @@ namespace {
 
 constexpr const char* KeptDataName = "tarvo-keeps-number";
 
+} // namespace
+
 // Else the toolkit takes an empty field for 0, which becomes the minimum.
 void KeepNumberOfEmptyField(Gtk::SpinButton& spin)
 {
@@ -22,8 +24,6 @@ void KeepNumberOfEmptyField(Gtk::SpinButton& spin)
         return Trimmed(control->get_text().raw()).empty() ? 1 : 0;
     }));
 }
-
-} // namespace
 
 void ShowSpin(Gtk::SpinButton& spin, const SpinRange& range, std::int32_t stored)
 {
