@@ -21,8 +21,7 @@ namespace {
 
 namespace Family = FinishingFamily;
 
-constexpr std::int32_t DefaultOffset = 1;    // OffsetMap
-constexpr std::int32_t NoBookletFolding = 1; // neither of BookletFoldMap
+constexpr std::int32_t DefaultOffset = 1; // OffsetMap
 
 // What resolving a control's conflict chooses.
 struct RemedyRow {
@@ -238,7 +237,7 @@ void ResolvePaperConflict(PaperOutputSettings& settings, PaperControl control)
         break;
     case PaperControl::Finishing:
         settings.finishing = ChooseFinishing(settings.finishing, Family::PrinterDefault);
-        settings.finishing.bookletFold = NoBookletFolding;
+        settings.finishing.bookletFold = BookletNotFolded;
         break;
     case PaperControl::Offset:
         settings.finishing.offset = DefaultOffset;
