@@ -14,32 +14,34 @@ constexpr CFDate Now = {1'800'000'000};
 // Every entry with a value of its own, so that no two can change places unseen.
 CFDictionary FullTicket()
 {
+    // clang-format off
     const std::pair<const char*, CFPropertyList> rows[] = {
-        {"JobLevelStock", Entries("Size",   1)},
-        {"FinishingOptions",               50             },
-        {"FinishingOffset",               5 },
-        {"FinishingOffsetEnableSubset",               1 },
-        {"FinishingOffsetPagesPerSubset",               25},
-        {"FinishingSlipSheet",               2            },
-        {"FinishingCustom",               "Trim"  },
-        {"FinishingDuplex",               3            },
-        {"FinishingOutputDestination",               4},
-        {"FinishingOutputColor",               6                  },
-        {"JobType",               Entries("JobType",     3, "Site", "x")},
-        {"BackgroundFormsOptions",              Entries("CyclePages",                    12)},
-        {"BookletLayout",               true       },
-        {"BookletFoldStaple",            8        },
-        {"BookletDrawOutlines",7     },
-        {"BookletForceNewSize",   true          },
-        {"FinishingStaple1Value",                  9                            },
-        {"FinishingStaple2Value",         10              },
-        {"FinishingStapleCenterValue",26},
-        {"FinishingFoldValue",     19      },
-        {"FinishingBindValue",                 15                                                },
-        {"FinishingHolePunchValue",         32                  },
-        {"FinishingHolePunchOptions",13},
-        {"FinishingZFoldValue",     38  },
+        {"JobLevelStock",                 Entries("Size", 1)                },
+        {"FinishingOptions",              50                                },
+        {"FinishingOffset",               5                                 },
+        {"FinishingOffsetEnableSubset",   1                                 },
+        {"FinishingOffsetPagesPerSubset", 25                                },
+        {"FinishingSlipSheet",            2                                 },
+        {"FinishingCustom",               "Trim"                            },
+        {"FinishingDuplex",               3                                 },
+        {"FinishingOutputDestination",    4                                 },
+        {"FinishingOutputColor",          6                                 },
+        {"JobType",                       Entries("JobType", 3, "Site", "x")},
+        {"BackgroundFormsOptions",        Entries("CyclePages", 12)         },
+        {"BookletLayout",                 true                              },
+        {"BookletFoldStaple",             8                                 },
+        {"BookletDrawOutlines",           7                                 },
+        {"BookletForceNewSize",           true                              },
+        {"FinishingStaple1Value",         9                                 },
+        {"FinishingStaple2Value",         10                                },
+        {"FinishingStapleCenterValue",    26                                },
+        {"FinishingFoldValue",            19                                },
+        {"FinishingBindValue",            15                                },
+        {"FinishingHolePunchValue",       32                                },
+        {"FinishingHolePunchOptions",     13                                },
+        {"FinishingZFoldValue",           38                                },
     };
+    // clang-format on
     CFDictionary entries;
     for (const auto& [key, value] : rows) {
         entries.set(std::string("com.tarvo.print.") + key, value);

@@ -7,14 +7,6 @@
 #include <gtk/gtk.h>
 
 namespace tarvo {
-namespace {
-
-const char* NameKey()
-{
-    return "FinishedSetPicture";
-}
-
-} // namespace
 
 FinishedSetView::FinishedSetView(int width, int height) : width_(width)
 {
@@ -32,7 +24,7 @@ void FinishedSetView::showSet(const FinishedSet& set, const CFBundle& bundle)
     set_ = set;
     AtkObject* accessible = gtk_widget_get_accessible(GTK_WIDGET(gobj()));
     atk_object_set_role(accessible, ATK_ROLE_IMAGE);
-    atk_object_set_name(accessible, bundle.localizedString(NameKey()).c_str());
+    atk_object_set_name(accessible, bundle.localizedString("FinishedSetPicture").c_str());
     atk_object_set_description(accessible, DescribeFinishedSet(set, bundle).c_str());
     queue_draw();
 }
