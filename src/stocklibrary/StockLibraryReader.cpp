@@ -23,32 +23,37 @@ std::shared_ptr<StockLibraryReader> StockLibraryReader::Shared()
 // the next look.
 std::shared_ptr<const CFDictionary> StockLibraryReader::read()
 {
-    const auto present = identity();
+    Identities present = identities();
     {
         const std::lock_guard lock(mutex_);
-        if (present && present == known_) {
+        if (present == known_) {
             return contents_;
         }
     }
     PreferenceFailure failure;
     auto contents = std::make_shared<const CFDictionary>(ReadStockLibraryFile(folders_, &failure));
-    const bool isUsers = failure.reason.empty(); // else the site's, which is looked for every time
+    const bool isRead =
+        failure.reason.empty() || failure.isAbsence(); // else: better luck next time
     const std::lock_guard lock(mutex_);
-    known_ = isUsers ? present : std::nullopt;
-    contents_ = isUsers ? contents : nullptr;
+    known_ = isRead ? std::optional(std::move(present)) : std::nullopt;
+    contents_ = isRead ? contents : nullptr;
     return contents;
 }
 
 bool StockLibraryReader::isFileKnown() const
 {
-    const auto present = identity();
+    const Identities present = identities();
     const std::lock_guard lock(mutex_);
-    return !present || present == known_;
+    return present == known_;
 }
 
-std::optional<FileIdentity> StockLibraryReader::identity() const
+StockLibraryReader::Identities StockLibraryReader::identities() const
 {
-    return IdentityOfFile(PathOfUserPreferences(folders_, StockLibraryFile));
+    Identities files = {IdentityOfFile(PathOfUserPreferences(folders_, StockLibraryFile))};
+    for (const std::string& folder : folders_.site) {
+        files.push_back(IdentityOfFile(folder + "/" + std::string(SiteDefaultsFile)));
+    }
+    return files;
 }
 
 void ReadAhead(const std::shared_ptr<StockLibraryReader>& reader)

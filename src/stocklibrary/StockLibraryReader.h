@@ -8,11 +8,13 @@
 #include <mutex>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace tarvo {
 
-/// The user's file of named papers for who only looks, such as the stock menu: it is read again
-/// only when it is another one than at the last look, whoever has changed it. Threads may share it.
+/// The user's file of named papers, or what the site gives in its place, for who only looks, such
+/// as the stock menu: it is read again only when a file is another one than at the last look,
+/// whoever has changed it. Threads may share it.
 class StockLibraryReader {
 public:
     explicit StockLibraryReader(PreferenceFolders folders) : folders_(std::move(folders)) {}
@@ -21,18 +23,20 @@ public:
     static std::shared_ptr<StockLibraryReader> Shared();
 
     /// As ReadStockLibraryFile; later changes make another one. May wait for the disk unless the
-    /// file is known.
+    /// files are known.
     std::shared_ptr<const CFDictionary> read();
-    /// Whether read has no file to wait for but the site's.
+    /// Whether read has no file to wait for.
     bool isFileKnown() const;
 
 private:
-    std::optional<FileIdentity> identity() const;
+    // Of the user's file, then of the site's; none for a file that is not there.
+    using Identities = std::vector<std::optional<FileIdentity>>;
+    Identities identities() const;
 
     const PreferenceFolders folders_;
     mutable std::mutex mutex_; // of what follows
-    std::optional<FileIdentity> known_;
-    std::shared_ptr<const CFDictionary> contents_; // of the known file
+    std::optional<Identities> known_;
+    std::shared_ptr<const CFDictionary> contents_; // of the known files
 };
 
 /// Reads in a task, for who is going to look soon.

@@ -13,8 +13,10 @@ struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t number = 0; // on the device
     std::int64_t bytes = 0;
-    std::int64_t changedSeconds = 0; // since 1970
+    std::int64_t changedSeconds = 0; // of the contents, since 1970
     std::int64_t changedNanoseconds = 0;
+    std::int64_t touchedSeconds = 0; // of anything about it; nobody can set this back
+    std::int64_t touchedNanoseconds = 0;
 };
 
 /// A symbolic link is not followed.
