@@ -37,9 +37,15 @@ private:
 };
 
 // Its destruction is a change too, as that of a list of papers.
-struct Last {
-    std::string& words;
-    ~Last() { words += "destroyed "; }
+class Last {
+public:
+    explicit Last(std::string& words) : words_(words) {}
+    Last(const Last&) = delete;
+    Last& operator=(const Last&) = delete;
+    ~Last() { words_ += "destroyed "; }
+
+private:
+    std::string& words_;
 };
 
 TEST(PreferenceTasks, AreDoneInTheOrderInWhichTheyCame)
