@@ -267,7 +267,7 @@ private:
 
     std::string ownStatus(const std::optional<StockLibrary>& paper) const
     {
-        if (const std::string text = fileStatus(); !text.empty()) {
+        if (std::string text = fileStatus(); !text.empty()) {
             return text;
         }
         if (model_->size() == 0) {
